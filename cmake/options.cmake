@@ -1,0 +1,33 @@
+# Warnings are errors on every target of ours; a folder is one library that lists what it links.
+add_library(qz7_options INTERFACE)
+target_compile_options(qz7_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
+target_include_directories(qz7_options INTERFACE ${CMAKE_SOURCE_DIR})
+if(QZ7_SANITIZE)
+  add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all
+    -fno-omit-frame-pointer)
+  add_link_options(-fsanitize=address,undefined)
+endif()
+if(WIN32)
+  # Windows 7 is the oldest system that the program runs on.
+  target_compile_definitions(qz7_options INTERFACE
+    _WIN32_WINNT=0x0601 WINVER=0x0601 WIN32_LEAN_AND_MEAN NOMINMAX __USE_MINGW_ANSI_STDIO=1)
+  add_link_options(-static)
+endif()
+
+# qz7_library(NAME SOURCES... LINKS LIBRARIES...)
+function(qz7_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 lib "" "" "SOURCES;LINKS")
+  add_library(${name} STATIC ${lib_SOURCES})
+  target_link_libraries(${name} PUBLIC ${lib_LINKS} PRIVATE qz7_options)
+  target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
+endfunction()
+
+# The file of a folder that belongs to the platform: NAME_posix.cpp or NAME_win32.cpp.
+function(qz7_platform_source variable stem)
+  if(WIN32)
+    set(${variable} ${stem}_win32.cpp PARENT_SCOPE)
+  else()
+    set(${variable} ${stem}_posix.cpp PARENT_SCOPE)
+  endif()
+endfunction()
