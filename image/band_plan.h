@@ -11,7 +11,19 @@
 
 namespace qz7 {
 
-enum Band : int { kMw, kSw, kFm, kTv, k6m, kVHam, kUHam, kAir, kAct1, kAct2, kOutsideEveryBand };
+enum Band : int {
+  kMw,
+  kSw,
+  kFm,
+  kTv,
+  kSixMetres,
+  kVHam,
+  kUHam,
+  kAir,
+  kAct1,
+  kAct2,
+  kOutsideEveryBand
+};
 
 inline constexpr std::array<const char*, kBandCount> kBandNames = {
     "MW", "SW", "FM", "TV", "6m", "V Ham", "U Ham", "Air", "Act1", "Act2"};

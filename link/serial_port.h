@@ -1,0 +1,89 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace qz7 {
+
+inline constexpr std::uint8_t kAck = 0x06;
+inline constexpr std::uint8_t kAbort = 0xFF;
+
+enum class PortStatus { kOpen, kAbsent, kBusy, kDenied, kOtherError };
+
+struct PortResult {
+  PortStatus status;
+  int system_code;  // the system's own error number; 0 when open
+};
+
+enum class Queues { kTransmit, kReceive, kBoth };
+
+// A serial port at 9600 baud, 8 data bits, no parity, 2 stop bits, without any flow control; DTR
+// and RTS are on while it is open. One program has it at a time.
+//
+// What the words mean for every implementation:
+//  - Nothing waits, WaitForInput apart. Read returns what has already arrived, 0 for nothing.
+//  - A short read is the normal case; a short write means that the rest was not taken and is lost.
+//  - A failed read shows "ERROR" with the caption "Read Error" and counts as no byte; a failed
+//  write
+//    shows nothing and counts what was taken. HasFailed tells afterwards that the device is gone.
+//  - There is no time-out in here: an exchange counts its own ticks.
+class SerialPort {
+ public:
+  SerialPort() = default;
+  SerialPort(const SerialPort&) = delete;
+  SerialPort& operator=(const SerialPort&) = delete;
+  virtual ~SerialPort() = default;
+
+  // `device` is "COM3" on Windows and a path on Linux. An open port is closed first.
+  virtual PortResult Open(const std::string& device) = 0;
+  // Drops DTR and RTS, restores what the device was set to. Closing a closed port does nothing.
+  virtual void Close() = 0;
+  virtual bool IsOpen() const = 0;
+
+  virtual std::size_t Read(std::span<std::uint8_t> buffer) = 0;
+  virtual std::size_t Write(std::span<const std::uint8_t> bytes) = 0;
+  // Sends one byte ahead of the transmit queue.
+  virtual void SendByte(std::uint8_t byte) = 0;
+
+  // Framing, overrun, parity, break and overflow errors since the last call, as a count or as bits;
+  // 0 for none. The call clears them.
+  virtual unsigned LineErrors() = 0;
+  virtual void Purge(Queues queues) = 0;
+  // Makes the port's event state fresh at the start of an exchange; nothing where there is none.
+  virtual void RestartEvents() = 0;
+
+  // The bytes that were written and have not left the machine yet.
+  virtual std::size_t UnsentBytes() = 0;
+  // Waits until a byte can be read, or for `milliseconds`. The console program's way of waiting;
+  // the desktop program has its message loop.
+  virtual bool WaitForInput(int milliseconds) = 0;
+  // The device has gone away since it was opened: no read or write will succeed again.
+  virtual bool HasFailed() const = 0;
+};
+
+// The machine's own serial port (POSIX or Win32), closed.
+std::unique_ptr<SerialPort> MakeSerialPort();
+
+// Opens the port, or shows why not: caption "Com port error".
+bool OpenPort(SerialPort& port, const std::string& device);
+// The message of a failed opening: "COM3: Invalid or unsupported port.".
+std::string PortErrorText(const std::string& device, const PortResult& result);
+
+// Writes byte by byte, each in a call of its own, and stops at the first that is not taken. Returns
+// how many were taken.
+std::size_t WriteBytesOneByOne(SerialPort& port, std::span<const std::uint8_t> bytes);
+
+struct PortInfo {
+  std::string name;
+  std::string description;
+  PortStatus status;  // kOpen: free
+};
+
+// The serial ports of this machine, by name.
+std::vector<PortInfo> ListSerialPorts();
+
+}  // namespace qz7
