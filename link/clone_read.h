@@ -18,7 +18,8 @@ struct CloneRead : Exchange {
 inline constexpr int kReceiveTicks = 25;
 
 // Starts listening; `block` takes what arrives.
-void BeginCloneRead(CloneRead& read, SerialPort& port, std::span<std::uint8_t> block);
+void BeginCloneRead(CloneRead& read, SerialPort& port, std::span<std::uint8_t> block,
+                    MeterSize meter = {});
 
 // One receive step; true when a byte arrived, that is, when the next step may find more.
 bool StepCloneRead(CloneRead& read, SerialPort& port);

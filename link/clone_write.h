@@ -26,7 +26,8 @@ inline constexpr int kResponseTicks = 10;
 
 // Opens the exchange on a working copy: refreshes its operating-channel mirror and waits for
 // StartCloneWrite. The working copy must outlive the exchange.
-void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy);
+void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy,
+                     MeterSize meter = {});
 
 // The user's OK: loads the template, refuses one of the Japanese version, merges it and sends the
 // header. Ignored unless the exchange is idle.

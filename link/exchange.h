@@ -21,6 +21,12 @@ inline constexpr int kCloneBlockCount = 507;
 inline constexpr std::size_t kCloneSize = 8122;
 static_assert(kCloneHeaderSize + kCloneBlockSize * kCloneBlockCount == kCloneSize);
 
+// The client area of the meter's control in pixels; without a control the percent alone counts.
+struct MeterSize {
+  int width = 0;
+  int height = 0;
+};
+
 struct Exchange {
   std::span<std::uint8_t> block;  // the radio block, kCloneSize bytes
   bool polling = false;           // the 10 ms timer runs

@@ -1,0 +1,223 @@
+#include <windows.h>
+
+#include <string>
+
+#include "files/messages.h"
+#include "link/serial_port.h"
+
+namespace qz7 {
+namespace {
+
+constexpr DWORD kQueueSize = 2048;
+constexpr DWORD kLongestWriteMilliseconds = 1000;
+
+PortStatus StatusOf(DWORD code) {
+  switch (code) {
+    case ERROR_FILE_NOT_FOUND:
+      return PortStatus::kAbsent;
+    case ERROR_ACCESS_DENIED:
+      return PortStatus::kBusy;
+    default:
+      return PortStatus::kOtherError;
+  }
+}
+
+PortResult Failure(DWORD code) { return {StatusOf(code), static_cast<int>(code)}; }
+
+void SetLine(DCB& line) {
+  line.DCBlength = sizeof line;
+  line.BaudRate = CBR_9600;
+  line.ByteSize = 8;
+  line.Parity = NOPARITY;
+  line.StopBits = TWOSTOPBITS;
+  line.fBinary = TRUE;
+  line.fParity = FALSE;
+  line.fOutxCtsFlow = FALSE;
+  line.fOutxDsrFlow = FALSE;
+  line.fDsrSensitivity = FALSE;
+  line.fOutX = FALSE;
+  line.fInX = FALSE;
+  line.fNull = FALSE;
+  line.fErrorChar = FALSE;
+  line.fAbortOnError = FALSE;
+  line.fDtrControl = DTR_CONTROL_ENABLE;
+  line.fRtsControl = RTS_CONTROL_ENABLE;
+}
+
+// A read returns at once with what is there.
+COMMTIMEOUTS NonWaitingReads() {
+  COMMTIMEOUTS timeouts{};
+  timeouts.ReadIntervalTimeout = MAXDWORD;
+  return timeouts;
+}
+
+class Win32SerialPort : public SerialPort {
+ public:
+  Win32SerialPort() : done_(CreateEventA(nullptr, TRUE, FALSE, nullptr)) {}
+  ~Win32SerialPort() override {
+    ClosePort();
+    CloseHandle(done_);
+  }
+
+  PortResult Open(const std::string& device) override {
+    ClosePort();
+    handle_ = CreateFileA(device.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
+                          FILE_FLAG_OVERLAPPED, nullptr);
+    if (handle_ == INVALID_HANDLE_VALUE) {
+      return Failure(GetLastError());
+    }
+    SetupComm(handle_, kQueueSize, kQueueSize);
+    DCB line{};
+    COMMTIMEOUTS timeouts = NonWaitingReads();
+    GetCommState(handle_, &line);
+    SetLine(line);
+    if (!SetCommState(handle_, &line) || !SetCommTimeouts(handle_, &timeouts)) {
+      const DWORD code = GetLastError();
+      CloseHandle(handle_);
+      handle_ = INVALID_HANDLE_VALUE;
+      return Failure(code);
+    }
+    failed_ = false;
+    kept_errors_ = 0;
+    if (!SetCommMask(handle_, EV_RXCHAR)) {
+      ShowMessage("ERROR", "Comm Error", Buttons::kOk, Icon::kNone);
+    }
+    return {PortStatus::kOpen, 0};
+  }
+
+  void Close() override { ClosePort(); }
+
+  bool IsOpen() const override { return handle_ != INVALID_HANDLE_VALUE; }
+
+  std::size_t Read(std::span<std::uint8_t> buffer) override {
+    OVERLAPPED operation = NewOperation();
+    DWORD count = 0;
+    if (!ReadFile(handle_, buffer.data(), static_cast<DWORD>(buffer.size()), nullptr, &operation) &&
+        GetLastError() != ERROR_IO_PENDING) {
+      return RefuseRead();
+    }
+    if (!GetOverlappedResult(handle_, &operation, &count, TRUE)) {
+      return RefuseRead();
+    }
+    return count;
+  }
+
+  std::size_t Write(std::span<const std::uint8_t> bytes) override {
+    OVERLAPPED operation = NewOperation();
+    DWORD count = 0;
+    if (!WriteFile(handle_, bytes.data(), static_cast<DWORD>(bytes.size()), nullptr, &operation) &&
+        GetLastError() != ERROR_IO_PENDING) {
+      failed_ = true;
+      return 0;
+    }
+    if (WaitForSingleObject(done_, kLongestWriteMilliseconds) != WAIT_OBJECT_0) {
+      CancelIo(handle_);
+    }
+    GetOverlappedResult(handle_, &operation, &count, TRUE);
+    return count;
+  }
+
+  void SendByte(std::uint8_t byte) override { TransmitCommChar(handle_, static_cast<char>(byte)); }
+
+  unsigned LineErrors() override {
+    Status();
+    const DWORD errors = kept_errors_;
+    kept_errors_ = 0;
+    return errors;
+  }
+
+  void Purge(Queues queues) override {
+    DWORD what = 0;
+    if (queues != Queues::kReceive) {
+      what |= PURGE_TXABORT | PURGE_TXCLEAR;
+    }
+    if (queues != Queues::kTransmit) {
+      what |= PURGE_RXABORT | PURGE_RXCLEAR;
+    }
+    PurgeComm(handle_, what);
+  }
+
+  void RestartEvents() override {
+    DWORD mask = 0;
+    GetCommMask(handle_, &mask);
+    SetCommMask(handle_,
+                EV_BREAK | EV_CTS | EV_DSR | EV_ERR | EV_RING | EV_RLSD | EV_RXFLAG | EV_TXEMPTY);
+  }
+
+  std::size_t UnsentBytes() override { return Status().cbOutQue; }
+
+  // The console program has nothing else to wait for: it looks again each millisecond.
+  bool WaitForInput(int milliseconds) override {
+    for (int waited = 0; Status().cbInQue == 0; ++waited) {
+      if (waited >= milliseconds) {
+        return false;
+      }
+      Sleep(1);
+    }
+    return true;
+  }
+
+  bool HasFailed() const override { return failed_; }
+
+ private:
+  OVERLAPPED NewOperation() {
+    ResetEvent(done_);
+    OVERLAPPED operation{};
+    operation.hEvent = done_;
+    return operation;
+  }
+
+  std::size_t RefuseRead() {
+    failed_ = true;
+    ShowMessage("ERROR", "Read Error", Buttons::kOk, Icon::kNone);
+    return 0;
+  }
+
+  // The queues' state. Asking clears the driver's line errors, so they are kept for LineErrors.
+  COMSTAT Status() {
+    COMSTAT status{};
+    DWORD errors = 0;
+    ClearCommError(handle_, &errors, &status);
+    kept_errors_ |= errors;
+    return status;
+  }
+
+  void ClosePort() {
+    if (handle_ == INVALID_HANDLE_VALUE) {
+      return;
+    }
+    DCB line{};
+    line.DCBlength = sizeof line;
+    GetCommState(handle_, &line);
+    line.fDtrControl = DTR_CONTROL_DISABLE;
+    line.fRtsControl = RTS_CONTROL_DISABLE;
+    SetCommState(handle_, &line);
+    CloseHandle(handle_);
+    handle_ = INVALID_HANDLE_VALUE;
+  }
+
+  HANDLE handle_ = INVALID_HANDLE_VALUE;
+  HANDLE done_;
+  DWORD kept_errors_ = 0;
+  bool failed_ = false;
+};
+
+}  // namespace
+
+std::unique_ptr<SerialPort> MakeSerialPort() { return std::make_unique<Win32SerialPort>(); }
+
+std::vector<PortInfo> ListSerialPorts() {
+  constexpr int kHighestPort = 9;
+  std::vector<PortInfo> ports;
+  for (int n = 1; n <= kHighestPort; ++n) {
+    const std::string name = "COM" + std::to_string(n);
+    char target[MAX_PATH] = "";
+    if (QueryDosDeviceA(name.c_str(), target, MAX_PATH) == 0) {
+      continue;
+    }
+    ports.push_back({name, target, MakeSerialPort()->Open(name).status});
+  }
+  return ports;
+}
+
+}  // namespace qz7
