@@ -34,17 +34,16 @@ bool Refuse(const std::string& message) {
   return false;
 }
 
+bool RefuseToOpen(const std::string& path) { return Refuse("Cannot open file:\n" + path); }
+
 unsigned SumOf(const CloneImage& image, Region region) {
   const auto first = image.begin() + static_cast<std::ptrdiff_t>(region.offset);
   return std::accumulate(first, first + static_cast<std::ptrdiff_t>(region.size), 0U);
 }
 
 // Reads the file whole and checks all but its checksums.
-bool ReadImageFile(CloneImage& buffer, const std::string& path, const FileKind& kind) {
-  std::ifstream file(path, std::ios::binary);
-  if (!file) {
-    return Refuse("Cannot open file:\n" + path);
-  }
+bool ReadImageFile(CloneImage& buffer, std::istream& file, const std::string& path,
+                   const FileKind& kind) {
   const auto read = [&](Region part) {
     file.read(reinterpret_cast<char*>(buffer.data() + part.offset),
               static_cast<std::streamsize>(part.size));
@@ -98,8 +97,18 @@ std::uint8_t FileChecksum(CloneImage& image) {
 }
 
 bool ReadRadioDataFile(CloneImage& buffer, const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return file ? ReadRadioDataFile(buffer, file, path) : RefuseToOpen(path);
+}
+
+bool ReadTemplateFile(CloneImage& buffer, const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return file ? ReadTemplateFile(buffer, file, path) : RefuseToOpen(path);
+}
+
+bool ReadRadioDataFile(CloneImage& buffer, std::istream& file, const std::string& path) {
   constexpr std::uint32_t kOldVersion = 1;
-  if (!ReadImageFile(buffer, path, kRadioDataFile)) {
+  if (!ReadImageFile(buffer, file, path, kRadioDataFile)) {
     return false;
   }
   const bool old_version = ReadU32(buffer.data() + kVersionOffset) == kOldVersion;
@@ -119,8 +128,8 @@ bool ReadRadioDataFile(CloneImage& buffer, const std::string& path) {
   return true;
 }
 
-bool ReadTemplateFile(CloneImage& buffer, const std::string& path) {
-  if (!ReadImageFile(buffer, path, kTemplateFile)) {
+bool ReadTemplateFile(CloneImage& buffer, std::istream& file, const std::string& path) {
+  if (!ReadImageFile(buffer, file, path, kTemplateFile)) {
     return false;
   }
   if (FileChecksum(buffer) != 0 || RadioBlockChecksum(buffer) != buffer[kBlockChecksumOffset]) {

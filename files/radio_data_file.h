@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <iosfwd>
 #include <string>
 
 #include "image/clone_image.h"
@@ -24,6 +25,9 @@ std::uint8_t FileChecksum(CloneImage& image);
 // checksums fresh.
 bool ReadRadioDataFile(CloneImage& buffer, const std::string& path);
 bool ReadTemplateFile(CloneImage& buffer, const std::string& path);
+// The same for a file that is open already; `path` is what its messages call it.
+bool ReadRadioDataFile(CloneImage& buffer, std::istream& file, const std::string& path);
+bool ReadTemplateFile(CloneImage& buffer, std::istream& file, const std::string& path);
 
 // Makes the image ready to be written: both checksums, derived tables, filler.
 void PrepareRadioDataFile(CloneImage& image);

@@ -130,6 +130,12 @@ void FillSummaryEntry(CloneImage& image, int n, const std::uint8_t* record) {
   WriteU16(entry + 10, static_cast<std::uint16_t>(SummaryTone(record[kRecordTone])));
 }
 
+// The record's name and a 0 byte; the entry's tenth byte is never written.
+void StoreNameEntry(CloneImage& image, int n) {
+  const ChannelName name = GetChannelName(image, n);
+  std::copy(name.begin(), name.end(), NameEntry(image, n));
+}
+
 }  // namespace
 
 int GetChannelCount(const CloneImage& image) { return ReadU16(image.data() + kChannelCountOffset); }
@@ -240,9 +246,13 @@ void RebuildDerivedTables(CloneImage& image) {
     }
     const std::uint8_t* record = GetChannelRecord(image, n);
     FillSummaryEntry(image, n, record);
-    std::uint8_t* name = NameEntry(image, n);
-    std::copy_n(record + kRecordName, kNameLength, name);
-    name[kNameLength] = 0;
+    StoreNameEntry(image, n);
+  }
+}
+
+void CopyNamesToTable(CloneImage& image) {
+  for (int n = 1; n <= std::min(GetChannelCount(image), kChannelCount); ++n) {
+    StoreNameEntry(image, n);
   }
 }
 

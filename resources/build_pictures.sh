@@ -1,0 +1,33 @@
+#!/bin/sh
+# Makes the bitmaps and the program's icon from the drawings beside them.
+# Needs rsvg-convert and ImageMagick. The same drawings give the same bytes.
+set -e
+
+cd "$(dirname "$0")/pictures"
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+
+# Renders $1.svg as a square of $2 pixels into $3.
+render() {
+  rsvg-convert --width "$2" --height "$2" --output "$3" "$1.svg"
+}
+
+# Makes the plain 24-bit bitmap that a resource script takes.
+make_bitmap() {
+  render "$1" "$2" "$work/$1.png"
+  convert "$work/$1.png" -background white -flatten -alpha off -strip -type TrueColor \
+    -define bmp:format=bmp3 "BMP3:$1.bmp"
+}
+
+for drawing in icon_*.svg; do
+  make_bitmap "${drawing%.svg}" 64
+done
+for drawing in symbol*.svg; do
+  make_bitmap "${drawing%.svg}" 24
+done
+
+for size in 16 32 48 256; do
+  render program $size "$work/$size.png"
+done
+convert "$work/16.png" "$work/32.png" "$work/48.png" "$work/256.png" -strip \
+  -define png:exclude-chunks=date,time program.ico
