@@ -182,6 +182,10 @@ bool StepCloneRead(CloneRead& read, SerialPort& port) {
   return worked;
 }
 
+std::size_t BytesAwaited(const CloneRead& read) {
+  return IsReceivingData(read) ? static_cast<std::size_t>(kBlockBytes - read.block_fill) : 1;
+}
+
 void NotifyCloneRead(CloneRead& read, SerialPort& port) {
   while (!read.ended && read.polling && StepCloneRead(read, port)) {
   }

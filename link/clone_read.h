@@ -24,6 +24,9 @@ void BeginCloneRead(CloneRead& read, SerialPort& port, std::span<std::uint8_t> b
 // One receive step; true when a byte arrived, that is, when the next step may find more.
 bool StepCloneRead(CloneRead& read, SerialPort& port);
 
+// How many bytes the next step can use: a driver that can wait for so many need not wake for each.
+std::size_t BytesAwaited(const CloneRead& read);
+
 // A tick of the 10 ms timer: the time-out, then steps until one finds nothing to do.
 void TickCloneRead(CloneRead& read, SerialPort& port);
 // Bytes have come: steps until one finds nothing to do.

@@ -185,6 +185,12 @@ bool StepCloneWrite(CloneWrite& write, SerialPort& port) {
   }
 }
 
+std::size_t BytesAwaited(const CloneWrite& write) {
+  const bool echo_missing =
+      write.phase == CloneWrite::kWaitEcho && write.echo_received < write.echo_expected;
+  return echo_missing ? static_cast<std::size_t>(write.echo_expected - write.echo_received) : 1;
+}
+
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port) {
   while (!write.ended && write.polling && write.phase != CloneWrite::kFinished &&
          StepCloneWrite(write, port)) {

@@ -66,7 +66,9 @@ void MemoryLine::RestartEvents() { ++event_restarts; }
 
 std::size_t MemoryLine::UnsentBytes() { return 0; }
 
-bool MemoryLine::WaitForInput(int /*milliseconds*/) { return !incoming.empty(); }
+bool MemoryLine::WaitForInput(std::size_t /*bytes*/, int /*milliseconds*/) {
+  return !incoming.empty();
+}
 
 bool MemoryLine::HasFailed() const { return failed; }
 

@@ -24,7 +24,7 @@ class MemoryLine : public SerialPort {
   void Purge(Queues queues) override;
   void RestartEvents() override;
   std::size_t UnsentBytes() override;
-  bool WaitForInput(int milliseconds) override;
+  bool WaitForInput(std::size_t bytes, int milliseconds) override;
   bool HasFailed() const override;
 
   std::deque<std::uint8_t> incoming;

@@ -39,7 +39,8 @@ std::string Describe(const fs::path& entry) {
     }
     folder = folder.parent_path();
   }
-  return driver.empty() ? "serial port" : driver;
+  // Newer kernels put a nameless "port" between a board's UART and its terminal.
+  return driver.empty() || driver == "port" ? "serial port" : driver;
 }
 
 }  // namespace

@@ -58,9 +58,9 @@ class SerialPort {
 
   // The bytes that were written and have not left the machine yet.
   virtual std::size_t UnsentBytes() = 0;
-  // Waits until a byte can be read, or for `milliseconds`. The console program's way of waiting;
-  // the desktop program has its message loop.
-  virtual bool WaitForInput(int milliseconds) = 0;
+  // Waits until `bytes` bytes can be read, or for `milliseconds`; true when at least one can. The
+  // console program's way of waiting; the desktop program has its message loop.
+  virtual bool WaitForInput(std::size_t bytes, int milliseconds) = 0;
   // The device has gone away since it was opened: no read or write will succeed again.
   virtual bool HasFailed() const = 0;
 };

@@ -6,7 +6,10 @@
 #include <termios.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
+#include <chrono>
+#include <thread>
 
 #include "files/messages.h"
 #include "link/serial_port.h"
@@ -33,14 +36,19 @@ PortStatus StatusOf(int code) {
   }
 }
 
-// 9600 baud, 8 data bits, no parity, 2 stop bits, raw, reads that never wait.
+using Clock = std::chrono::steady_clock;
+
+// What a byte takes on the wire: 11 bits at 9600 baud.
+constexpr std::chrono::nanoseconds kByteTime(1'145'833);
+
+// 9600 baud, 8 data bits, no parity, 2 stop bits, raw.
 termios LineSettings(const termios& current) {
   termios line = current;
   cfmakeraw(&line);
   line.c_cflag &= static_cast<tcflag_t>(~(CSIZE | PARENB | CRTSCTS));
   line.c_cflag |= CS8 | CSTOPB | CREAD | CLOCAL;
   line.c_iflag &= static_cast<tcflag_t>(~(IXON | IXOFF | IXANY | INPCK));
-  line.c_cc[VMIN] = 0;
+  line.c_cc[VMIN] = 1;
   line.c_cc[VTIME] = 0;
   cfsetispeed(&line, B9600);
   cfsetospeed(&line, B9600);
@@ -63,6 +71,8 @@ class PosixSerialPort : public SerialPort {
       return {StatusOf(code), code};
     }
     failed_ = false;
+    serial_icounter_struct counts{};
+    counts_errors_ = ioctl(handle_, TIOCGICOUNT, &counts) == 0;
     counted_errors_ = CountLineErrors();
     return {PortStatus::kOpen, 0};
   }
@@ -76,8 +86,8 @@ class PosixSerialPort : public SerialPort {
     if (count > 0) {
       return static_cast<std::size_t>(count);
     }
-    const bool nothing_yet = count == 0 ? !HasHungUp() : (errno == EAGAIN || errno == EINTR);
-    if (!nothing_yet) {
+    // Nothing there yet is EAGAIN; an end of file is a terminal that has gone away.
+    if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
       failed_ = true;
       ShowMessage("ERROR", "Read Error", Buttons::kOk, Icon::kNone);
     }
@@ -131,9 +141,19 @@ class PosixSerialPort : public SerialPort {
     return ioctl(handle_, TIOCOUTQ, &unsent) == 0 ? static_cast<std::size_t>(unsent) : 0;
   }
 
-  bool WaitForInput(int milliseconds) override {
-    pollfd waiting{.fd = handle_, .events = POLLIN, .revents = 0};
-    return poll(&waiting, 1, milliseconds) > 0;
+  // Sleeps for what the missing bytes need on the wire at least: waking for each of them would cost
+  // more processor time than the whole rest of an exchange.
+  bool WaitForInput(std::size_t bytes, int milliseconds) override {
+    const Clock::time_point limit = Clock::now() + std::chrono::milliseconds(milliseconds);
+    while (WaitForFirstByte(limit)) {
+      const std::size_t waiting = WaitingBytes();
+      if (waiting == 0 || waiting >= bytes || Clock::now() >= limit) {
+        return true;
+      }
+      std::this_thread::sleep_until(
+          std::min(limit, Clock::now() + static_cast<int>(bytes - waiting) * kByteTime));
+    }
+    return false;
   }
 
   bool HasFailed() const override { return failed_; }
@@ -163,15 +183,22 @@ class PosixSerialPort : public SerialPort {
     ioctl(handle_, request, &lines);
   }
 
-  bool HasHungUp() const {
-    pollfd state{.fd = handle_, .events = POLLIN, .revents = 0};
-    return poll(&state, 1, 0) > 0 && (state.revents & (POLLHUP | POLLERR | POLLNVAL)) != 0;
+  // True when there is a byte, or when the terminal has gone away and a read will say so.
+  bool WaitForFirstByte(Clock::time_point limit) const {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(limit - Clock::now()).count();
+    pollfd waiting{.fd = handle_, .events = POLLIN, .revents = 0};
+    return poll(&waiting, 1, static_cast<int>(std::max<std::int64_t>(left, 0))) > 0;
+  }
+
+  std::size_t WaitingBytes() const {
+    int waiting = 0;
+    return ioctl(handle_, FIONREAD, &waiting) == 0 ? static_cast<std::size_t>(waiting) : 0;
   }
 
   // The driver's running count of damaged bytes; 0 where it keeps none.
   unsigned CountLineErrors() const {
     serial_icounter_struct counts{};
-    if (ioctl(handle_, TIOCGICOUNT, &counts) != 0) {
+    if (!counts_errors_ || ioctl(handle_, TIOCGICOUNT, &counts) != 0) {
       return 0;
     }
     return static_cast<unsigned>(counts.frame + counts.overrun + counts.parity + counts.brk +
@@ -183,8 +210,11 @@ class PosixSerialPort : public SerialPort {
       return;
     }
     SetModemLines(TIOCMBIC);
-    // What has not left by now never will; the system would wait for it.
-    tcflush(handle_, TCOFLUSH);
+    // What has not left by now never will, and the system would wait for it. A queue that says it
+    // is empty is left alone: a pseudo-terminal says so of bytes that are still on their way.
+    if (UnsentBytes() > 0) {
+      tcflush(handle_, TCOFLUSH);
+    }
     tcsetattr(handle_, TCSANOW, &saved_);
     ioctl(handle_, TIOCNXCL);
     close(handle_);
@@ -193,6 +223,7 @@ class PosixSerialPort : public SerialPort {
 
   int handle_ = -1;
   termios saved_{};
+  bool counts_errors_ = false;
   unsigned counted_errors_ = 0;
   bool failed_ = false;
 };

@@ -147,14 +147,11 @@ class Win32SerialPort : public SerialPort {
   std::size_t UnsentBytes() override { return Status().cbOutQue; }
 
   // The console program has nothing else to wait for: it looks again each millisecond.
-  bool WaitForInput(int milliseconds) override {
-    for (int waited = 0; Status().cbInQue == 0; ++waited) {
-      if (waited >= milliseconds) {
-        return false;
-      }
+  bool WaitForInput(std::size_t bytes, int milliseconds) override {
+    for (int waited = 0; waited < milliseconds && Status().cbInQue < bytes; ++waited) {
       Sleep(1);
     }
-    return true;
+    return Status().cbInQue > 0;
   }
 
   bool HasFailed() const override { return failed_; }

@@ -1,0 +1,77 @@
+#include "ctl/console.h"
+
+#include <ctime>
+#include <iostream>
+
+#include "files/messages.h"
+#include "files/radio_data_file.h"
+
+namespace qz7 {
+namespace {
+
+int link_errors = 0;
+std::string last_message;
+
+}  // namespace
+
+// Messages go to standard error, and every question gets its safe answer: nothing is changed, an
+// exchange is given up. A message that repeats itself, as that of a vanished port, is shown once.
+Answer ShowMessage(const std::string& text, const std::string& caption, Buttons buttons,
+                   Icon /*icon*/) {
+  if (text != last_message) {
+    PrintError(text);
+  }
+  last_message = text;
+  link_errors += caption == "Communications Error" ? 1 : 0;
+  switch (buttons) {
+    case Buttons::kOk:
+      return Answer::kOk;
+    case Buttons::kYesNo:
+      return Answer::kNo;
+    default:
+      return Answer::kCancel;
+  }
+}
+
+std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }
+
+int LinkErrorsShown() { return link_errors; }
+
+std::string Utf8(std::string_view text) {
+  std::string utf8;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80) {
+      utf8 += c;
+    } else {
+      utf8 += static_cast<char>(0xC0 | byte >> 6);
+      utf8 += static_cast<char>(0x80 | (byte & 0x3F));
+    }
+  }
+  return utf8;
+}
+
+void PrintLine(std::string_view line) { std::cout << Utf8(line) << '\n'; }
+
+void PrintError(const std::string& line) { std::cerr << line << '\n' << std::flush; }
+
+bool LoadDocument(CloneImage& image, const std::string& path) {
+  return path == "-" ? ReadRadioDataFile(image, std::cin, "standard input")
+                     : ReadRadioDataFile(image, path);
+}
+
+bool SaveDocumentTo(CloneImage& image, const std::string& path) {
+  if (path != "-") {
+    return WriteRadioDataFile(image, path);
+  }
+  PrepareRadioDataFile(image);
+  std::cout.write(reinterpret_cast<const char*>(image.data()),
+                  static_cast<std::streamsize>(image.size()));
+  if (!std::cout.flush()) {
+    ShowFileError("Error writing file:\nstandard output");
+    return false;
+  }
+  return true;
+}
+
+}  // namespace qz7

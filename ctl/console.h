@@ -1,0 +1,29 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "image/clone_image.h"
+
+namespace qz7 {
+
+inline constexpr int kDone = 0;
+inline constexpr int kFailed = 1;
+inline constexpr int kWrongUsage = 2;
+
+// The radio's single-byte text as UTF-8.
+std::string Utf8(std::string_view text);
+
+// A line on standard output, in UTF-8; a line on standard error.
+void PrintLine(std::string_view line);
+void PrintError(const std::string& line);
+
+// How many messages of a failed exchange have been shown so far.
+int LinkErrorsShown();
+
+// A document for reading and for writing; "-" is standard input and output. Both show their own
+// message and return false on failure.
+bool LoadDocument(CloneImage& image, const std::string& path);
+bool SaveDocumentTo(CloneImage& image, const std::string& path);
+
+}  // namespace qz7

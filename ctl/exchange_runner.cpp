@@ -1,0 +1,101 @@
+#include "ctl/exchange_runner.h"
+
+#include <chrono>
+#include <csignal>
+
+#include "ctl/console.h"
+#include "ctl/progress_bar.h"
+#include "ctl/terminal.h"
+
+namespace qz7 {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+constexpr std::chrono::milliseconds kTick(kTickMilliseconds);
+
+volatile std::sig_atomic_t interrupted = 0;
+
+void NoteInterrupt(int /*signal*/) { interrupted = 1; }
+
+int MillisecondsUntil(Clock::time_point moment) {
+  const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - Clock::now());
+  return static_cast<int>(std::max(left, std::chrono::milliseconds(0)).count());
+}
+
+// Why an exchange has to end although its own rules would go on waiting; empty for no reason.
+std::string ReasonToGiveUp(const SerialPort& port, const std::string& device, int errors_before) {
+  if (interrupted != 0) {
+    return "Given up.";
+  }
+  if (port.HasFailed()) {
+    return device + " has gone away.";
+  }
+  // The message has told the reason; nobody is there to choose what follows it.
+  return LinkErrorsShown() != errors_before ? "The exchange was not completed." : "";
+}
+
+// Brings an exchange its bytes and its 10 ms ticks.
+template <typename AnyExchange, typename Notify, typename Tick>
+bool Run(AnyExchange& exchange, SerialPort& port, const std::string& device, Notify notify,
+         Tick tick) {
+  ProgressBar bar(IsErrorTerminal());
+  const int errors_before = LinkErrorsShown();
+  Clock::time_point next_tick = Clock::now() + kTick;
+  std::string reason;
+  while (!exchange.ended && reason.empty()) {
+    if (port.WaitForInput(BytesAwaited(exchange), MillisecondsUntil(next_tick))) {
+      notify();
+    }
+    if (!exchange.ended && Clock::now() >= next_tick) {
+      tick();
+      next_tick = std::max(next_tick + kTick, Clock::now());
+    }
+    if (exchange.meter_changed) {
+      exchange.meter_changed = false;
+      bar.Show(exchange.meter);
+    }
+    reason = ReasonToGiveUp(port, device, errors_before);
+  }
+  bar.Finish();
+  if (exchange.ended == 0 && interrupted == 0 && !port.HasFailed()) {
+    return true;
+  }
+  PrintError(reason);
+  return false;
+}
+
+// What has been written leaves the machine before the port is closed; a second is plenty for it.
+void WaitUntilSent(SerialPort& port) {
+  const Clock::time_point limit = Clock::now() + std::chrono::seconds(1);
+  while (port.UnsentBytes() > 0 && Clock::now() < limit) {
+    port.WaitForInput(1, 1);
+  }
+}
+
+}  // namespace
+
+void CatchInterrupt() {
+  std::signal(SIGINT, NoteInterrupt);
+  std::signal(SIGTERM, NoteInterrupt);
+}
+
+bool RunCloneRead(CloneRead& read, SerialPort& port, const std::string& device) {
+  const bool done = Run(
+      read, port, device, [&] { NotifyCloneRead(read, port); }, [&] { TickCloneRead(read, port); });
+  if (!done && !read.ended && !port.HasFailed()) {
+    port.SendByte(kAbort);
+    CancelCloneRead(read);
+  }
+  WaitUntilSent(port);
+  return done;
+}
+
+bool RunCloneWrite(CloneWrite& write, SerialPort& port, const std::string& device) {
+  const bool done = Run(
+      write, port, device, [&] { NotifyCloneWrite(write, port); },
+      [&] { TickCloneWrite(write, port); });
+  WaitUntilSent(port);
+  return done;
+}
+
+}  // namespace qz7

@@ -1,0 +1,158 @@
+#include <fstream>
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "app/print_text.h"
+#include "ctl/commands.h"
+#include "ctl/console.h"
+#include "files/document_header.h"
+#include "files/file_inspection.h"
+#include "files/image_difference.h"
+#include "files/messages.h"
+#include "files/new_document.h"
+#include "files/radio_data_file.h"
+#include "image/channel_description.h"
+#include "image/channel_text.h"
+
+namespace qz7 {
+namespace {
+
+constexpr int kTrouble = 2;
+
+using Json = nlohmann::ordered_json;
+
+const char* Passed(bool passed) { return passed ? "ok" : "wrong"; }
+
+Json DescribeInspection(const FileInspection& found) {
+  const CloneImage& image = found.image;
+  return {{"kind", found.kind == FileKind::kTemplate ? "template" : "radio data"},
+          {"radio-name", Utf8(RadioName(image))},
+          {"version", ReadU32(image.data() + kVersionOffset)},
+          {"comment", Utf8(FileComment(image))},
+          {"version-type", image[kVersionType]},
+          {"version-subtype", image[kVersionSubtype]},
+          {"wide-coverage", image[kWideCoverage]},
+          {"programmed-channels", CountProgrammedChannels(image)},
+          {"checks",
+           {{"radio-identifier", Passed(found.radio_identifier)},
+            {"total-size", Passed(found.total_size)},
+            {"length", Passed(found.complete)},
+            {"file-checksum", Passed(found.file_checksum)},
+            {"radio-block-checksum", Passed(found.radio_block_checksum)}}}};
+}
+
+void PrintFields(const Json& fields, const std::string& prefix) {
+  for (const auto& [name, value] : fields.items()) {
+    if (value.is_object()) {
+      PrintFields(value, "check-");
+    } else {
+      std::cout << prefix << name << '='
+                << (value.is_string() ? value.get<std::string>() : value.dump()) << '\n';
+    }
+  }
+}
+
+// The system's own reader decides, and says in its own words, whether the file would be taken.
+bool WouldLoad(FileKind kind, std::istream& file, const std::string& name) {
+  CloneImage image;
+  file.clear();
+  file.seekg(0);
+  return kind == FileKind::kTemplate ? ReadTemplateFile(image, file, name)
+                                     : ReadRadioDataFile(image, file, name);
+}
+
+int InspectAndPrint(std::istream& file, const std::string& name, bool json) {
+  const FileInspection found = InspectFile(file);
+  if (found.kind == FileKind::kUnknown) {
+    ShowFileError("Not a radio data file:\n" + name);
+    return kFailed;
+  }
+  const Json fields = DescribeInspection(found);
+  if (json) {
+    std::cout << fields.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+  } else {
+    PrintFields(fields, "");
+  }
+  return WouldLoad(found.kind, file, name) ? kDone : kFailed;
+}
+
+std::string FileNameOf(const std::string& path) {
+  return path.substr(path.find_last_of("/\\") + 1);
+}
+
+}  // namespace
+
+int NewCommand(const std::string& out) {
+  CloneImage image;
+  MakeNewImage(image);
+  return SaveDocumentTo(image, out) ? kDone : kFailed;
+}
+
+int InfoCommand(const std::string& file, bool json) {
+  if (file == "-") {
+    std::stringstream bytes;
+    bytes << std::cin.rdbuf();
+    return InspectAndPrint(bytes, "standard input", json);
+  }
+  std::ifstream stream(file, std::ios::binary);
+  if (!stream) {
+    ShowFileError("Cannot open file:\n" + file);
+    return kFailed;
+  }
+  return InspectAndPrint(stream, file, json);
+}
+
+int RowsCommand(const std::string& file) {
+  CloneImage image;
+  if (!LoadDocument(image, file)) {
+    return kFailed;
+  }
+  for (int n = 1; n <= GetChannelCount(image); ++n) {
+    PrintLine(FormatListRow(image, n));
+  }
+  return kDone;
+}
+
+int ListCommand(const std::string& file) {
+  CloneImage image;
+  PrintText text;
+  if (!LoadDocument(image, file) ||
+      !BuildPrintText(image, FileNameOf(file), DtmfDisplay::kSymbols, text)) {
+    return kFailed;
+  }
+  for (const std::string& line : PrintLines(text)) {
+    PrintLine(line);
+  }
+  return kDone;
+}
+
+int ShowCommand(const std::string& file, int n) {
+  CloneImage image;
+  if (!LoadDocument(image, file)) {
+    return kFailed;
+  }
+  const std::vector<NamedValue> fields = DescribeChannel(image, n);
+  if (fields.empty()) {
+    PrintError("There is no channel " + std::to_string(n) + ".");
+    return kFailed;
+  }
+  for (const auto& [name, value] : fields) {
+    PrintLine(name + "=" + value);
+  }
+  return kDone;
+}
+
+int DiffCommand(const std::string& a, const std::string& b) {
+  CloneImage image_a;
+  CloneImage image_b;
+  if (!LoadDocument(image_a, a) || !LoadDocument(image_b, b)) {
+    return kTrouble;
+  }
+  const std::vector<std::string> lines = DocumentDifferences(image_a, image_b);
+  for (const std::string& line : lines) {
+    PrintLine(line);
+  }
+  return lines.empty() ? kDone : kFailed;
+}
+
+}  // namespace qz7

@@ -1,0 +1,53 @@
+#include "ctl/line_decorators.h"
+
+#include <array>
+#include <cstdio>
+#include <thread>
+
+#include "link/exchange.h"
+
+namespace qz7 {
+
+TracedPort::TracedPort(SerialPort& port, const std::string& path)
+    : PassingPort(port), file_(path, std::ios::binary) {}
+
+bool TracedPort::IsTraceGood() const { return file_.good(); }
+
+std::size_t TracedPort::Read(std::span<std::uint8_t> buffer) {
+  const std::size_t count = PassingPort::Read(buffer);
+  Trace('<', buffer.first(count));
+  return count;
+}
+
+std::size_t TracedPort::Write(std::span<const std::uint8_t> bytes) {
+  const std::size_t count = PassingPort::Write(bytes);
+  Trace('>', bytes.first(count));
+  return count;
+}
+
+void TracedPort::SendByte(std::uint8_t byte) {
+  PassingPort::SendByte(byte);
+  Trace('>', std::span(&byte, 1));
+}
+
+void TracedPort::Trace(char direction, std::span<const std::uint8_t> bytes) {
+  const std::chrono::duration<double, std::milli> since = std::chrono::steady_clock::now() - start_;
+  for (const std::uint8_t byte : bytes) {
+    std::array<char, 40> line;
+    std::snprintf(line.data(), line.size(), "%10.3f %c %02X\n", since.count(), direction,
+                  unsigned{byte});
+    file_ << line.data();
+  }
+}
+
+PausingPort::PausingPort(SerialPort& port, int milliseconds)
+    : PassingPort(port), pause_(milliseconds) {}
+
+std::size_t PausingPort::Write(std::span<const std::uint8_t> bytes) {
+  if (bytes.size() == kCloneBlockSize) {
+    std::this_thread::sleep_for(pause_);
+  }
+  return PassingPort::Write(bytes);
+}
+
+}  // namespace qz7

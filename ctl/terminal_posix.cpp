@@ -1,0 +1,11 @@
+#include <unistd.h>
+
+#include "ctl/terminal.h"
+
+namespace qz7 {
+
+bool IsErrorTerminal() { return isatty(STDERR_FILENO) != 0; }
+
+void UseBinaryStreams() {}
+
+}  // namespace qz7
