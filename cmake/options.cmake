@@ -12,6 +12,9 @@ if(QZ7_SANITIZE)
     -fno-omit-frame-pointer)
   add_link_options(-fsanitize=address,undefined)
 endif()
+if(QZ7_FUZZ)
+  add_compile_options(-fsanitize=fuzzer-no-link)
+endif()
 if(WIN32)
   # Windows 7 is the oldest system that the program runs on.
   target_compile_definitions(qz7_options INTERFACE

@@ -1,6 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
+#include <utility>
+#include <vector>
+
+#include "interchange/import.h"
+#include "interchange/merge.h"
 
 namespace qz7 {
 
@@ -12,6 +18,17 @@ int RowsCommand(const std::string& file);
 int ListCommand(const std::string& file);
 int ShowCommand(const std::string& file, int n);
 int DiffCommand(const std::string& a, const std::string& b);
+
+// Edits channel n with the channel editor, and moves channels with the memory list.
+int SetCommand(const std::string& file, const std::string& out, int n,
+               const std::vector<std::pair<std::string, std::string>>& values);
+int MoveCommand(const std::string& file, const std::string& out, const std::string& how, int n);
+
+int ExportCommand(const std::string& file, const std::string& out);
+// The list is `request.options.path`; "-" is standard input.
+int ImportCommand(const std::string& file, const std::string& out, const ImportRequest& request);
+int MergeCommand(const std::string& file, const std::string& source, const std::string& out,
+                 MergeOptions options, std::optional<int> start);
 
 int PortsCommand();
 

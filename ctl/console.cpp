@@ -10,6 +10,7 @@ namespace qz7 {
 namespace {
 
 int link_errors = 0;
+bool answer_yes = false;
 std::string last_message;
 
 }  // namespace
@@ -27,13 +28,15 @@ Answer ShowMessage(const std::string& text, const std::string& caption, Buttons 
     case Buttons::kOk:
       return Answer::kOk;
     case Buttons::kYesNo:
-      return Answer::kNo;
+      return answer_yes ? Answer::kYes : Answer::kNo;
     default:
       return Answer::kCancel;
   }
 }
 
 std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }
+
+void AnswerYes() { answer_yes = true; }
 
 int LinkErrorsShown() { return link_errors; }
 

@@ -18,6 +18,9 @@ std::string Utf8(std::string_view text);
 void PrintLine(std::string_view line);
 void PrintError(const std::string& line);
 
+// From now on a question is answered with Yes instead of its safe answer.
+void AnswerYes();
+
 // How many messages of a failed exchange have been shown so far.
 int LinkErrorsShown();
 

@@ -22,7 +22,7 @@ struct Line {
   std::unique_ptr<TracedPort> traced;
   std::unique_ptr<PausingPort> pausing;
 
-  SerialPort& port() {
+  SerialPort& Port() {
     if (pausing) {
       return *pausing;
     }
@@ -92,8 +92,8 @@ bool ReadRadio(const PortOptions& options, CloneImage& image) {
   MakeNewImage(image);
   PrintError("Start the clone send on the radio. Ctrl-C gives up.");
   CloneRead read;
-  BeginCloneRead(read, line.port(), std::span(image).subspan(kRadioBlock.offset, kRadioBlock.size));
-  if (!RunCloneRead(read, line.port(), options.port)) {
+  BeginCloneRead(read, line.Port(), std::span(image).subspan(kRadioBlock.offset, kRadioBlock.size));
+  if (!RunCloneRead(read, line.Port(), options.port)) {
     return false;
   }
   CopyNamesToTable(image);
@@ -149,13 +149,13 @@ int WriteCommand(const WriteOptions& options, const std::string& file) {
     return kFailed;
   }
   if (options.gap_milliseconds > 0) {
-    SerialPort& inner = line.port();
+    SerialPort& inner = line.Port();
     line.pausing = std::make_unique<PausingPort>(inner, options.gap_milliseconds);
   }
   CloneWrite write;
-  BeginCloneWrite(write, line.port(), image);
-  StartCloneWrite(write, line.port(), options.template_file);
-  if (write.phase != CloneWrite::kIdle && RunCloneWrite(write, line.port(), options.port)) {
+  BeginCloneWrite(write, line.Port(), image);
+  StartCloneWrite(write, line.Port(), options.template_file);
+  if (write.phase != CloneWrite::kIdle && RunCloneWrite(write, line.Port(), options.port)) {
     return kDone;
   }
   PrintError(

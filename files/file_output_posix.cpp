@@ -64,6 +64,9 @@ void FlushFolderOf(const std::string& path) {
 }  // namespace
 
 WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
+  if (path.empty()) {
+    return WriteOutcome::kCannotCreate;
+  }
   const std::string target = RealTarget(path);
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;

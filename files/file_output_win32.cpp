@@ -32,6 +32,9 @@ WriteOutcome WriteInPlace(const std::string& path, std::span<const std::uint8_t>
 }  // namespace
 
 WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
+  if (path.empty()) {
+    return WriteOutcome::kCannotCreate;
+  }
   const DWORD attributes = GetFileAttributesA(path.c_str());
   const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
   if (exists && (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {

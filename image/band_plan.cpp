@@ -7,6 +7,7 @@ namespace {
 
 // Megahertz to frequency units, exact for the borders of the tables below.
 constexpr Frequency Mhz(double megahertz) {
+  // NOLINTNEXTLINE(bugprone-incorrect-roundings): every border is positive
   return static_cast<Frequency>(megahertz * kMegahertz + 0.5);
 }
 

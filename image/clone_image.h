@@ -152,8 +152,8 @@ std::string_view FieldText(const char* field, std::size_t width);
 // Stores 240 into the channel count and makes the summary and name tables anew from the records.
 void RebuildDerivedTables(CloneImage& image);
 
-// Copies the 8 name bytes of every memory channel into its name table entry, programmed or not: after
-// a read from the radio.
+// Copies the 8 name bytes of every memory channel into its name table entry, programmed or not:
+// after a read from the radio.
 void CopyNamesToTable(CloneImage& image);
 
 std::uint16_t ReadU16(const std::uint8_t* bytes);

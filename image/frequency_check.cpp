@@ -28,20 +28,21 @@ OffsetCheck CheckOffset(std::string_view text) {
 
 Frequency RecomputeTransmit(Frequency receive, int shift, Frequency offset, Frequency transmit) {
   constexpr Frequency kTooHigh = 9'999'001;
-  Frequency result = receive;
+  std::int64_t result = receive;
   switch (shift) {
     case kMinus:
-      result = receive - offset;
+      result = std::int64_t{receive} - offset;
       break;
     case kPlus:
-      result = receive + offset;
+      result = std::int64_t{receive} + offset;
       break;
     case kOddSplit:
       return transmit;
     default:
       break;
   }
-  return receive == 0 || result < 0 || result >= kTooHigh ? receive : result;
+  return receive == 0 || result < 0 || result >= kTooHigh ? receive
+                                                          : static_cast<Frequency>(result);
 }
 
 ReceiveCheck CheckReceive(const CloneImage& image, int n, std::string_view receive_text) {

@@ -1,5 +1,6 @@
 #include <windows.h>
 
+#include <algorithm>
 #include <string>
 
 #include "files/messages.h"
@@ -51,6 +52,60 @@ COMMTIMEOUTS NonWaitingReads() {
   return timeouts;
 }
 
+// Waits for received bytes without a thread: the event is signalled when some have come.
+class ReceiveWait {
+ public:
+  ReceiveWait() { operation_.hEvent = CreateEventA(nullptr, TRUE, FALSE, nullptr); }
+  ReceiveWait(const ReceiveWait&) = delete;
+  ReceiveWait& operator=(const ReceiveWait&) = delete;
+  ~ReceiveWait() { CloseHandle(operation_.hEvent); }
+
+  // Null once the port has refused. A pseudo-terminal under Wine ends the wait at once with an
+  // error.
+  HANDLE Arm(HANDLE port) {
+    if (waiting_ && !IsDone(port)) {
+      return operation_.hEvent;
+    }
+    if (refused_) {
+      return nullptr;
+    }
+    ResetEvent(operation_.hEvent);
+    // The start of an exchange takes received bytes out of the events.
+    waiting_ = SetCommMask(port, EV_RXCHAR) &&
+               (WaitCommEvent(port, &events_, &operation_) || GetLastError() == ERROR_IO_PENDING);
+    refused_ = !waiting_;
+    return waiting_ ? operation_.hEvent : nullptr;
+  }
+
+  // The system writes into this object until the wait is over.
+  void End(HANDLE port) {
+    DWORD ignored = 0;
+    if (waiting_) {
+      SetCommMask(port, 0);
+      CancelIo(port);
+      GetOverlappedResult(port, &operation_, &ignored, TRUE);
+    }
+    waiting_ = false;
+    refused_ = false;
+  }
+
+ private:
+  bool IsDone(HANDLE port) {
+    DWORD ignored = 0;
+    if (WaitForSingleObject(operation_.hEvent, 0) != WAIT_OBJECT_0) {
+      return false;
+    }
+    waiting_ = false;
+    refused_ = !GetOverlappedResult(port, &operation_, &ignored, FALSE);
+    return true;
+  }
+
+  OVERLAPPED operation_{};
+  DWORD events_ = 0;
+  bool waiting_ = false;
+  bool refused_ = false;
+};
+
 class Win32SerialPort : public SerialPort {
  public:
   Win32SerialPort() : done_(CreateEventA(nullptr, TRUE, FALSE, nullptr)) {}
@@ -89,10 +144,20 @@ class Win32SerialPort : public SerialPort {
 
   bool IsOpen() const override { return handle_ != INVALID_HANDLE_VALUE; }
 
+  // Asks for what is there and no more: beside a wait for events, Wine keeps a read of an empty
+  // queue waiting.
   std::size_t Read(std::span<std::uint8_t> buffer) override {
+    COMSTAT status{};
+    if (!AskStatus(status)) {
+      return RefuseRead();
+    }
+    const auto size = static_cast<DWORD>(std::min<std::size_t>(buffer.size(), status.cbInQue));
+    if (size == 0) {
+      return 0;
+    }
     OVERLAPPED operation = NewOperation();
     DWORD count = 0;
-    if (!ReadFile(handle_, buffer.data(), static_cast<DWORD>(buffer.size()), nullptr, &operation) &&
+    if (!ReadFile(handle_, buffer.data(), size, nullptr, &operation) &&
         GetLastError() != ERROR_IO_PENDING) {
       return RefuseRead();
     }
@@ -146,6 +211,8 @@ class Win32SerialPort : public SerialPort {
 
   std::size_t UnsentBytes() override { return Status().cbOutQue; }
 
+  void* ArmReceiveEvent() override { return receive_wait_.Arm(handle_); }
+
   // The console program has nothing else to wait for: it looks again each millisecond.
   bool WaitForInput(std::size_t bytes, int milliseconds) override {
     for (int waited = 0; waited < milliseconds && Status().cbInQue < bytes; ++waited) {
@@ -171,11 +238,16 @@ class Win32SerialPort : public SerialPort {
   }
 
   // The queues' state. Asking clears the driver's line errors, so they are kept for LineErrors.
+  bool AskStatus(COMSTAT& status) {
+    DWORD errors = 0;
+    const bool answered = ClearCommError(handle_, &errors, &status) != FALSE;
+    kept_errors_ |= errors;
+    return answered;
+  }
+
   COMSTAT Status() {
     COMSTAT status{};
-    DWORD errors = 0;
-    ClearCommError(handle_, &errors, &status);
-    kept_errors_ |= errors;
+    AskStatus(status);
     return status;
   }
 
@@ -183,6 +255,7 @@ class Win32SerialPort : public SerialPort {
     if (handle_ == INVALID_HANDLE_VALUE) {
       return;
     }
+    receive_wait_.End(handle_);
     DCB line{};
     line.DCBlength = sizeof line;
     GetCommState(handle_, &line);
@@ -195,6 +268,7 @@ class Win32SerialPort : public SerialPort {
 
   HANDLE handle_ = INVALID_HANDLE_VALUE;
   HANDLE done_;
+  ReceiveWait receive_wait_;
   DWORD kept_errors_ = 0;
   bool failed_ = false;
 };

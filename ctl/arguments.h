@@ -1,0 +1,49 @@
+#pragma once
+
+#include <CLI/CLI.hpp>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "ctl/commands.h"
+
+namespace qz7 {
+
+// What the command line fills; one command runs, so that one set serves all of them.
+struct Arguments {
+  std::string file;
+  std::string second_file;
+  std::string out;
+  std::string compare_file;
+  int channel = 0;
+  bool json = false;
+  bool dry_run = false;
+  WriteOptions link;
+  std::string how;
+  bool yes = false;
+  std::vector<std::string> values;
+  std::string columns;
+  std::string selection;
+  std::string separator;
+  std::string quote;
+  ImportRequest import;
+  MergeOptions merge;
+  int start = 0;
+  std::function<int()> run;
+};
+
+// Each adds commands to the parser; a parsed one sets `run`.
+void AddFileCommands(CLI::App& program, Arguments& args);
+void AddPortCommands(CLI::App& program, Arguments& args);
+void AddEditCommands(CLI::App& program, Arguments& args);
+void AddInterchangeCommands(CLI::App& program, Arguments& args);
+
+// A check that refuses what names no channel slot.
+std::string CheckSlot(const std::string& text);
+
+// "rx=1,tx=2"; throws CLI::ValidationError for a name or a number that is none.
+ColumnAssignment ParseColumns(const std::string& text);
+// "all" or "1,3-5", counted from 1: the rows from 0 in their order, nothing for all.
+std::optional<std::vector<int>> ParseSelection(const std::string& text);
+
+}  // namespace qz7

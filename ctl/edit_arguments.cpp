@@ -1,0 +1,75 @@
+#include <cstdlib>
+
+#include "ctl/arguments.h"
+#include "ctl/console.h"
+#include "image/clone_image.h"
+
+namespace qz7 {
+namespace {
+
+// "field=value" words as pairs.
+std::vector<std::pair<std::string, std::string>> SplitValues(
+    const std::vector<std::string>& words) {
+  std::vector<std::pair<std::string, std::string>> values;
+  for (const std::string& word : words) {
+    const std::size_t equals = word.find('=');
+    if (equals == std::string::npos) {
+      throw CLI::ValidationError("field=value", word + " is none");
+    }
+    values.emplace_back(word.substr(0, equals), word.substr(equals + 1));
+  }
+  return values;
+}
+
+void AddSet(CLI::App& program, Arguments& args) {
+  CLI::App* sub = program.add_subcommand("set", "edits a channel and writes a new file");
+  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
+  sub->add_option("OUT.rdf", args.out, "the file to write; - is standard output")->required();
+  sub->add_option("N", args.channel, "channel as in show")->required()->check(CheckSlot);
+  sub->add_option("field=value", args.values,
+                  "fields as show prints them: rx=145.5 shift=minus tone-mode=\"Tone Encode\"")
+      ->required();
+  sub->callback([&args] {
+    args.run = [&args, values = SplitValues(args.values)] {
+      return SetCommand(args.file, args.out, args.channel, values);
+    };
+  });
+}
+
+void AddMove(CLI::App& program, Arguments& args) {
+  CLI::App* sub =
+      program.add_subcommand("move", "moves, clears, deletes or inserts a memory channel");
+  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
+  sub->add_option("OUT.rdf", args.out, "the file to write; - is standard output")->required();
+  sub->add_option("HOW", args.how, "what the memory list does with the channel")
+      ->required()
+      ->check(CLI::IsMember({"up", "down", "clear", "delete", "insert"}));
+  sub->add_option("N", args.channel, "memory channel 1..240")
+      ->required()
+      ->check(CLI::Range(1, kChannelCount));
+  sub->add_flag("--yes", args.yes, "let the last channel fall off the list when one is inserted");
+  sub->callback([&args] {
+    args.run = [&args] {
+      if (args.yes) {
+        AnswerYes();
+      }
+      return MoveCommand(args.file, args.out, args.how, args.channel);
+    };
+  });
+}
+
+}  // namespace
+
+std::string CheckSlot(const std::string& text) {
+  char* end = nullptr;
+  const long n = std::strtol(text.c_str(), &end, 10);
+  const bool good = *end == '\0' && n != 0 && n >= -kSpecialSlotCount && n <= kChannelCount;
+  return good ? "" : "it is 1..240 or -1..-30";
+}
+
+void AddEditCommands(CLI::App& program, Arguments& args) {
+  AddSet(program, args);
+  AddMove(program, args);
+}
+
+}  // namespace qz7

@@ -1,0 +1,84 @@
+#include <memory>
+
+#include "ctl/commands.h"
+#include "ctl/console.h"
+#include "editors/channel_editor.h"
+#include "editors/channel_fields.h"
+#include "editors/memory_list.h"
+#include "image/operating_state.h"
+
+namespace qz7 {
+namespace {
+
+// What the memory list does when it is accepted, a refusal included.
+bool AcceptEdits(CloneImage& image, const CloneImage& before) {
+  const auto accepted = std::make_unique<CloneImage>(before);
+  return AcceptMemoryList(image, *accepted) != ListEnd::kStaysOpen;
+}
+
+ListChange MoveAs(CloneImage& image, const std::string& how, int row) {
+  if (how == "up") {
+    return MoveRowUp(image, row);
+  }
+  if (how == "down") {
+    return MoveRowDown(image, row);
+  }
+  if (how == "clear") {
+    return ClearRow(image, row);
+  }
+  return how == "delete" ? DeleteRow(image, row) : InsertRow(image, row);
+}
+
+bool EditChannel(CloneImage& image, int n, const std::vector<NamedValue>& values) {
+  std::optional<ChannelEditor> editor = OpenChannelEditor(image, n);
+  std::string why_not;
+  if (!editor) {
+    PrintError("There is no channel " + std::to_string(n) + ".");
+    return false;
+  }
+  if (!SetEditorFields(*editor, values, why_not)) {
+    PrintError(why_not);
+    return false;
+  }
+  return AcceptChannel(image, *editor).refused == EditorField::kNone;
+}
+
+}  // namespace
+
+int SetCommand(const std::string& file, const std::string& out, int n,
+               const std::vector<std::pair<std::string, std::string>>& values) {
+  CloneImage image;
+  if (!LoadDocument(image, file)) {
+    return kFailed;
+  }
+  // As when the editor is opened from the main window.
+  RefreshOperatingState(image);
+  const auto before = std::make_unique<CloneImage>(image);
+  if (!EditChannel(image, n, values)) {
+    return kFailed;
+  }
+  if (!IsSpecialSlot(n) && !AcceptEdits(image, *before)) {
+    return kFailed;
+  }
+  return SaveDocumentTo(image, out) ? kDone : kFailed;
+}
+
+int MoveCommand(const std::string& file, const std::string& out, const std::string& how, int n) {
+  CloneImage image;
+  if (!LoadDocument(image, file)) {
+    return kFailed;
+  }
+  const auto before = std::make_unique<CloneImage>(image);
+  const ListChange change = MoveAs(image, how, n - 1);
+  if (change.beep) {
+    PrintError("Channel " + std::to_string(n) + " does not allow " + how + ".");
+    return kFailed;
+  }
+  if (change.row_count == 0) {
+    // The question was answered with No: nothing is written.
+    return kFailed;
+  }
+  return AcceptEdits(image, *before) && SaveDocumentTo(image, out) ? kDone : kFailed;
+}
+
+}  // namespace qz7

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+
+#include "files/messages.h"
+
+namespace qz7 {
+
+// What the next messages are answered with; OK or Cancel once they are used up.
+extern std::deque<Answer> fuzz_answers;
+
+// Takes bytes from the front of a fuzzer's input; 0 once it is used up.
+class FuzzInput {
+ public:
+  FuzzInput(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
+  bool IsEmpty() const { return size_ == 0; }
+  std::uint8_t Byte() {
+    if (size_ == 0) {
+      return 0;
+    }
+    --size_;
+    return *data_++;
+  }
+  std::size_t Word() {
+    const std::size_t low = Byte();
+    return low | static_cast<std::size_t>(Byte()) << 8;
+  }
+
+ private:
+  const std::uint8_t* data_;
+  std::size_t size_;
+};
+
+}  // namespace qz7

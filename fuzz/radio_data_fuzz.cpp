@@ -1,0 +1,104 @@
+// A radio data file with arbitrary bytes, and every accessor over what the reader accepts. Short
+// inputs are patches on a sound document, with both checksums made right, so that the fuzzer
+// reaches what lies behind them.
+
+#include <algorithm>
+#include <cstdlib>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "app/print_text.h"
+#include "files/document_header.h"
+#include "files/file_inspection.h"
+#include "files/image_difference.h"
+#include "files/new_document.h"
+#include "files/radio_data_file.h"
+#include "fuzz/fuzz_seams.h"
+#include "image/band_plan.h"
+#include "image/channel_description.h"
+#include "image/channel_record.h"
+#include "image/channel_text.h"
+#include "image/operating_state.h"
+
+namespace qz7 {
+namespace {
+
+std::string PatchedDocument(FuzzInput& input) {
+  CloneImage image;
+  MakeNewImage(image);
+  while (!input.IsEmpty()) {
+    const std::size_t at = input.Word() % kCloneImageSize;
+    image[at] = input.Byte();
+  }
+  image[kBlockChecksumOffset] = RadioBlockChecksum(image);
+  image[kFileChecksumOffset] = 0;
+  image[kFileChecksumOffset] = FileChecksum(image);
+  return {image.begin(), image.end()};
+}
+
+void UseChannel(CloneImage& image, int n) {
+  if (n != 0) {
+    FormatListRow(image, n);
+    std::string line;
+    FormatPrintLine(image, n, line);
+    DescribeChannel(image, n);
+    SlotTitle(image, n);
+  }
+  const ChannelName name = GetChannelName(image, n);
+  SetChannelName(image, n, name.data());
+  SetProgrammed(image, n, IsProgrammed(image, n));
+  SetMasked(image, n, IsMasked(image, n));
+  SetSkip(image, n, IsSkip(image, n));
+  ChannelCommentText(image, n);
+  if (const std::uint8_t* record = GetChannelRecord(image, n)) {
+    ChannelRecord old;
+    std::copy_n(record, kRecordSize, old.begin());
+    const ChannelFields fields = DecodeChannelRecord(record);
+    BuildChannelRecord(old, fields, n);
+    IsValidFrequency(image, fields.receive);
+    FillStepList(fields.receive, n);
+  }
+}
+
+void UseEverything(CloneImage& image) {
+  const CloneImage before = image;
+  for (int n = -40; n <= GetChannelCount(image) + 2; ++n) {
+    UseChannel(image, n);
+  }
+  PrintText text;
+  if (BuildPrintText(image, "fuzz", DtmfDisplay::kSymbols, text)) {
+    PrintLines(text);
+  }
+  RefreshOperatingState(image);
+  MirrorOperatingChannel(image);
+  CopyNamesToTable(image);
+  RebuildDerivedTables(image);
+  CountProgrammedChannels(image);
+  DocumentDifferences(before, image);
+}
+
+}  // namespace
+}  // namespace qz7
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace qz7;
+  FuzzInput input(data, size);
+  const auto image = std::make_unique<CloneImage>();
+  const std::string bytes = size < kDocumentHeader.size
+                                ? PatchedDocument(input)
+                                : std::string(reinterpret_cast<const char*>(data), size);
+  std::istringstream file(bytes);
+  if (!ReadRadioDataFile(*image, file, "fuzz.rdf")) {
+    return 0;
+  }
+  UseEverything(*image);
+  // What was accepted once is written so that it is accepted again.
+  PrepareRadioDataFile(*image);
+  std::istringstream again(std::string(image->begin(), image->end()));
+  const auto reread = std::make_unique<CloneImage>();
+  if (!ReadRadioDataFile(*reread, again, "fuzz.rdf")) {
+    std::abort();
+  }
+  return 0;
+}

@@ -1,0 +1,57 @@
+// A template file with arbitrary bytes; short inputs are patches on a sound template.
+
+#include <cstdlib>
+#include <memory>
+#include <sstream>
+#include <string>
+
+#include "files/document_header.h"
+#include "files/file_inspection.h"
+#include "files/new_document.h"
+#include "files/radio_data_file.h"
+#include "fuzz/fuzz_seams.h"
+#include "link/clone_write.h"
+
+namespace {
+
+std::string PatchedTemplate(qz7::FuzzInput& input) {
+  using namespace qz7;
+  CloneImage image;
+  MakeNewImage(image);
+  SetMagic(image, kTemplateMagic);
+  image[kBlockChecksumOffset] = RadioBlockChecksum(image);
+  image[kFileChecksumOffset] = FileChecksum(image);
+  while (!input.IsEmpty()) {
+    const std::size_t at = input.Word() % kCloneImageSize;
+    image[at] = input.Byte();
+  }
+  return {image.begin(), image.end()};
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  using namespace qz7;
+  FuzzInput input(data, size);
+  const std::string bytes = size < kDocumentHeader.size
+                                ? PatchedTemplate(input)
+                                : std::string(reinterpret_cast<const char*>(data), size);
+  const auto image = std::make_unique<CloneImage>();
+  std::istringstream file(bytes);
+  std::istringstream looked_at(bytes);
+  const bool accepted = ReadTemplateFile(*image, file, "fuzz.tpl");
+  const auto found = std::make_unique<FileInspection>(InspectFile(looked_at));
+  const bool passes = found->kind == FileKind::kTemplate && found->radio_identifier &&
+                      found->total_size && found->complete && found->file_checksum &&
+                      found->radio_block_checksum;
+  if (accepted != passes) {
+    std::abort();
+  }
+  if (accepted) {
+    CloneImage document;
+    MakeNewImage(document);
+    MergeTemplate(std::span(document).subspan(kRadioBlock.offset, kRadioBlock.size),
+                  std::span(*image).subspan(kRadioBlock.offset, kRadioBlock.size));
+  }
+  return 0;
+}
