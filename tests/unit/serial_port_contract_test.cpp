@@ -139,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(Ports, SerialPortContract,
                          testing::Values(Candidate{"memory",
                                                    [] { return std::make_unique<MemoryLine>(); }},
                                          Candidate{"machine", [] { return MakeSerialPort(); }}),
-                         [](const auto& info) { return info.param.name; });
+                         [](const auto& test) { return test.param.name; });
 
 TEST(MachineSerialPort, HasOneOwnerAtATime) {
   if (LoopbackDevice() == nullptr) {
