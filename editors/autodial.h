@@ -1,10 +1,15 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
+#include <optional>
 #include <span>
 #include <string>
+#include <string_view>
 
+#include "editors/settings_place.h"
 #include "image/clone_image.h"
+#include "image/settings_map.h"
 
 namespace qz7 {
 
@@ -19,5 +24,31 @@ std::string FormatAutodialNumber(const std::string& digits);
 
 // The text of autodial memory n = 0..8; empty for an empty memory.
 std::string AutodialText(const CloneImage& image, int n, DtmfDisplay display);
+
+using DtmfCodes = std::array<std::uint8_t, kCodeTextLength>;
+
+// What a typed number is stored as. Of the text the first 24 characters count; blanks and hyphens
+// do not.
+struct EncodedNumber {
+  const char* refusal = nullptr;  // the message; null when the number is accepted
+  DtmfCodes codes{};
+};
+EncodedNumber EncodeDtmf(std::string_view text);
+
+inline constexpr std::size_t kAutodialTextLength = 16;  // that can be typed
+
+// What the controls of the autodial editor hold.
+struct AutodialControls {
+  std::array<std::string, kAutodialCount> numbers;
+  bool flag = false;
+};
+
+AutodialControls LoadAutodial(SettingsSource source, DtmfDisplay display);
+// Stores the numbers in order, and then the flag. A number that is refused ends it with a message;
+// returns which, 0..8, for the focus. The numbers before it are stored by then.
+std::optional<int> StoreAutodial(const AutodialControls& controls, SettingsTarget target);
+
+// The texts in the fields follow the display option at once.
+void ShowNumbersAs(AutodialControls& controls, DtmfDisplay display);
 
 }  // namespace qz7

@@ -159,9 +159,9 @@ bool SaveDocumentAs(Document& document) {
 bool OpenNamedDocument(Document& document, const std::string& full_path) {
   const std::size_t separator = full_path.find_last_of(kSeparators);
   const std::size_t name_offset = separator == std::string::npos ? 0 : separator + 1;
-  return OpenFile(document, {.path = full_path,
-                             .name = full_path.substr(name_offset),
-                             .name_offset = name_offset});
+  return OpenFile(
+      document,
+      {.path = full_path, .name = full_path.substr(name_offset), .name_offset = name_offset});
 }
 
 bool CreateTemplate(Document& document, const std::string& name) {

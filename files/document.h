@@ -19,7 +19,8 @@ struct Document {
   std::string path;  // what Save writes to
   bool changed = false;
   bool untitled = false;
-  std::string last_file_name;  // of the last file chosen in a file box; never reset
+  std::string last_file_name;    // of the last file chosen in a file box; never reset
+  std::string last_export_name;  // the same for the box of Export
   Preferences preferences;
   DefaultsRecord defaults{};
 };
@@ -45,8 +46,8 @@ void RefreshDocument(Document& document);
 // True to go on, false when the user cancelled or the save failed.
 bool AskSaveChanges(Document& document);
 
-// Each is true on success; a failure has shown why. A failed or cancelled one leaves the document as
-// it was, but for the checksums, filler and derived tables that a save prepares.
+// Each is true on success; a failure has shown why. A failed or cancelled one leaves the document
+// as it was, but for the checksums, filler and derived tables that a save prepares.
 bool OpenDocument(Document& document);
 bool SaveDocument(Document& document);
 bool SaveDocumentAs(Document& document);

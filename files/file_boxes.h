@@ -28,7 +28,8 @@ struct ChosenFile {
   std::size_t name_offset;  // where the name starts in the path; 0 when the box does not tell
 };
 
-// For an existing file in an existing folder, without a read-only check box. Nothing when cancelled.
+// For an existing file in an existing folder, without a read-only check box. Nothing when
+// cancelled.
 std::optional<ChosenFile> ShowOpenBox(const FileBox& box);
 // For a file in an existing folder; asks before an existing file is overwritten.
 std::optional<ChosenFile> ShowSaveBox(const FileBox& box);

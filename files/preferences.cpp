@@ -35,9 +35,7 @@ void ReportBadTemplate(const std::string& path) {
   ReadTemplateFile(*buffer, path);
 }
 
-char LowerCase(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
+char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
 
 }  // namespace
 

@@ -1,7 +1,7 @@
 #include <windows.h>
 
-#include "app/exchange_window.h"
 #include "app/dialog_support.h"
+#include "app/exchange_window.h"
 #include "app/help.h"
 #include "link/clone_dialogs.h"
 #include "link/clone_read.h"

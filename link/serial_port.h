@@ -58,9 +58,9 @@ class SerialPort {
 
   // The bytes that were written and have not left the machine yet.
   virtual std::size_t UnsentBytes() = 0;
-  // A window's way of waiting: a system object (an event of Win32) that is signalled when bytes have
-  // come, armed by the call; null where there is none. A port that has refused once is not asked
-  // again until it is opened again.
+  // A window's way of waiting: a system object (an event of Win32) that is signalled when bytes
+  // have come, armed by the call; null where there is none. A port that has refused once is not
+  // asked again until it is opened again.
   virtual void* ArmReceiveEvent() { return nullptr; }
   // Waits until `bytes` bytes can be read, or for `milliseconds`; true when at least one can. The
   // console program's way of waiting; the desktop program has its message loop.

@@ -70,8 +70,10 @@ class ReceiveWait {
       return nullptr;
     }
     ResetEvent(operation_.hEvent);
-    // The start of an exchange takes received bytes out of the events.
-    waiting_ = SetCommMask(port, EV_RXCHAR) &&
+    // The start of an exchange takes received bytes out of the events. A mask that is right is left
+    // alone: setting it forgets what has come since.
+    DWORD mask = 0;
+    waiting_ = GetCommMask(port, &mask) && (mask == EV_RXCHAR || SetCommMask(port, EV_RXCHAR)) &&
                (WaitCommEvent(port, &events_, &operation_) || GetLastError() == ERROR_IO_PENDING);
     refused_ = !waiting_;
     return waiting_ ? operation_.hEvent : nullptr;

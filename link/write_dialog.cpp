@@ -25,12 +25,12 @@ void ShowTemplateName(HWND dialog, const Preferences& preferences) {
 }
 
 void BrowseTemplate(Preferences& preferences) {
-  const auto file = ShowOpenBox(
-      {.title = "Select Radio Template File",
-       .filters = {{"Template Files (*.tpl)", "*.tpl"}, {"All files (*.*)", "*.*"}},
-       .default_extension = "tpl",
-       .folder = preferences.data_folder,
-       .initial_name = ""});
+  const auto file =
+      ShowOpenBox({.title = "Select Radio Template File",
+                   .filters = {{"Template Files (*.tpl)", "*.tpl"}, {"All files (*.*)", "*.*"}},
+                   .default_extension = "tpl",
+                   .folder = preferences.data_folder,
+                   .initial_name = ""});
   if (file) {
     preferences.template_path = file->path;
     SaveTemplatePath(preferences);
@@ -116,9 +116,8 @@ INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPAR
 
 bool ShowWriteDialog(SerialPort& port, CloneImage& working_copy, Preferences& preferences) {
   CloneWrite write;
-  WriteWindow window{{.port = port, .exchange = write, .begin = {}, .tick = {}, .notify = {}},
-                     write,
-                     preferences};
+  WriteWindow window{
+      {.port = port, .exchange = write, .begin = {}, .tick = {}, .notify = {}}, write, preferences};
   window.begin = [&] { BeginCloneWrite(write, port, working_copy, MeterSizeOf(window.dialog)); };
   window.tick = [&] { TickCloneWrite(write, port); };
   window.notify = [&] { NotifyCloneWrite(write, port); };

@@ -2,6 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include "files/profile.h"
+#include "link/port_setup.h"
+
 namespace qz7 {
 
 TestSeams test_seams;
@@ -18,6 +21,55 @@ Answer ShowMessage(const std::string& text, const std::string& caption, Buttons 
 }
 
 std::uint32_t CurrentTimeSeconds() { return test_seams.now; }
+
+namespace {
+
+std::optional<ChosenFile> NextFile() {
+  if (test_seams.files.empty()) {
+    return std::nullopt;
+  }
+  const ChosenFile file = test_seams.files.front();
+  test_seams.files.pop_front();
+  return file;
+}
+
+}  // namespace
+
+std::optional<ChosenFile> ShowOpenBox(const FileBox& box) {
+  test_seams.open_boxes.push_back(box);
+  return NextFile();
+}
+
+std::optional<ChosenFile> ShowSaveBox(const FileBox& box) {
+  test_seams.save_boxes.push_back(box);
+  return NextFile();
+}
+
+std::string ReadProfile(const std::string& key, const std::string& missing, std::size_t most) {
+  const auto value = test_seams.profile.find(key);
+  return (value == test_seams.profile.end() ? missing : value->second).substr(0, most);
+}
+
+void WriteProfile(const std::string& key, const std::string& value) {
+  test_seams.profile[key] = value;
+  test_seams.profile_writes.emplace_back(key, value);
+}
+
+std::optional<int> AskForPort(int index) {
+  test_seams.asked_ports.push_back(index);
+  if (test_seams.ports.empty()) {
+    return std::nullopt;
+  }
+  const std::optional<int> chosen = test_seams.ports.front();
+  test_seams.ports.pop_front();
+  return chosen;
+}
+
+ChosenFile Chosen(const std::string& path) {
+  const std::size_t separator = path.find_last_of("\\/");
+  const std::size_t offset = separator == std::string::npos ? 0 : separator + 1;
+  return {.path = path, .name = path.substr(offset), .name_offset = offset};
+}
 
 std::vector<std::string> ShownTexts() {
   std::vector<std::string> texts;

@@ -2,10 +2,16 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
+#include <map>
+#include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "files/file_boxes.h"
 #include "files/messages.h"
+#include "image/clone_image.h"
 
 namespace qz7 {
 
@@ -22,10 +28,32 @@ struct TestSeams {
   std::vector<ShownMessage> messages;
   std::deque<Answer> answers;
   std::uint32_t now = 1'000'000;
+
+  // File boxes, in the order they were shown. One without a scripted file is cancelled.
+  std::vector<FileBox> open_boxes;
+  std::vector<FileBox> save_boxes;
+  std::deque<ChosenFile> files;
+
+  // The preferences file, and what was written to it.
+  std::map<std::string, std::string> profile;
+  std::vector<std::pair<std::string, std::string>> profile_writes;
+
+  // The port dialog: the index it opened with, and what is chosen. Without a script it is
+  // cancelled.
+  std::vector<int> asked_ports;
+  std::deque<std::optional<int>> ports;
+
+  // The main window: what it was told to show, and what its controls put into the image.
+  std::vector<CloneImage> loaded_images;
+  std::vector<std::string> titles;
+  std::function<void(CloneImage&)> controls;
 };
 extern TestSeams test_seams;
 
 // The texts of all messages shown so far.
 std::vector<std::string> ShownTexts();
+
+// A file as a box returns it: the path, its name part, and where that starts.
+ChosenFile Chosen(const std::string& path);
 
 }  // namespace qz7

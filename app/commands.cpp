@@ -1,0 +1,141 @@
+#include "app/commands.h"
+
+#include <windows.h>
+
+#include "app/about_dialog.h"
+#include "app/app_state.h"
+#include "app/file_commands.h"
+#include "app/help.h"
+#include "app/menu_channels.h"
+#include "app/radio_commands.h"
+#include "files/preferences_dialog.h"
+#include "files/template_dialog.h"
+#include "link/clone_dialogs.h"
+#include "link/port_setup.h"
+
+namespace qz7 {
+namespace {
+
+std::span<std::uint8_t> RadioBlockOf(CloneImage& image) {
+  return std::span(image).subspan(kRadioBlock.offset, kRadioBlock.size);
+}
+
+bool ReadRadio() { return ShowReadDialog(*app.port, RadioBlockOf(app.document.working_copy)); }
+
+bool ReadRadioIntoTemplate() {
+  if (!ReadRadio() || !ShowTemplateDialog(app.document)) {
+    return false;
+  }
+  SaveTemplatePath(app.document.preferences);
+  return true;
+}
+
+bool WriteRadio() {
+  return ShowWriteDialog(*app.port, app.document.working_copy, app.document.preferences);
+}
+
+void RunNew() {
+  if (AskSaveChanges(app.document)) {
+    NewDocument(app.document);
+  }
+}
+
+bool RunFileCommand(int command) {
+  switch (command) {
+    case CM_NEW:
+      RunNew();
+      return true;
+    case CM_OPEN:
+      OpenRadioFile(app.document);
+      return true;
+    case CM_SAVE:
+      SaveDocument(app.document);
+      return true;
+    case CM_SAVE_AS:
+      SaveDocumentAs(app.document);
+      return true;
+    case CM_EXPORT:
+      ExportChannels(app.document);
+      return true;
+    case CM_EXIT:
+      PostMessageA(app.main_window, WM_CLOSE, 0, 0);
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool RunRadioCommand(int command) {
+  switch (command) {
+    case CM_GET_DATA:
+      ReadRadioIntoDocument(app.document, *app.port, ReadRadio);
+      return true;
+    case CM_SEND_DATA:
+      SendDocumentToRadio(app.document, *app.port, WriteRadio);
+      return true;
+    case CM_PORT_SETUP:
+      SetUpPort(*app.port, app.document.preferences);
+      return true;
+    case CM_CREATE_TEMPLATE:
+      ReadRadioIntoDocument(app.document, *app.port, ReadRadioIntoTemplate);
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool RunOtherCommand(int command) {
+  switch (command) {
+    case CM_PREFERENCES:
+      ShowPreferencesDialog(app.document.preferences);
+      return true;
+    case CM_HELP_CONTENTS:
+      ShowHelpContents();
+      return true;
+    case CM_HELP_SEARCH:
+      ShowHelpSearch();
+      return true;
+    case CM_HELP_ON_HELP:
+      ShowHelpOnHelp();
+      return true;
+    case CM_ABOUT:
+      ShowAboutDialog();
+      return true;
+    default:
+      return false;
+  }
+}
+
+// Commands whose first step is to collect the main dialog; their screens are not there yet.
+bool RunEditorCommand(int command) {
+  switch (command) {
+    case CM_IMPORT:
+    case CM_PRINT:
+    case CM_VIEW:
+    case CM_GROUP:
+    case CM_MERGE:
+    case CM_AUTODIAL:
+    case CM_SETTINGS:
+    case CM_VORN:
+      CollectMainDialog(app.document);
+      return true;
+    case CM_WX_NAMES:
+    case CM_ICON_SELECT:
+      return true;
+    default:
+      if (!ChannelOfCommand(command)) {
+        return false;
+      }
+      CollectMainDialog(app.document);
+      return true;
+  }
+}
+
+}  // namespace
+
+bool RunCommand(int command) {
+  return RunFileCommand(command) || RunRadioCommand(command) || RunOtherCommand(command) ||
+         RunEditorCommand(command);
+}
+
+}  // namespace qz7

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <windows.h>
+
+#include <span>
+#include <string>
+
+namespace qz7 {
+
+// What all dialogs share.
+
+// The templates' homes: "DLLDlg..." in the resource library, "Dlg..." in the program.
+struct DialogModules {
+  HINSTANCE program = nullptr;
+  HMODULE library = nullptr;
+  HWND main_window = nullptr;  // the owner of what has no nearer one
+  std::string help_path;       // of "qz7.hlp"
+};
+extern DialogModules dialog_modules;
+
+// The window that a dialog or a box belongs to now: the main window or the dialog open over it.
+HWND DialogOwner();
+
+// Shows a modal dialog over DialogOwner. `state` arrives as the parameter of WM_INITDIALOG and is
+// kept for StateOf. Returns what the dialog ends with: 0 for OK, -1 for Cancel, a closed window and
+// a template that is not there.
+INT_PTR RunDialog(const char* template_name, DLGPROC procedure, void* state);
+HWND CreateModelessDialog(const char* template_name, HWND parent, DLGPROC procedure, void* state);
+
+struct Tooltip {
+  int control;
+  std::string text;
+};
+
+// The common set-up, at the end of WM_INITDIALOG: keeps the state, centres the dialog over its
+// parent, lets F1 press the Help button, shows the tooltips.
+void SetUpDialog(HWND dialog, LPARAM state, std::span<const Tooltip> tooltips = {});
+void AddTooltips(HWND dialog, std::span<const Tooltip> tooltips);
+
+template <class State>
+State& StateOf(HWND dialog) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the system keeps the pointer as a number
+  return *reinterpret_cast<State*>(GetWindowLongPtrA(dialog, DWLP_USER));
+}
+
+std::string ControlText(HWND dialog, int control);
+void LimitText(HWND dialog, int control, std::size_t characters);
+// Fills a list with texts, and chooses one; nothing for a position outside the list.
+void FillList(HWND dialog, int control, std::span<const char* const> texts);
+void SelectInList(HWND dialog, int control, int position);
+// The chosen position, or -1.
+int SelectedInList(HWND dialog, int control);
+
+}  // namespace qz7

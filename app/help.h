@@ -1,0 +1,20 @@
+#pragma once
+
+namespace qz7 {
+
+// Help topics, by the number that stands for each of them in every form of the help.
+inline constexpr int kHelpGetData = 102;
+inline constexpr int kHelpSendData = 103;
+inline constexpr int kHelpDataSent = 104;
+inline constexpr int kHelpPreferences = 122;
+
+// Opens the help at a topic: "qz7.hlp" where the system has a viewer for it, otherwise "qz7.html"
+// in the browser. Nothing happens where neither is there.
+void ShowHelp(int context);
+void ShowHelpContents();
+void ShowHelpSearch();
+void ShowHelpOnHelp();
+// Tells the viewer that this program needs it no more.
+void QuitHelp();
+
+}  // namespace qz7

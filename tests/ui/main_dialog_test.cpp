@@ -1,0 +1,175 @@
+#include "app/main_fields.h"
+#include "resources/control_ids.h"
+#include "tests/ui/window_fixture.h"
+
+namespace qz7 {
+namespace {
+
+using MainDialogTest = WindowTest;
+
+CloneImage& Image() { return app.document.image; }
+
+void Command(int command) { SendMessageA(app.main_window, WM_COMMAND, MAKEWPARAM(command, 0), 0); }
+
+TEST_F(MainDialogTest, FillsTheMainWindow) {
+  RECT client;
+  RECT dialog;
+  GetClientRect(app.main_window, &client);
+  GetWindowRect(app.main_dialog, &dialog);
+  POINT origin{0, 0};
+  ClientToScreen(app.main_window, &origin);
+  EXPECT_EQ(dialog.left, origin.x);
+  EXPECT_EQ(dialog.top, origin.y);
+  EXPECT_EQ(dialog.right - dialog.left, client.right);
+  EXPECT_EQ(dialog.bottom - dialog.top, client.bottom);
+  SavePicture(app.main_window, "main");
+}
+
+TEST_F(MainDialogTest, NamesTheNewDocumentInTheTitle) {
+  char title[100] = "";
+  GetWindowTextA(app.main_window, title, sizeof title);
+  EXPECT_STREQ(title, "QZ-7H Programmer - NONAME.RDF");
+}
+
+TEST_F(MainDialogTest, EveryControlShowsAndStoresItsByte) {
+  for (const MainField& field : MainFields()) {
+    CloneImage wanted = Image();
+    WriteMainField(wanted, field, 1);
+    LoadMainDialog(wanted);
+    ReadMainControls(Image());
+    EXPECT_EQ(Image(), wanted) << field.control;
+  }
+}
+
+TEST_F(MainDialogTest, TheListsHaveTheirTexts) {
+  char text[50] = "";
+  SendDlgItemMessageA(app.main_dialog, 111, CB_GETLBTEXT, 6, reinterpret_cast<LPARAM>(text));
+  EXPECT_STREQ(text, "All");
+  EXPECT_EQ(SendDlgItemMessageA(app.main_dialog, 111, CB_GETCOUNT, 0, 0), 7);
+  EXPECT_EQ(SendDlgItemMessageA(app.main_dialog, 103, CB_GETCOUNT, 0, 0), 6);
+}
+
+TEST_F(MainDialogTest, ARadioButtonStoresItsNumber) {
+  Press(app.main_dialog, 134);
+  ReadMainControls(Image());
+  EXPECT_EQ(Image()[10'201], 2);
+  EXPECT_FALSE(IsChecked(app.main_dialog, 132));
+  Press(app.main_dialog, 127);
+  Press(app.main_dialog, 136);
+  ReadMainControls(Image());
+  EXPECT_EQ(Image()[10'506] & 0x30, 0x30);
+  EXPECT_TRUE(IsChecked(app.main_dialog, 134));
+}
+
+TEST_F(MainDialogTest, AnUnknownValueShowsNothingAndStays) {
+  Image()[10'240] = 6;
+  Image()[10'203] = 200;
+  LoadMainDialog(Image());
+  EXPECT_EQ(SendDlgItemMessageA(app.main_dialog, 103, CB_GETCURSEL, 0, 0), CB_ERR);
+  ReadMainControls(Image());
+  EXPECT_EQ(Image()[10'240], 6);
+  EXPECT_EQ(Image()[10'203], 200);
+}
+
+TEST_F(MainDialogTest, LargeAutoPowerOffValuesShowOff) {
+  Image()[10'240] = 7;
+  LoadMainDialog(Image());
+  EXPECT_EQ(SendDlgItemMessageA(app.main_dialog, 103, CB_GETCURSEL, 0, 0), 0);
+}
+
+TEST_F(MainDialogTest, TheCommentTakes79Characters) {
+  Type(app.main_dialog, 109, std::string(90, 'x'));
+  ReadMainControls(Image());
+  EXPECT_EQ(Image()[178], 'x');
+  EXPECT_EQ(Image()[179], 0);
+}
+
+TEST_F(MainDialogTest, UseDefaultsShowsThemAndDisablesBothButtons) {
+  app.document.defaults[582] = 3;  // image byte 10200
+  Press(app.main_dialog, ID_USE_DEFAULTS);
+  EXPECT_EQ(Image()[10'200], 3);
+  EXPECT_EQ(SendDlgItemMessageA(app.main_dialog, 111, CB_GETCURSEL, 0, 0), 3);
+  EXPECT_FALSE(IsEnabled(app.main_dialog, 121));
+  EXPECT_FALSE(IsEnabled(app.main_dialog, 123));
+}
+
+TEST_F(MainDialogTest, ANotificationEnablesTheButtonsAgain) {
+  Press(app.main_dialog, ID_USE_DEFAULTS);
+  Choose(app.main_dialog, 111, 1);
+  EXPECT_TRUE(IsEnabled(app.main_dialog, 121));
+  EXPECT_TRUE(IsEnabled(app.main_dialog, 123));
+  Press(app.main_dialog, ID_USE_DEFAULTS);
+  Press(app.main_dialog, 122);
+  EXPECT_TRUE(IsEnabled(app.main_dialog, 121));
+}
+
+TEST_F(MainDialogTest, SaveAsDefaultsStoresAndWritesTheRecord) {
+  char before[MAX_PATH] = "";
+  GetCurrentDirectoryA(MAX_PATH, before);
+  SetCurrentDirectoryA(folder.path().string().c_str());
+  Choose(app.main_dialog, 112, 4);
+  Press(app.main_dialog, ID_STORE_DEFAULTS);
+  SetCurrentDirectoryA(before);
+  EXPECT_EQ(app.document.defaults[588], 4);
+  const Bytes file = FileBytes(folder.File("qz7.def"));
+  ASSERT_EQ(file.size(), 799U);
+  EXPECT_EQ(file[588], 4);
+  EXPECT_FALSE(IsEnabled(app.main_dialog, 121));
+  EXPECT_FALSE(IsEnabled(app.main_dialog, 123));
+}
+
+TEST_F(MainDialogTest, AChangedListMakesExitAsk) {
+  Choose(app.main_dialog, 103, 2);
+  Command(CM_EXIT);
+  HandleMessages();
+  ASSERT_EQ(test_seams.messages.size(), 1U);
+  EXPECT_EQ(test_seams.messages[0].text, "NONAME.RDF has been changed.\nSave file before closing?");
+  EXPECT_TRUE(IsWindow(app.main_window));
+}
+
+TEST_F(MainDialogTest, ExitAsksAgainAfterASave) {
+  test_seams.files = {Chosen(folder.File("mine.rdf"))};
+  Command(CM_SAVE_AS);
+  Choose(app.main_dialog, 103, 2);
+  Command(CM_SAVE);
+  EXPECT_TRUE(test_seams.messages.empty());
+  Command(CM_EXIT);
+  HandleMessages();
+  EXPECT_EQ(test_seams.messages.size(), 1U);
+}
+
+TEST_F(MainDialogTest, ExitWithoutChangesDestroysTheWindow) {
+  const HWND window = app.main_window;
+  Command(CM_EXIT);
+  MSG message;
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    DispatchMessageA(&message);
+  }
+  EXPECT_FALSE(IsWindow(window));
+  EXPECT_EQ(app.main_dialog, nullptr);
+}
+
+TEST_F(MainDialogTest, ClosingTheDialogClosesTheProgram) {
+  SendMessageA(app.main_dialog, WM_CLOSE, 0, 0);
+  EXPECT_EQ(app.main_dialog, nullptr);
+  MSG message;
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    DispatchMessageA(&message);
+  }
+  EXPECT_FALSE(IsWindow(app.main_window));
+}
+
+TEST_F(MainDialogTest, EscapeDoesNotCloseIt) {
+  SendMessageA(app.main_dialog, WM_COMMAND, IDCANCEL, 0);
+  HandleMessages();
+  EXPECT_TRUE(IsWindow(app.main_dialog));
+}
+
+TEST_F(MainDialogTest, TheWindowGivesItsFocusToTheDialog) {
+  SetFocus(nullptr);
+  SendMessageA(app.main_window, WM_SETFOCUS, 0, 0);
+  EXPECT_TRUE(GetFocus() == app.main_dialog || IsChild(app.main_dialog, GetFocus()));
+}
+
+}  // namespace
+}  // namespace qz7

@@ -1,0 +1,72 @@
+#include "tests/ui/window_fixture.h"
+
+namespace qz7 {
+namespace {
+
+using MenuTest = WindowTest;
+
+struct Item {
+  std::string text;
+  int command;
+  bool operator==(const Item&) const = default;
+};
+
+void PrintTo(const Item& item, std::ostream* out) { *out << item.text << " " << item.command; }
+
+// The items below a menu, without its separators; a submenu has the command -1.
+std::vector<Item> ItemsOf(HMENU menu) {
+  std::vector<Item> items;
+  for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+    char text[100] = "";
+    if (GetMenuStringA(menu, static_cast<UINT>(i), text, sizeof text, MF_BYPOSITION) > 0) {
+      items.push_back({text, static_cast<int>(GetMenuItemID(menu, i))});
+    }
+  }
+  return items;
+}
+
+std::vector<Item> BandItems(int first) {
+  std::vector<Item> items;
+  for (const char* text : {"&MW...", "&SW...", "&FM...", "&TV...", "&6m...", "&V Ham...",
+                           "&U Ham...", "&Air...", "Act&1...", "Act&2..."}) {
+    items.push_back({text, first++});
+  }
+  return items;
+}
+
+TEST_F(MenuTest, HasItsItemsInOrder) {
+  const HMENU menu = GetMenu(app.main_window);
+  ASSERT_EQ(GetMenuItemCount(menu), 5);
+  const std::vector<Item> file = {{"&New", 100},        {"&Open...", 101},   {"&Save", 102},
+                                  {"Save &As...", 103}, {"&Import...", 149}, {"&Export...", 150},
+                                  {"&Print", 104},      {"E&xit", 105}};
+  const std::vector<Item> radio = {{"&Get data from...", 106},
+                                   {"&Send data to...", 107},
+                                   {"&Com port setup...", 108},
+                                   {"Create &Template...", 109}};
+  const std::vector<Item> memory = {{"&View...", 110}, {"&Group...", 111}, {"&Merge from...", 112},
+                                    {"VFO A", -1},     {"VFO B", -1},      {"Home", -1}};
+  const std::vector<Item> other = {{"&Autodial...", 144}, {"&Settings...", 152},
+                                   {"V&ORN", 153},        {"&WX Names...", 155},
+                                   {"&Icon Select", 156}, {"&Preferences...", 154}};
+  const std::vector<Item> help = {{"&Contents", 147},
+                                  {"&Search for Help on...", 146},
+                                  {"&How to Use Help", 145},
+                                  {"&About...", 148}};
+  EXPECT_EQ(ItemsOf(GetSubMenu(menu, 0)), file);
+  EXPECT_EQ(ItemsOf(GetSubMenu(menu, 1)), radio);
+  EXPECT_EQ(ItemsOf(GetSubMenu(menu, 2)), memory);
+  EXPECT_EQ(ItemsOf(GetSubMenu(menu, 3)), other);
+  EXPECT_EQ(ItemsOf(GetSubMenu(menu, 4)), help);
+}
+
+TEST_F(MenuTest, TheBandMenusAreSubmenusOfMemory) {
+  const HMENU memory = GetSubMenu(GetMenu(app.main_window), 2);
+  const int last = GetMenuItemCount(memory) - 1;
+  EXPECT_EQ(ItemsOf(GetSubMenu(memory, last - 2)), BandItems(113));
+  EXPECT_EQ(ItemsOf(GetSubMenu(memory, last - 1)), BandItems(123));
+  EXPECT_EQ(ItemsOf(GetSubMenu(memory, last)), BandItems(133));
+}
+
+}  // namespace
+}  // namespace qz7

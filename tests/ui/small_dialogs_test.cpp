@@ -1,0 +1,181 @@
+#include "app/about_dialog.h"
+#include "files/preferences_dialog.h"
+#include "files/template_dialog.h"
+#include "link/port_dialog.h"
+#include "resources/control_ids.h"
+#include "tests/ui/window_fixture.h"
+
+namespace qz7 {
+namespace {
+
+using PreferencesDialogTest = WindowTest;
+using PortDialogTest = WindowTest;
+using TemplateDialogTest = WindowTest;
+using AboutDialogTest = WindowTest;
+
+TEST_F(PreferencesDialogTest, OkStoresAndWritesTheBoxes) {
+  Preferences preferences;
+  const DialogScript script([](HWND dialog) {
+    SavePicture(dialog, "preferences");
+    Press(dialog, 101);
+    Press(dialog, 102);
+    Press(dialog, IDOK);
+  });
+  ShowPreferencesDialog(preferences);
+  EXPECT_TRUE(preferences.use_main_defaults_new);
+  EXPECT_TRUE(preferences.use_dial_defaults);
+  EXPECT_FALSE(preferences.use_setting_defaults);
+  EXPECT_EQ(test_seams.profile.size(), 8U);
+  EXPECT_EQ(test_seams.profile["UseDialDefaults"], "1");
+}
+
+TEST_F(PreferencesDialogTest, OkAtOnceTurnsTheIconFlagIntoTheWxNamesFlag) {
+  Preferences preferences;
+  preferences.use_icon_defaults = true;
+  const DialogScript script([](HWND dialog) {
+    EXPECT_TRUE(IsChecked(dialog, 107));
+    EXPECT_FALSE(IsChecked(dialog, 108));
+    Press(dialog, IDOK);
+  });
+  ShowPreferencesDialog(preferences);
+  EXPECT_FALSE(preferences.use_icon_defaults);
+  EXPECT_TRUE(preferences.use_wx_names_defaults);
+}
+
+TEST_F(PreferencesDialogTest, CancelAndClosingChangeNothing) {
+  Preferences preferences;
+  const DialogScript cancel([](HWND dialog) {
+    Press(dialog, 101);
+    Press(dialog, IDCANCEL);
+  });
+  ShowPreferencesDialog(preferences);
+  {
+    const DialogScript close([](HWND dialog) {
+      Press(dialog, 101);
+      SendMessageA(dialog, WM_CLOSE, 0, 0);
+    });
+    ShowPreferencesDialog(preferences);
+  }
+  EXPECT_FALSE(preferences.use_main_defaults_new);
+  EXPECT_TRUE(test_seams.profile_writes.empty());
+}
+
+TEST_F(PortDialogTest, ListsNoneAndNinePorts) {
+  const DialogScript script([](HWND dialog) {
+    SavePicture(dialog, "port");
+    std::vector<std::string> texts;
+    for (WPARAM i = 0; i < 10; ++i) {
+      char text[20] = "";
+      SendDlgItemMessageA(dialog, ID_PORT, CB_GETLBTEXT, i, reinterpret_cast<LPARAM>(text));
+      texts.push_back(text);
+    }
+    EXPECT_EQ(texts, (std::vector<std::string>{"None", "COM1", "COM2", "COM3", "COM4", "COM5",
+                                               "COM6", "COM7", "COM8", "COM9"}));
+    EXPECT_EQ(SendDlgItemMessageA(dialog, ID_PORT, CB_GETCOUNT, 0, 0), 10);
+    EXPECT_EQ(SendDlgItemMessageA(dialog, ID_PORT, CB_GETCURSEL, 0, 0), 4);
+    Choose(dialog, ID_PORT, 9);
+    Press(dialog, IDOK);
+  });
+  EXPECT_EQ(ShowPortDialog(4), 9);
+}
+
+TEST_F(PortDialogTest, WithoutAChoiceItStaysOpen) {
+  const DialogScript script([](HWND dialog) {
+    Choose(dialog, ID_PORT, -1);
+    Press(dialog, IDOK);
+    EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Invalid Port"});
+    EXPECT_TRUE(IsWindowVisible(dialog));
+    SendMessageA(dialog, WM_CLOSE, 0, 0);
+  });
+  EXPECT_EQ(ShowPortDialog(1), std::nullopt);
+}
+
+TEST_F(PortDialogTest, NoneIsAChoiceAndCancelIsNot) {
+  {
+    const DialogScript script([](HWND dialog) {
+      Choose(dialog, ID_PORT, 0);
+      Press(dialog, IDOK);
+    });
+    EXPECT_EQ(ShowPortDialog(1), 0);
+  }
+  const DialogScript script([](HWND dialog) { Press(dialog, IDCANCEL); });
+  EXPECT_EQ(ShowPortDialog(1), std::nullopt);
+}
+
+TEST_F(TemplateDialogTest, CreateWritesTheFile) {
+  const DialogScript script([](HWND dialog) {
+    SavePicture(dialog, "create_template");
+    EXPECT_EQ(TextOf(dialog, 102), "Template");
+    Press(dialog, 101);
+  });
+  EXPECT_TRUE(ShowTemplateDialog(app.document));
+  EXPECT_EQ(FileBytes(folder.File("Template.tpl")).size(), 21'282U);
+}
+
+TEST_F(TemplateDialogTest, TheNameTakes8Characters) {
+  const DialogScript script([](HWND dialog) {
+    Type(dialog, 102, "my radio.x");
+    EXPECT_EQ(TextOf(dialog, 102), "my radio");
+    Press(dialog, 101);
+  });
+  EXPECT_TRUE(ShowTemplateDialog(app.document));
+  EXPECT_EQ(folder.Names(), std::vector<std::string>{"my.tpl"});
+}
+
+TEST_F(TemplateDialogTest, ItStaysOpenWhenTheFileCannotBeWritten) {
+  app.document.preferences.data_folder = folder.File("none");
+  const DialogScript script([](HWND dialog) {
+    Press(dialog, 101);
+    EXPECT_EQ(test_seams.messages.size(), 1U);
+    EXPECT_TRUE(IsWindowVisible(dialog));
+    Press(dialog, ID_HELP);
+    EXPECT_TRUE(IsWindowVisible(dialog));
+    Press(dialog, IDCANCEL);
+  });
+  EXPECT_FALSE(ShowTemplateDialog(app.document));
+}
+
+TEST_F(AboutDialogTest, ShowsTheVersionRecord) {
+  const DialogScript script([](HWND dialog) {
+    SavePicture(dialog, "about");
+    EXPECT_EQ(TextOf(dialog, 101), "QZ-7H Programmer");
+    EXPECT_EQ(TextOf(dialog, 102).substr(0, 8), "Version ");
+    EXPECT_EQ(TextOf(dialog, 104), "Tamro");
+    EXPECT_FALSE(TextOf(dialog, 103).empty());
+    EXPECT_FALSE(TextOf(dialog, 105).empty());
+    EXPECT_FALSE(TextOf(dialog, 106).empty());
+    Press(dialog, IDOK);
+  });
+  ShowAboutDialog();
+}
+
+TEST_F(AboutDialogTest, IsCentredOverTheMainWindow) {
+  const DialogScript script([](HWND dialog) {
+    RECT main;
+    RECT own;
+    GetWindowRect(app.main_window, &main);
+    GetWindowRect(dialog, &own);
+    EXPECT_LE(std::abs((main.left + main.right) / 2 - (own.left + own.right) / 2), 1);
+    EXPECT_LE(std::abs((main.top + main.bottom) / 2 - (own.top + own.bottom) / 2), 1);
+    SendMessageA(dialog, WM_CLOSE, 0, 0);
+  });
+  ShowAboutDialog();
+}
+
+TEST_F(AboutDialogTest, LeaksNoGdiObjectAndNoWindow) {
+  const auto open_and_close = [] {
+    const DialogScript script([](HWND dialog) { Press(dialog, IDOK); });
+    ShowAboutDialog();
+  };
+  open_and_close();
+  const DWORD objects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+  const DWORD windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+  for (int i = 0; i < 5; ++i) {
+    open_and_close();
+  }
+  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), objects);
+  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows);
+}
+
+}  // namespace
+}  // namespace qz7

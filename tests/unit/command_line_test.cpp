@@ -1,0 +1,52 @@
+#include "app/command_line.h"
+
+#include <gtest/gtest.h>
+
+namespace qz7 {
+namespace {
+
+using Name = std::optional<std::string>;
+
+TEST(CommandLine, WithoutAWordNamesNoFile) {
+  EXPECT_EQ(CommandLineFile(""), std::nullopt);
+  EXPECT_EQ(CommandLineFile("  \t "), std::nullopt);
+  EXPECT_EQ(CommandLineFile("/a /b"), std::nullopt);
+  EXPECT_EQ(CommandLineFile("/a/b c"), Name("C"));
+  EXPECT_EQ(CommandLineFile("\"\""), std::nullopt);
+}
+
+TEST(CommandLine, ASwitchAndABareNameOpenThatNameInUpperCaseWithoutAnExtension) {
+  EXPECT_EQ(CommandLineFile("/quiet club"), Name("CLUB"));
+  EXPECT_EQ(CommandLineFile("   /quiet   club  "), Name("CLUB"));
+  EXPECT_EQ(CommandLineFile("club.rdf"), Name("CLUB.RDF"));
+}
+
+TEST(CommandLine, AFolderAndNoExtensionGetOne) {
+  EXPECT_EQ(CommandLineFile("c:\\radio\\club"), Name("C:\\RADIO\\CLUB.RDF"));
+  EXPECT_EQ(CommandLineFile("c:\\radio.old\\club"), Name("C:\\RADIO.OLD\\CLUB.RDF"));
+  EXPECT_EQ(CommandLineFile("c:\\radio\\club.bak"), Name("C:\\RADIO\\CLUB.BAK"));
+  EXPECT_EQ(CommandLineFile("c:\\radio\\club."), Name("C:\\RADIO\\CLUB."));
+}
+
+TEST(CommandLine, ABareNameIsCutAtABlankOrASlash) {
+  EXPECT_EQ(CommandLineFile("club house"), Name("CLUB"));
+  EXPECT_EQ(CommandLineFile("club\thouse"), Name("CLUB"));
+  EXPECT_EQ(CommandLineFile("club/s"), Name("CLUB"));
+}
+
+TEST(CommandLine, AQuotedPathIsTakenWhole) {
+  EXPECT_EQ(CommandLineFile("\"c:\\my radio\\club house\" more"),
+            Name("C:\\MY RADIO\\CLUB HOUSE.RDF"));
+  EXPECT_EQ(CommandLineFile("/s \"c:\\a b/c.rdf\""), Name("C:\\A B/C.RDF"));
+  EXPECT_EQ(CommandLineFile("\"never closed"), Name("NEVER CLOSED"));
+}
+
+TEST(CommandLine, TakesAtMost255Characters) {
+  EXPECT_EQ(CommandLineFile(std::string(254, 'a'))->size(), 254U);
+  EXPECT_EQ(CommandLineFile(std::string(255, 'a'))->size(), 255U);
+  EXPECT_EQ(CommandLineFile(std::string(256, 'a'))->size(), 255U);
+  EXPECT_EQ(CommandLineFile("\"" + std::string(256, 'a') + "\"")->size(), 255U);
+}
+
+}  // namespace
+}  // namespace qz7

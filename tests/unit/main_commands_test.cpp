@@ -1,0 +1,166 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "app/file_commands.h"
+#include "app/menu_channels.h"
+#include "app/radio_commands.h"
+#include "link/memory_line.h"
+#include "tests/unit/document_bytes.h"
+#include "tests/unit/seams.h"
+#include "tests/unit/temp_folder.h"
+
+namespace qz7 {
+namespace {
+
+class MainCommandsTest : public testing::Test {
+ protected:
+  MainCommandsTest() {
+    document->preferences.data_folder = folder.path().string();
+    NewDocument(*document);
+    port.Open("COM1");
+  }
+
+  TempFolder folder;
+  std::unique_ptr<Document> document = std::make_unique<Document>();
+  MemoryLine port;
+};
+
+TEST(MenuChannels, AreTheSpecialSlotsInTheMenusOrder) {
+  EXPECT_EQ(ChannelOfCommand(112), std::nullopt);
+  EXPECT_EQ(ChannelOfCommand(113), -1);
+  EXPECT_EQ(ChannelOfCommand(122), -10);
+  EXPECT_EQ(ChannelOfCommand(123), -11);
+  EXPECT_EQ(ChannelOfCommand(132), -20);
+  EXPECT_EQ(ChannelOfCommand(133), -21);
+  EXPECT_EQ(ChannelOfCommand(142), -30);
+  EXPECT_EQ(ChannelOfCommand(143), std::nullopt);
+}
+
+TEST_F(MainCommandsTest, AReadBecomesANewChangedDocument) {
+  test_seams.files.push_back(Chosen(folder.File("old.rdf")));
+  ASSERT_TRUE(SaveDocumentAs(*document));
+  const bool read = ReadRadioIntoDocument(*document, port, [this] {
+    EXPECT_EQ(document->working_copy, document->image);
+    document->working_copy[5000] ^= 0xFF;
+    return true;
+  });
+  EXPECT_TRUE(read);
+  EXPECT_EQ(document->image[5000], document->working_copy[5000]);
+  EXPECT_EQ(document->name, "NONAME.RDF");
+  EXPECT_TRUE(document->changed);
+  EXPECT_TRUE(document->untitled);
+}
+
+TEST_F(MainCommandsTest, AFailedReadLeavesAFreshNewDocument) {
+  const CloneImage fresh = document->image;
+  document->image[5000] ^= 0xFF;
+  test_seams.answers = {Answer::kNo};
+  EXPECT_FALSE(ReadRadioIntoDocument(*document, port, [this] {
+    document->working_copy.fill(0x77);
+    return false;
+  }));
+  EXPECT_EQ(document->image, fresh);
+  EXPECT_EQ(document->name, "NONAME.RDF");
+  EXPECT_FALSE(document->changed);
+}
+
+TEST_F(MainCommandsTest, CancelAtTheQuestionReadsNothing) {
+  document->image[5000] ^= 0xFF;
+  const CloneImage before = document->image;
+  EXPECT_FALSE(ReadRadioIntoDocument(*document, port, [] {
+    ADD_FAILURE();
+    return true;
+  }));
+  EXPECT_EQ(document->image, before);
+}
+
+TEST_F(MainCommandsTest, WithoutAPortTheSetUpComesAndGivingItUpStopsTheCommand) {
+  port.Close();
+  const auto never = [] {
+    ADD_FAILURE();
+    return true;
+  };
+  EXPECT_FALSE(ReadRadioIntoDocument(*document, port, never));
+  EXPECT_FALSE(SendDocumentToRadio(*document, port, never));
+  EXPECT_EQ(test_seams.asked_ports.size(), 2U);
+  EXPECT_TRUE(test_seams.messages.empty());
+  test_seams.ports = {4};
+  EXPECT_TRUE(SendDocumentToRadio(*document, port, [] { return true; }));
+}
+
+TEST_F(MainCommandsTest, SendingUsesACopyAndCollectsFirst) {
+  test_seams.controls = [](CloneImage& image) { image[100] = 'A'; };
+  EXPECT_TRUE(SendDocumentToRadio(*document, port, [this] {
+    EXPECT_EQ(document->working_copy[100], 'A');
+    document->working_copy[5000] ^= 0xFF;
+    return true;
+  }));
+  EXPECT_NE(document->image[5000], document->working_copy[5000]);
+  EXPECT_TRUE(document->changed);
+}
+
+TEST_F(MainCommandsTest, ExportMarksTheDocumentAsChangedEvenWhenCancelled) {
+  ExportChannels(*document);
+  EXPECT_TRUE(document->changed);
+  ASSERT_EQ(test_seams.save_boxes.size(), 1U);
+  EXPECT_STREQ(test_seams.save_boxes[0].title, "Export Radio File");
+}
+
+TEST_F(MainCommandsTest, ExportProposesItsOwnLastName) {
+  test_seams.files = {Chosen(folder.File("mine.rdf")), Chosen(folder.File("list.csv"))};
+  ASSERT_TRUE(SaveDocumentAs(*document));
+  ExportChannels(*document);
+  EXPECT_EQ(test_seams.save_boxes.back().initial_name, "");
+  ExportChannels(*document);
+  EXPECT_EQ(test_seams.save_boxes.back().initial_name, "list.csv");
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"list.csv", "mine.rdf"}));
+}
+
+// The "V Ham" home record, with 180 MHz received and 145 MHz in the offset field.
+constexpr std::size_t kVHamHome = 8958 + 5 * 22;
+template <typename Image>
+void PutHomeSlotOutsideItsBand(Image& image) {
+  image[kVHamHome + 2] = 0x18;
+  image[kVHamHome + 3] = 0x00;
+  image[kVHamHome + 4] = 0x00;
+  image[kVHamHome + 14] = 0x14;
+  image[kVHamHome + 15] = 0x50;
+  image[kVHamHome + 16] = 0x00;
+}
+
+TEST_F(MainCommandsTest, OpeningAFileOfAnotherVersionMovesAHomeSlotIntoItsBand) {
+  Bytes file = BytesOf(document->image);
+  file[3068] = 2;
+  PutHomeSlotOutsideItsBand(file);
+  FixChecksums(file);
+  PutFile(folder.File("other.rdf"), file);
+  test_seams.files.push_back(Chosen(folder.File("other.rdf")));
+  OpenRadioFile(*document);
+  EXPECT_TRUE(test_seams.messages.empty());
+  EXPECT_EQ(document->image[kVHamHome + 2], 0x14);
+  EXPECT_EQ(document->image[kVHamHome + 3], 0x50);
+  EXPECT_EQ(document->image[kVHamHome + 4], 0x00);
+  EXPECT_EQ(document->working_copy, document->image);
+}
+
+TEST_F(MainCommandsTest, OpeningAFileOfTheSameVersionMovesNothing) {
+  Bytes file = BytesOf(document->image);
+  PutHomeSlotOutsideItsBand(file);
+  FixChecksums(file);
+  PutFile(folder.File("same.rdf"), file);
+  test_seams.files.push_back(Chosen(folder.File("same.rdf")));
+  OpenRadioFile(*document);
+  EXPECT_EQ(document->image[kVHamHome + 2], 0x18);
+}
+
+TEST_F(MainCommandsTest, TheConversionRunsAfterACancelledOpenToo) {
+  document->image[3068] = 2;
+  PutHomeSlotOutsideItsBand(document->image);
+  document->working_copy = document->image;
+  OpenRadioFile(*document);
+  EXPECT_EQ(document->image[kVHamHome + 2], 0x14);
+}
+
+}  // namespace
+}  // namespace qz7
