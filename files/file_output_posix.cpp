@@ -41,6 +41,14 @@ std::string RealTarget(const std::string& path) {
   return real ? std::string(real.get()) : path;
 }
 
+// A short name in the target's folder, so that it fits wherever the target's own does; no other
+// process uses it.
+std::string FreshNameBeside(const std::string& target) {
+  const std::size_t slash = target.rfind('/');
+  const std::string folder = slash == std::string::npos ? "" : target.substr(0, slash + 1);
+  return folder + "~qz7-" + std::to_string(getpid()) + ".tmp";
+}
+
 WriteOutcome WriteInPlace(const std::string& path, std::span<const std::uint8_t> bytes) {
   const int file = open(path.c_str(), O_WRONLY | O_TRUNC | O_CLOEXEC);
   if (file < 0) {
@@ -80,12 +88,13 @@ WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_
   if (exists && !S_ISREG(old.st_mode)) {
     return WriteInPlace(target, bytes);
   }
-  const std::string fresh = target + ".qz7-save";
-  // One that an earlier, killed save left behind.
+  const std::string fresh = FreshNameBeside(target);
+  // One that a killed save of the same process number left behind.
   unlink(fresh.c_str());
   const int file = open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW | O_CLOEXEC, 0666);
   if (file < 0) {
-    return exists ? WriteInPlace(target, bytes) : WriteOutcome::kCannotCreate;
+    const bool folder_is_closed = errno == EACCES || errno == EPERM || errno == EROFS;
+    return exists && folder_is_closed ? WriteInPlace(target, bytes) : WriteOutcome::kCannotCreate;
   }
   if (exists) {
     // The file keeps its owner where this user may give it away, and its permissions in any case.

@@ -21,6 +21,14 @@ HANDLE OpenForWriting(const std::string& path, DWORD disposition) {
                      nullptr);
 }
 
+// A short name in the target's folder, so that it fits wherever the target's own does; no other
+// process uses it.
+std::string FreshNameBeside(const std::string& path) {
+  const std::size_t folder_end = path.find_last_of("\\/:");
+  const std::string folder = folder_end == std::string::npos ? "" : path.substr(0, folder_end + 1);
+  return folder + "~qz7-" + std::to_string(GetCurrentProcessId()) + ".tmp";
+}
+
 WriteOutcome WriteInPlace(const std::string& path, std::span<const std::uint8_t> bytes) {
   const HANDLE file = OpenForWriting(path, TRUNCATE_EXISTING);
   if (file == INVALID_HANDLE_VALUE) {
@@ -40,10 +48,11 @@ WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_
   if (exists && (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
     return WriteOutcome::kCannotCreate;
   }
-  const std::string fresh = path + ".qz7-save";
+  const std::string fresh = FreshNameBeside(path);
   const HANDLE file = OpenForWriting(fresh, CREATE_ALWAYS);
   if (file == INVALID_HANDLE_VALUE) {
-    return exists ? WriteInPlace(path, bytes) : WriteOutcome::kCannotCreate;
+    const bool folder_is_closed = GetLastError() == ERROR_ACCESS_DENIED;
+    return exists && folder_is_closed ? WriteInPlace(path, bytes) : WriteOutcome::kCannotCreate;
   }
   if (!FinishFile(file, bytes)) {
     DeleteFileA(fresh.c_str());

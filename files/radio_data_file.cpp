@@ -1,7 +1,6 @@
 #include "files/radio_data_file.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <numeric>
 #include <random>
@@ -162,11 +161,10 @@ bool WriteTemplateFile(CloneImage& image, const std::string& path) {
 
 std::string TemplatePath(const std::string& folder, const std::string& name) {
   constexpr std::size_t kNameCharacters = 8;
-  constexpr auto kSeparator = static_cast<char>(std::filesystem::path::preferred_separator);
   std::string stem = name.substr(0, kNameCharacters);
   stem.erase(std::min(stem.find('.'), stem.size()));
   stem.erase(std::min(stem.find(' '), stem.size()));
-  return folder + kSeparator + stem + ".tpl";
+  return folder + "\\" + stem + ".tpl";
 }
 
 }  // namespace qz7

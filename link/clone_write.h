@@ -33,7 +33,7 @@ void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_co
 // header. Ignored unless the exchange is idle.
 void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& template_path);
 
-// The template checks of StartCloneWrite alone, with their messages. kStay: choose another.
+// The checks of a template that has been named, with their messages. kStay: choose another.
 enum class TemplateOutcome { kUsable, kStay, kGiveUp };
 TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& template_path);
 

@@ -42,6 +42,16 @@ TEST(GroupTable, DoesNotTakeAFreeEntryForChannel256) {
   EXPECT_FALSE(IsInGroup(*image, 0, 255));
 }
 
+TEST(GroupTable, TakesAnyFirstByteBut255ForAUsedEntry) {
+  auto image = ImageWith(NoGroups());
+  PutBytes(*image, 3110, {9, 4, 254, 5});
+  EXPECT_TRUE(IsInGroup(*image, 0, 4));
+  EXPECT_TRUE(IsInGroup(*image, 0, 5));
+  RenameInGroups(*image, 4, 6);
+  RemoveFromGroup(*image, 0, 5);
+  EXPECT_EQ(BytesAt(*image, 3110, 4), (Bytes{9, 6, 255, 255}));
+}
+
 TEST(GroupTable, AppendsAtTheFirstFreePlace) {
   auto image = ImageWith({{4, 9}, {}, {}, {}, {}});
   AppendToGroup(*image, 0, 2);

@@ -136,12 +136,12 @@ TEST(VariantConversion, PutsMwOnTheNineKilohertzGridWithTheTenKilohertzStepElsew
   }
   PutBytes(*image, RecordPlace(-1), Record(1000, 1000, 0, 0x11));
   PutBytes(*image, RecordPlace(-11), Record(1008, 1000, 8, 0x11));
-  PutBytes(*image, RecordPlace(-21), Record(1000, 1000, 0, 0x10));
+  PutBytes(*image, RecordPlace(-21), Record(1010, 1000, 0, 0x10));
   const CloneImage converted = Converted(*image);
-  // 10000 units rounded down to a multiple of 9 is 9999, that is 999 kHz.
+  // In units of 100 Hz: 10000 becomes 9999, and 10100 becomes 10098.
   EXPECT_EQ(BytesAt(converted, RecordPlace(-1), 22), Record(999, 0, 1, 0x10));
   EXPECT_EQ(BytesAt(converted, RecordPlace(-11), 22), Record(1008, 1000, 8, 0x11));
-  EXPECT_EQ(BytesAt(converted, RecordPlace(-21), 22), Record(999, 1000, 1, 0x10));
+  EXPECT_EQ(BytesAt(converted, RecordPlace(-21), 22), Record(1009, 1000, 1, 0x10));
 }
 
 Bytes ConvertedChannel(int n, const Bytes& record, std::uint8_t flags) {

@@ -1,0 +1,182 @@
+#!/usr/bin/env python3
+"""Editing, importing, exporting and merging with the console program, from outside:
+qz7ctl_edit_test.py FOLDER_OF_THE_PROGRAMS"""
+import os
+import sys
+import unittest
+
+from qz7 import SystemTest, fields, patched
+
+
+class EditTest(SystemTest):
+    def setUp(self):
+        super().setUp()
+        self.read_radio("a.rdf")
+
+    def diff(self, name):
+        return self.ctl("diff", "a.rdf", name)[1].splitlines()
+
+    def refused(self, message, *arguments):
+        status, out, err = self.ctl(*arguments)
+        self.assertEqual((1, "", message + "\n"), (status, out, err))
+        self.assertFalse(os.path.exists(self.path("b.rdf")))
+
+
+class Setting(EditTest):
+    def test_changes_the_named_fields_and_no_other(self):
+        self.ok("set", "a.rdf", "b.rdf", "1", "name=HILL", "skip=on", "comment=on the hill")
+        self.assertEqual(['channel 1: name "SIMPLEX" -> "HILL"',
+                          'channel 1: comment "" -> "on the hill"',
+                          'channel 1: skip "off" -> "on"'], self.diff("b.rdf"))
+
+    def test_takes_what_show_prints(self):
+        told = self.ok("show", "a.rdf", "3").splitlines()
+        self.ok("set", "a.rdf", "b.rdf", "3", *told)
+        self.assertEqual([], self.diff("b.rdf"))
+
+    def test_starts_an_unprogrammed_channel_from_the_defaults(self):
+        self.ok("set", "a.rdf", "b.rdf", "100", "rx=145.5")
+        told = fields(self.ok("show", "b.rdf", "100"))
+        self.assertEqual(("145.5000", "600 kHz", "100.0", "High", "off"),
+                         (told["rx"], told["offset"], told["tone"], told["power"],
+                          told["masked"]))
+
+    def test_follows_the_shift_with_the_transmit_frequency(self):
+        self.ok("set", "a.rdf", "b.rdf", "100", "rx=146.94", "shift=minus")
+        self.assertEqual("146.3400", fields(self.ok("show", "b.rdf", "100"))["tx"])
+
+    def test_refuses_in_the_editors_words(self):
+        self.refused("A valid receive frequency is required",
+                     "set", "a.rdf", "b.rdf", "5", "rx=2000")
+        self.refused("A valid receive frequency is required",
+                     "set", "a.rdf", "b.rdf", "-26", "rx=180")
+        self.refused("Tx Shift must be less than 99.95MHz.",
+                     "set", "a.rdf", "b.rdf", "5", "offset=100 MHz")
+        self.refused("Tx Shift must be a 50kHz step.",
+                     "set", "a.rdf", "b.rdf", "5", "offset=601 kHz")
+
+    def test_keeps_channel_1_programmed(self):
+        self.refused("Memory channel 1 must always be programmed",
+                     "set", "a.rdf", "b.rdf", "1", "rx=")
+
+    def test_refuses_a_field_that_is_none(self):
+        status, _, err = self.ctl("set", "a.rdf", "b.rdf", "1", "colour=red")
+        self.assertEqual(1, status)
+        self.assertIn("colour", err)
+
+    def test_the_input_stays_as_it_was_unless_it_is_the_output(self):
+        before = self.read_bytes("a.rdf")
+        self.ok("set", "a.rdf", "b.rdf", "1", "name=HILL")
+        self.assertEqual(before, self.read_bytes("a.rdf"))
+        self.ok("set", "a.rdf", "a.rdf", "1", "name=HILL")
+        self.assertEqual("HILL", fields(self.ok("show", "a.rdf", "1"))["name"])
+
+
+class Moving(EditTest):
+    def name_of(self, file, n):
+        return fields(self.ok("show", file, str(n)))["name"]
+
+    def test_moves_up_and_down(self):
+        self.ok("move", "a.rdf", "b.rdf", "down", "1")
+        self.assertEqual(("SIMPLEX2", "SIMPLEX"),
+                         (self.name_of("b.rdf", 1), self.name_of("b.rdf", 2)))
+        self.ok("move", "b.rdf", "b.rdf", "up", "2")
+        self.assertEqual([], self.diff("b.rdf"))
+
+    def test_deletes_and_inserts(self):
+        self.ok("move", "a.rdf", "b.rdf", "delete", "2")
+        self.assertEqual("RPT 1", self.name_of("b.rdf", 2))
+        self.ok("move", "b.rdf", "b.rdf", "insert", "2")
+        self.assertEqual("", fields(self.ok("show", "b.rdf", "2"))["rx"])
+        self.assertEqual("RPT 1", self.name_of("b.rdf", 3))
+
+    def test_refuses_what_the_list_refuses(self):
+        self.refused("Channel 1 does not allow up.", "move", "a.rdf", "b.rdf", "up", "1")
+        self.refused("Channel 240 does not allow clear.", "move", "a.rdf", "b.rdf", "clear", "240")
+        self.refused("Channel 221 does not allow delete.",
+                     "move", "a.rdf", "b.rdf", "delete", "221")
+        self.refused("Memory channel 1 must always be programmed",
+                     "move", "a.rdf", "b.rdf", "clear", "1")
+
+    def test_lets_the_last_channel_fall_off_only_with_yes(self):
+        self.ok("set", "a.rdf", "full.rdf", "220", "rx=145.5")
+        self.refused("Memory channel 220 is active and will be deleted\nProceed?",
+                     "move", "full.rdf", "b.rdf", "insert", "5")
+        self.ok("move", "full.rdf", "b.rdf", "insert", "5", "--yes")
+        self.assertEqual("", fields(self.ok("show", "b.rdf", "220"))["rx"])
+
+
+class Interchange(EditTest):
+    def test_export_writes_crlf_lines_and_the_single_byte_sign(self):
+        self.ok("export", "a.rdf", "a.csv")
+        lines = self.read_bytes("a.csv").split(b"\r\n")
+        self.assertTrue(lines[0].startswith(b'"RX Frequency","TX Frequency","Offset"'))
+        self.assertEqual(1 + 18 + 1, len(lines))
+        self.assertEqual(b"", lines[-1])
+        self.assertIn(b'"436.7950"', lines[12])
+        self.assertIn(b'"\xb1"', lines[12])
+
+    def test_an_export_comes_back_through_import(self):
+        self.ok("export", "a.rdf", "a.csv")
+        self.ok("new", "empty.rdf")
+        self.ok("import", "empty.rdf", "a.csv", "b.rdf", "--headers", "--start", "1")
+        for n in (1, 3, 7, 12, 15):
+            before = fields(self.ok("show", "a.rdf", str(n)))
+            after = fields(self.ok("show", "b.rdf", str(n)))
+            for name in ("rx", "tx", "shift", "name", "skip"):
+                with self.subTest(channel=n, field=name):
+                    self.assertEqual(before[name], after[name])
+
+    def test_import_places_the_selected_records_from_the_start_on(self):
+        self.write_bytes("l.txt", b"145.5;A\n146.5;B\n2000;C\n147.5;D\n148.5;E\n")
+        self.ok("import", "a.rdf", "l.txt", "b.rdf", "--separator", ";", "--columns", "rx=1,name=2",
+                "--select", "1,3-4", "--start", "100")
+        names = [fields(self.ok("show", "b.rdf", str(n)))["name"] for n in range(100, 104)]
+        self.assertEqual(["A", "D", "E", ""], names)
+
+    def test_import_refuses_in_the_systems_words(self):
+        self.write_bytes("l.txt", b"145.5,A\n146.5,B\n")
+        self.refused("Too many frequencies are selected.\nDeselect some of the frequencies so that\n"
+                     "Selected is less that Available - Start.",
+                     "import", "a.rdf", "l.txt", "b.rdf", "--columns", "rx=1", "--start", "240")
+        self.refused("Illegal Start Channel",
+                     "import", "a.rdf", "l.txt", "b.rdf", "--columns", "rx=1", "--start", "0")
+        self.refused("Error opening file: none.txt",
+                     "import", "a.rdf", "none.txt", "b.rdf", "--columns", "rx=1")
+        self.refused("The list has only 2 usable records.",
+                     "import", "a.rdf", "l.txt", "b.rdf", "--columns", "rx=1", "--select", "3")
+
+    def test_merge_takes_the_channels_of_another_file(self):
+        self.ok("new", "empty.rdf")
+        self.ok("merge", "empty.rdf", "a.rdf", "b.rdf", "--start", "50")
+        self.assertEqual("SIMPLEX", fields(self.ok("show", "b.rdf", "50"))["name"])
+        self.ok("merge", "empty.rdf", "a.rdf", "c.rdf", "--start", "50", "--ham-only")
+        told = [fields(self.ok("show", "c.rdf", str(n)))["rx"] for n in range(50, 70)]
+        self.assertNotIn("123.4500", told)
+        self.assertIn("145.5000", told)
+
+    def test_merge_by_key_looks_into_the_comments(self):
+        self.ok("set", "a.rdf", "k.rdf", "9", "comment=Local RPT north")
+        self.ok("new", "empty.rdf")
+        self.ok("merge", "empty.rdf", "k.rdf", "b.rdf", "--key", "rpt", "--start", "7")
+        self.assertEqual("CALL 2M", fields(self.ok("show", "b.rdf", "7"))["name"])
+        self.assertEqual("2", fields(self.ok("info", "b.rdf"))["programmed-channels"])
+
+    def test_merge_refuses_in_the_systems_words(self):
+        self.refused("Illegal Start Channel",
+                     "merge", "a.rdf", "a.rdf", "b.rdf", "--start", "240")
+        self.refused("No memories selected for merge",
+                     "merge", "a.rdf", "a.rdf", "b.rdf", "--key", "nowhere", "--start", "100")
+        self.refused("Cannot fit selected memories.\nUse lower start channel, and/or select "
+                     "overwrite.", "merge", "a.rdf", "a.rdf", "b.rdf", "--start", "10")
+        self.write_bytes("big", patched(self.read_bytes("a.rdf"), {15: 0x7F}))
+        self.refused("Out of Memory", "merge", "a.rdf", "big", "b.rdf", "--start", "100")
+
+
+def main():
+    SystemTest.programs = os.path.abspath(sys.argv.pop(1))
+    unittest.main()
+
+
+if __name__ == "__main__":
+    main()
