@@ -4,7 +4,10 @@
 
 #include <memory>
 
+#include "editors/autodial.h"
 #include "files/document.h"
+#include "interchange/import_session.h"
+#include "interchange/merge.h"
 #include "link/serial_port.h"
 
 namespace qz7 {
@@ -13,6 +16,9 @@ namespace qz7 {
 struct AppState {
   Document document;
   std::unique_ptr<SerialPort> port;
+  ImportSession import_session;
+  MergeOptions merge_options;
+  DtmfDisplay dtmf_display = DtmfDisplay::kSymbols;  // of the autodial numbers
   HWND main_window = nullptr;
   HWND main_dialog = nullptr;  // null once the dialog is destroyed
 };

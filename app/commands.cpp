@@ -4,14 +4,17 @@
 
 #include "app/about_dialog.h"
 #include "app/app_state.h"
+#include "app/channel_commands.h"
+#include "app/feature_commands.h"
 #include "app/file_commands.h"
 #include "app/help.h"
-#include "app/menu_channels.h"
+#include "app/interchange_commands.h"
 #include "app/radio_commands.h"
 #include "files/preferences_dialog.h"
 #include "files/template_dialog.h"
 #include "link/clone_dialogs.h"
 #include "link/port_setup.h"
+#include "resources/control_ids.h"
 
 namespace qz7 {
 namespace {
@@ -57,6 +60,9 @@ bool RunFileCommand(int command) {
     case CM_EXPORT:
       ExportChannels(app.document);
       return true;
+    case CM_IMPORT:
+      ImportChannels(app.document, app.import_session);
+      return true;
     case CM_EXIT:
       PostMessageA(app.main_window, WM_CLOSE, 0, 0);
       return true;
@@ -86,6 +92,9 @@ bool RunRadioCommand(int command) {
 
 bool RunOtherCommand(int command) {
   switch (command) {
+    case CM_MERGE:
+      MergeFromFile(app.document, app.merge_options);
+      return true;
     case CM_PREFERENCES:
       ShowPreferencesDialog(app.document.preferences);
       return true;
@@ -109,25 +118,11 @@ bool RunOtherCommand(int command) {
 // Commands whose first step is to collect the main dialog; their screens are not there yet.
 bool RunEditorCommand(int command) {
   switch (command) {
-    case CM_IMPORT:
     case CM_PRINT:
-    case CM_VIEW:
-    case CM_GROUP:
-    case CM_MERGE:
-    case CM_AUTODIAL:
-    case CM_SETTINGS:
-    case CM_VORN:
       CollectMainDialog(app.document);
-      return true;
-    case CM_WX_NAMES:
-    case CM_ICON_SELECT:
       return true;
     default:
-      if (!ChannelOfCommand(command)) {
-        return false;
-      }
-      CollectMainDialog(app.document);
-      return true;
+      return false;
   }
 }
 
@@ -135,7 +130,7 @@ bool RunEditorCommand(int command) {
 
 bool RunCommand(int command) {
   return RunFileCommand(command) || RunRadioCommand(command) || RunOtherCommand(command) ||
-         RunEditorCommand(command);
+         RunFeatureCommand(command) || RunChannelCommand(command) || RunEditorCommand(command);
 }
 
 }  // namespace qz7

@@ -6,7 +6,17 @@ namespace qz7 {
 inline constexpr int kHelpGetData = 102;
 inline constexpr int kHelpSendData = 103;
 inline constexpr int kHelpDataSent = 104;
+inline constexpr int kHelpMemoryList = 106;
+inline constexpr int kHelpAutodial = 108;
+inline constexpr int kHelpMerge = 110;
+inline constexpr int kHelpCopyMany = 112;
+inline constexpr int kHelpVorn = 119;
+inline constexpr int kHelpGroups = 120;
+inline constexpr int kHelpSettings = 121;
 inline constexpr int kHelpPreferences = 122;
+inline constexpr int kHelpWxNames = 123;
+inline constexpr int kHelpIcons = 125;
+inline constexpr int kHelpImportColumns = 224;
 
 // Opens the help at a topic: "qz7.hlp" where the system has a viewer for it, otherwise "qz7.html"
 // in the browser. Nothing happens where neither is there.

@@ -296,6 +296,12 @@ const Field* FindField(std::string_view name) {
                       [=](const Field& field) { return field.name == name; });
 }
 
+// A refusal in the system's own words stands as it is.
+bool IsSystemText(std::string_view value, std::string_view reason) {
+  const char* message = CheckOffset(value).message;
+  return message != nullptr && reason == message;
+}
+
 }  // namespace
 
 bool SetEditorField(ChannelEditor& editor, std::string_view name, std::string_view value,
@@ -307,7 +313,7 @@ bool SetEditorField(ChannelEditor& editor, std::string_view name, std::string_vi
   }
   const WhyNot reason = field->set(editor, value);
   if (!reason.empty()) {
-    why_not = std::string(name) + ": " + reason;
+    why_not = IsSystemText(value, reason) ? reason : std::string(name) + ": " + reason;
   }
   return reason.empty();
 }

@@ -13,7 +13,7 @@ namespace qz7 {
 //       0  180   document header (files/document_header.h)
 //     180  2880  channel summary table, 240 x 12, derived from the channel records
 //    3060  8122  radio memory block: what the radio sends and takes
-//      3102  245   memory groups (image/group_table.h)
+//      3102  248   memory groups (image/settings_map.h)
 //      3358  240   flag bytes of memory channels 1..240
 //      3598   30   flag bytes of the special slots: home 20..29, then VFO 0..19
 //      3678  5280  records of memory channels 1..240, 22 bytes each

@@ -66,6 +66,128 @@
 // DlgProcSetupPort
 #define ID_PORT 101
 
+// DlgImport
+#define ID_IMPORT_FILE 101
+#define ID_BROWSE_IMPORT 102
+#define ID_FIXED_LENGTH 103
+#define ID_DELIMITED 104
+#define ID_FIELD_SEPARATOR 105
+#define ID_TEXT_SEPARATOR 106
+#define ID_HEADERS 107
+
+// DlgImportList: a button for each field from ID_FIRST_FIELD on
+#define ID_COLUMN_FIELDS 101
+#define ID_COLUMN_TEXTS 102
+#define ID_FIRST_FIELD 110
+
+// DlgSelectList
+#define ID_IMPORT_ROWS 101
+#define ID_IN_LIST 102
+#define ID_SELECTED 103
+#define ID_AVAILABLE 104
+#define ID_START_MEMORY 105
+#define ID_SELECT_ALL 106
+#define ID_UNSELECT_ALL 107
+#define ID_OVERWRITE 108
+#define ID_IMPORT_TO 109
+#define ID_IMPORT_GROUP_1 110
+#define ID_IMPORT_GROUP_2 111
+
+// DlgMergeMem
+#define ID_MERGE_RADIO_TYPE 101
+#define ID_MERGE_AVAILABLE 102
+#define ID_MERGE_SELECTED 103
+#define ID_MERGE_KEY 104
+#define ID_MERGE_USE_KEY 105
+#define ID_MERGE_ONLY_HAM 106
+#define ID_MERGE_START 107
+#define ID_MERGE_OVERWRITE 108
+#define ID_MERGE_GROUP_2 109
+
+// DLLDlgListMemory
+#define ID_CHANNEL_LIST 101
+#define ID_CHANNEL_HEADER 102
+#define ID_EDIT_CHANNEL 103
+#define ID_MOVE_UP 104
+#define ID_MOVE_DOWN 105
+#define ID_INSERT_CHANNEL 106
+#define ID_DELETE_CHANNEL 107
+#define ID_CLEAR_CHANNEL 108
+
+// DLLDlgEditMemory, DLLDlgEditVfo
+#define ID_RECEIVE 101
+#define ID_STEP 102
+#define ID_BAND_DEFAULTS 103
+#define ID_SHIFT_SIMPLEX 104
+#define ID_SHIFT_MINUS 105
+#define ID_SHIFT_PLUS 106
+#define ID_SHIFT_ODD_SPLIT 107
+#define ID_OFFSET 108
+#define ID_TRANSMIT 109
+#define ID_MODE 110
+#define ID_POWER 111
+#define ID_TONE_TYPE 112
+#define ID_TONE 113
+#define ID_DCS 114
+#define ID_NAME_LABEL 115
+#define ID_NAME 116
+#define ID_COMMENT 117
+#define ID_ICON 118
+#define ID_SKIP 119
+#define ID_MASKED 120
+#define ID_OPTION_A 121
+#define ID_OPTION_B 122
+#define ID_OPTION_FLAG 123
+#define ID_PREVIOUS 124
+#define ID_NEXT 125
+
+// DLLDlgGroupList
+#define ID_GROUP 101
+#define ID_GROUP_CHANNELS 102
+#define ID_ADD_TO_GROUP 103
+#define ID_REMOVE_FROM_GROUP 104
+#define ID_GROUP_MEMBERS 105
+
+// DLLDlgCopyMany
+#define ID_COPY_FIRST 101
+#define ID_COPY_SECOND 102
+#define ID_COPY_OPTION_A 103
+#define ID_COPY_OPTION_B 104
+
+// The feature editors. ID_USE_DEFAULTS and ID_STORE_DEFAULTS are in each of them.
+// DLLDlgSetting
+#define ID_LEVEL_A 101
+#define ID_LEVEL_B 102
+#define ID_SCALE 103
+#define ID_TIME_OF_DAY 104
+#define ID_NUMBER_A 105
+#define ID_NUMBER_B 106
+#define ID_SENSOR_DISPLAY 107
+#define ID_DISPLAY_SYMBOL 108
+#define ID_SYMBOL_TEXT 109
+#define ID_SETTING_FIRST 110
+#define ID_SETTING_SECOND 111
+
+// DLLDlgVorn
+#define ID_VORN_MODE_FIRST 101
+#define ID_VORN_MODE_SECOND 102
+#define ID_VORN_MODE_THIRD 103
+#define ID_VORN_SWITCH_FIRST 104
+#define ID_VORN_SWITCH_SECOND 105
+#define ID_VORN_FLAG 106
+#define ID_VORN_IDENTIFIER 107
+
+// DLLDlgAutoDial: nine numbers from the first
+#define ID_AUTODIAL_FIRST 101
+#define ID_DTMF_SYMBOLS 110
+#define ID_AUTODIAL_FLAG 111
+
+// DLLDlgWXNames: ten names from the first
+#define ID_WX_NAME_FIRST 101
+
+// DLLDlgIconSelect: 15 lists from the first
+#define ID_ICON_FIRST 101
+
 // MainMenu
 #define CM_NEW 100
 #define CM_OPEN 101

@@ -16,6 +16,7 @@ class Program : public testing::Environment {
     dialog_modules.program = GetModuleHandleA(nullptr);
     dialog_modules.help_path = BesideProgram("qz7.hlp");
     ASSERT_TRUE(RegisterMainWindow());
+    ASSERT_NE(AddFontResourceA(BesideProgram("qz7.fon").c_str()), 0);
   }
 };
 

@@ -87,8 +87,8 @@ TEST(ChannelFields, RefuseATransmitFrequencyThatIsNotTheShifts) {
 
 TEST(ChannelFields, RefuseAnOffsetWithTheEditorsTexts) {
   const ChannelEditor editor = Editor();
-  EXPECT_EQ(WhyNot(editor, "offset", "99.9501"), "offset: Tx Shift must be less than 99.95MHz.");
-  EXPECT_EQ(WhyNot(editor, "offset", "1.6025"), "offset: Tx Shift must be a 50kHz step.");
+  EXPECT_EQ(WhyNot(editor, "offset", "99.9501"), "Tx Shift must be less than 99.95MHz.");
+  EXPECT_EQ(WhyNot(editor, "offset", "1.6025"), "Tx Shift must be a 50kHz step.");
 }
 
 TEST(ChannelFields, KeepAnOffsetThatIsSetToTheTextItShows) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
 #include <memory>
 
 #include "image/band_plan.h"
@@ -40,6 +41,13 @@ class DocumentTest : public testing::Test {
     test_seams.controls = [letter](CloneImage& image) {
       image[100] = static_cast<std::uint8_t>(letter);
     };
+  }
+
+  // The system's "\\" separates folder and name in a path that the program makes: elsewhere it is a
+  // part of the name, and this keeps such a file inside the test's own folder.
+  void UseFolderInside() {
+    document->preferences.data_folder = folder.File("data");
+    std::filesystem::create_directory(document->preferences.data_folder);
   }
 
   TempFolder folder;
@@ -304,6 +312,7 @@ TEST_F(DocumentTest, AMissingFileOfTheCommandLineLeavesTheNewDocument) {
 }
 
 TEST_F(DocumentTest, ATemplateIsTheImageJustReadUnderTheOtherMagic) {
+  UseFolderInside();
   const CloneImage new_document = document->image;
   document->working_copy[9000] = 0x5A;
   EXPECT_TRUE(CreateTemplate(*document, "Template"));
@@ -318,23 +327,29 @@ TEST_F(DocumentTest, ATemplateIsTheImageJustReadUnderTheOtherMagic) {
 }
 
 TEST_F(DocumentTest, ATemplatesNameIsCutAtTheDotAndThenAtTheBlank) {
+  UseFolderInside();
   EXPECT_TRUE(CreateTemplate(*document, "my radio.x"));
-  EXPECT_EQ(folder.Names(), std::vector<std::string>{"my.tpl"});
+  EXPECT_EQ(document->preferences.template_path, document->preferences.data_folder + "\\my.tpl");
+  EXPECT_EQ(FileBytes(document->preferences.template_path).size(), 21'282U);
 }
 
 TEST_F(DocumentTest, ATemplatesNameThatIsCutToNothingGivesTheBareExtension) {
+  UseFolderInside();
   EXPECT_TRUE(CreateTemplate(*document, " x"));
-  EXPECT_EQ(folder.Names(), std::vector<std::string>{".tpl"});
+  EXPECT_EQ(document->preferences.template_path, document->preferences.data_folder + "\\.tpl");
+  EXPECT_EQ(FileBytes(document->preferences.template_path).size(), 21'282U);
 }
 
 TEST_F(DocumentTest, AfterATemplateSaveAsksForAName) {
   OpenFileNamed("club.rdf");
+  UseFolderInside();
   EXPECT_TRUE(CreateTemplate(*document, "mine"));
   EXPECT_FALSE(SaveDocument(*document));
   EXPECT_EQ(test_seams.save_boxes.size(), 1U);
 }
 
 TEST_F(DocumentTest, ATemplateOfVersion2LiftsTheFrequencyBlocks) {
+  UseFolderInside();
   for (const int version : {0, 1, 3}) {
     document->working_copy[3068] = static_cast<std::uint8_t>(version);
     EXPECT_TRUE(CreateTemplate(*document, "mine"));
@@ -346,7 +361,7 @@ TEST_F(DocumentTest, ATemplateOfVersion2LiftsTheFrequencyBlocks) {
 }
 
 TEST_F(DocumentTest, ATemplateThatCannotBeWrittenIsConfiguredAllTheSame) {
-  document->preferences.data_folder = folder.File("none");
+  document->preferences.data_folder = folder.File("none/none");
   document->working_copy[3068] = 2;
   EXPECT_FALSE(CreateTemplate(*document, "mine"));
   EXPECT_EQ(test_seams.messages.size(), 1U);

@@ -1,0 +1,262 @@
+#include "tests/ui/feature_fixture.h"
+
+namespace qz7 {
+namespace {
+
+class SettingsDialogTest : public FeatureDialogTest {
+ protected:
+  SettingsDialogTest() {
+    Put(Image(), 10'194, {6});                             // scale
+    Put(Image(), 10'196, {0, 7, 0, 8});                    // numbers
+    Put(Image(), 10'224, {1});                             // sensors
+    Put(Image(), 10'242, {1, 2});                          // time, symbol
+    Put(Image(), 10'244, {'O', 'L', 'D', 0, 0, 0, 0, 0});  // symbol text
+    Put(Image(), 10'502, {3, 4});                          // levels
+    Defaults() = {};
+    Put(Defaults(), 576, {15});
+    Put(Defaults(), 578, {0x01, 0x2C, 0x00, 0x2A});
+    Put(Defaults(), 606, {6});
+    Put(Defaults(), 624, {144, 6});
+    Put(Defaults(), 626, BytesOf("DEFAULTS"));
+    Put(Defaults(), 794, {15, 8});
+    Put(Defaults(), 797, {0x40});
+  }
+
+  static void ExpectDefaultsInImage() {
+    EXPECT_EQ(Image()[10'194], 15);
+    EXPECT_EQ(Piece(Image(), 10'196, 4), (Bytes{0x01, 0x2C, 0x00, 0x2A}));
+    EXPECT_EQ(Image()[10'224], 6);
+    EXPECT_EQ(Piece(Image(), 10'242, 2), (Bytes{144, 6}));
+    EXPECT_EQ(Piece(Image(), 10'244, 8), BytesOf("DEFAULTS"));
+    EXPECT_EQ(Piece(Image(), 10'502, 2), (Bytes{15, 8}));
+    EXPECT_EQ(Image()[10'505] & 0x40, 0x40);
+  }
+};
+
+TEST_F(SettingsDialogTest, ShowsTheImage) {
+  Run(CM_SETTINGS, [](HWND dialog) {
+    SavePicture(dialog, "settings");
+    EXPECT_EQ(EntryText(dialog, ID_SCALE, Selection(dialog, ID_SCALE)), "1");
+    EXPECT_EQ(EntryText(dialog, ID_TIME_OF_DAY, Selection(dialog, ID_TIME_OF_DAY)), " 00:10");
+    EXPECT_EQ(EntryText(dialog, ID_TIME_OF_DAY, 144), " 24:00");
+    EXPECT_EQ(Selection(dialog, ID_LEVEL_A), 3);
+    EXPECT_EQ(Selection(dialog, ID_LEVEL_B), 4);
+    EXPECT_EQ(EntryText(dialog, ID_SENSOR_DISPLAY, Selection(dialog, ID_SENSOR_DISPLAY)), "Temp");
+    EXPECT_EQ(Selection(dialog, ID_DISPLAY_SYMBOL), 2);
+    EXPECT_EQ(TextOf(dialog, ID_NUMBER_A), "7");
+    EXPECT_EQ(TextOf(dialog, ID_NUMBER_B), "8");
+    EXPECT_EQ(TextOf(dialog, ID_SYMBOL_TEXT), "OLD");
+    EXPECT_TRUE(IsChecked(dialog, ID_SETTING_FIRST));
+    EXPECT_TRUE(ButtonsEnabled(dialog));
+    Press(dialog, IDCANCEL);
+  });
+}
+
+TEST_F(SettingsDialogTest, EveryListHasItsEntries) {
+  Run(CM_SETTINGS, [](HWND dialog) {
+    const std::vector<std::pair<int, int>> counts = {{ID_LEVEL_A, 16},      {ID_LEVEL_B, 9},
+                                                     {ID_SCALE, 10},        {ID_SENSOR_DISPLAY, 7},
+                                                     {ID_TIME_OF_DAY, 145}, {ID_DISPLAY_SYMBOL, 7}};
+    for (const auto& [list, count] : counts) {
+      EXPECT_EQ(SendDlgItemMessageA(dialog, list, CB_GETCOUNT, 0, 0), count) << list;
+    }
+    EXPECT_EQ(SendDlgItemMessageA(dialog, ID_DISPLAY_SYMBOL, CB_GETITEMHEIGHT, 0, 0), 24);
+    EXPECT_EQ(EntryText(dialog, ID_DISPLAY_SYMBOL, 6), "Chr");
+    Press(dialog, IDCANCEL);
+  });
+}
+
+TEST_F(SettingsDialogTest, OkStoresEveryControlAndNothingElse) {
+  CloneImage wanted = Image();
+  Put(wanted, 10'194, {15});
+  Put(wanted, 10'196, {0x01, 0x2C, 0x03, 0xE7});
+  Put(wanted, 10'224, {6});
+  Put(wanted, 10'242, {144, 6});
+  Put(wanted, 10'244, {'A', 'B', 0, 0, 0, 0, 0, 0});
+  Put(wanted, 10'502, {15, 8});
+  wanted[10'505] |= 0x40;
+  Run(CM_SETTINGS, [](HWND dialog) {
+    Choose(dialog, ID_LEVEL_A, 15);
+    Choose(dialog, ID_LEVEL_B, 8);
+    Choose(dialog, ID_SCALE, 9);
+    Choose(dialog, ID_TIME_OF_DAY, 144);
+    Type(dialog, ID_NUMBER_A, "300");
+    Type(dialog, ID_NUMBER_B, "9999");  // the fourth digit finds no room
+    Choose(dialog, ID_SENSOR_DISPLAY, 6);
+    Choose(dialog, ID_DISPLAY_SYMBOL, 6);
+    Type(dialog, ID_SYMBOL_TEXT, "AB");
+    Press(dialog, ID_SETTING_SECOND);
+    Press(dialog, IDOK);
+  });
+  EXPECT_EQ(Image(), wanted);
+  EXPECT_TRUE(app.document.changed);
+}
+
+TEST_F(SettingsDialogTest, ASymbolOtherThanTheTextKeepsTheText) {
+  Image()[10'243] = 6;
+  Run(CM_SETTINGS, [](HWND dialog) {
+    EXPECT_TRUE(IsEnabled(dialog, ID_SYMBOL_TEXT));
+    Choose(dialog, ID_DISPLAY_SYMBOL, 0);
+    EXPECT_FALSE(IsEnabled(dialog, ID_SYMBOL_TEXT));
+    Press(dialog, IDOK);
+  });
+  EXPECT_EQ(Piece(Image(), 10'243, 9), (Bytes{0, 'O', 'L', 'D', 0, 0, 0, 0, 0}));
+}
+
+TEST_F(SettingsDialogTest, TheSymbolTextTakes8CharactersInTheRadioFont) {
+  Run(CM_SETTINGS, [](HWND dialog) {
+    EXPECT_FALSE(IsEnabled(dialog, ID_SYMBOL_TEXT));
+    Choose(dialog, ID_DISPLAY_SYMBOL, 6);
+    EXPECT_TRUE(IsEnabled(dialog, ID_SYMBOL_TEXT));
+    Type(dialog, ID_SYMBOL_TEXT, "123456789");
+    EXPECT_EQ(TextOf(dialog, ID_SYMBOL_TEXT), "12345678");
+    EXPECT_EQ(FaceOf(dialog, ID_SYMBOL_TEXT), "QZ7");
+    EXPECT_EQ(FaceOf(dialog, ID_DISPLAY_SYMBOL), "QZ7");
+    SavePicture(dialog, "settings_text");
+    Press(dialog, IDOK);
+  });
+  EXPECT_EQ(Piece(Image(), 10'244, 8), BytesOf("12345678"));
+}
+
+TEST_F(SettingsDialogTest, NumbersEndAtTheFirstCharacterThatIsNoDigit) {
+  Run(CM_SETTINGS, [](HWND dialog) {
+    Type(dialog, ID_NUMBER_A, "4x2");
+    Type(dialog, ID_NUMBER_B, "");
+    Press(dialog, IDOK);
+  });
+  EXPECT_EQ(Piece(Image(), 10'196, 4), (Bytes{0, 4, 0, 0}));
+}
+
+TEST_F(SettingsDialogTest, BytesWithoutAChoiceShowNothingAndStay) {
+  Put(Image(), 10'194, {5});
+  Put(Image(), 10'242, {145, 7});
+  Put(Image(), 10'502, {16, 9});
+  const CloneImage before = Image();
+  Run(CM_SETTINGS, [](HWND dialog) {
+    for (const int list : {ID_LEVEL_A, ID_LEVEL_B, ID_SCALE, ID_TIME_OF_DAY, ID_DISPLAY_SYMBOL}) {
+      EXPECT_EQ(Selection(dialog, list), CB_ERR) << list;
+    }
+    Press(dialog, IDOK);
+  });
+  EXPECT_EQ(Image(), before);
+}
+
+TEST_F(SettingsDialogTest, CancelAndClosingStoreNothing) {
+  const CloneImage before = Image();
+  for (const bool by_button : {true, false}) {
+    Run(CM_SETTINGS, [by_button](HWND dialog) {
+      Choose(dialog, ID_LEVEL_A, 9);
+      by_button ? Press(dialog, IDCANCEL) : void(SendMessageA(dialog, WM_CLOSE, 0, 0));
+    });
+  }
+  EXPECT_EQ(Image(), before);
+  EXPECT_FALSE(app.document.changed);
+}
+
+TEST_F(SettingsDialogTest, ThePreferenceOpensItWithTheDefaultsAndOkStoresThem) {
+  Flags().use_setting_defaults = true;
+  Run(CM_SETTINGS, [](HWND dialog) {
+    EXPECT_EQ(TextOf(dialog, ID_NUMBER_A), "300");
+    EXPECT_FALSE(ButtonsEnabled(dialog));
+    EXPECT_TRUE(IsEnabled(dialog, ID_SYMBOL_TEXT));
+    Press(dialog, IDOK);
+  });
+  ExpectDefaultsInImage();
+  EXPECT_TRUE(app.document.changed);
+}
+
+TEST_F(SettingsDialogTest, UseDefaultsShowsThemAndDisablesBothButtons) {
+  Run(CM_SETTINGS, [](HWND dialog) {
+    Press(dialog, ID_USE_DEFAULTS);
+    EXPECT_FALSE(ButtonsEnabled(dialog));
+    EXPECT_TRUE(IsEnabled(dialog, ID_SYMBOL_TEXT));
+    Press(dialog, IDOK);
+  });
+  ExpectDefaultsInImage();
+}
+
+TEST_F(SettingsDialogTest, AChangedValueEnablesTheButtonsAgain) {
+  Run(CM_SETTINGS, [](HWND dialog) {
+    for (const int list :
+         {ID_LEVEL_A, ID_LEVEL_B, ID_SCALE, ID_TIME_OF_DAY, ID_SENSOR_DISPLAY, ID_DISPLAY_SYMBOL}) {
+      Press(dialog, ID_USE_DEFAULTS);
+      Choose(dialog, list, 1);
+      EXPECT_TRUE(ButtonsEnabled(dialog)) << list;
+    }
+    for (const int field : {ID_NUMBER_A, ID_NUMBER_B, ID_SYMBOL_TEXT}) {
+      Press(dialog, ID_USE_DEFAULTS);
+      Type(dialog, field, "5");
+      EXPECT_TRUE(ButtonsEnabled(dialog)) << field;
+    }
+    Press(dialog, IDCANCEL);
+  });
+}
+
+TEST_F(SettingsDialogTest, TheSwitchDoesNotEnableTheButtons) {
+  Run(CM_SETTINGS, [](HWND dialog) {
+    Press(dialog, ID_USE_DEFAULTS);
+    Press(dialog, ID_SETTING_FIRST);
+    EXPECT_FALSE(ButtonsEnabled(dialog));
+    Press(dialog, IDCANCEL);
+  });
+}
+
+TEST_F(SettingsDialogTest, SaveAsDefaultsWritesTheRecordAndCancelKeepsTheImage) {
+  Defaults().fill(0xA5);
+  DefaultsRecord wanted = Defaults();
+  Put(wanted, 576, {10});
+  Put(wanted, 578, {0, 7, 0, 8});
+  Put(wanted, 606, {1});
+  Put(wanted, 624, {1, 2});
+  Put(wanted, 626, {'O', 'L', 'D', 0, 0, 0, 0, 0});
+  Put(wanted, 794, {3, 4});
+  wanted[797] = 0xE5;
+  const CloneImage before = Image();
+  Run(CM_SETTINGS, [](HWND dialog) {
+    Choose(dialog, ID_SCALE, 4);
+    Press(dialog, ID_SETTING_SECOND);
+    SetFocus(GetDlgItem(dialog, ID_STORE_DEFAULTS));
+    Press(dialog, ID_STORE_DEFAULTS);
+    EXPECT_FALSE(ButtonsEnabled(dialog));
+    EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDOK));
+    Press(dialog, IDCANCEL);
+  });
+  EXPECT_EQ(Defaults(), wanted);
+  EXPECT_EQ(DefaultsOnDisk(), Bytes(wanted.begin(), wanted.end()));
+  EXPECT_EQ(Image(), before);
+}
+
+TEST_F(SettingsDialogTest, TheTooltipsNameByteAndBit) {
+  Run(CM_SETTINGS, [](HWND dialog) {
+    EXPECT_EQ(TooltipOf(dialog, ID_LEVEL_A), "Byte 10502");
+    EXPECT_EQ(TooltipOf(dialog, ID_NUMBER_B), "Byte 10198");
+    EXPECT_EQ(TooltipOf(dialog, ID_SETTING_SECOND), "Byte 10505, bit 6");
+    Press(dialog, IDCANCEL);
+  });
+}
+
+TEST_F(SettingsDialogTest, TheMainDialogIsCollectedFirst) {
+  Choose(app.main_dialog, 103, 3);
+  Run(CM_SETTINGS, [](HWND dialog) { Press(dialog, IDCANCEL); });
+  EXPECT_EQ(Image()[10'240], 3);
+  EXPECT_TRUE(app.document.changed);
+}
+
+TEST_F(SettingsDialogTest, LeaksNoGdiObjectAndNoWindow) {
+  const auto open_and_close = [] {
+    Run(CM_SETTINGS, [](HWND dialog) { Press(dialog, IDOK); });
+    Run(CM_ICON_SELECT, [](HWND dialog) { Press(dialog, IDOK); });
+    Run(CM_WX_NAMES, [](HWND dialog) { Press(dialog, IDOK); });
+  };
+  open_and_close();
+  const DWORD objects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+  const DWORD windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+  for (int i = 0; i < 3; ++i) {
+    open_and_close();
+  }
+  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), objects);
+  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows);
+}
+
+}  // namespace
+}  // namespace qz7

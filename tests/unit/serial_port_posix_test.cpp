@@ -1,0 +1,130 @@
+// What the port does to a terminal of Linux, on a pseudo-terminal of the test's own.
+
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <termios.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <cstring>
+#include <memory>
+#include <string>
+
+#include "link/serial_port.h"
+#include "tests/unit/seams.h"
+
+namespace qz7 {
+namespace {
+
+class SerialPortOnPosix : public testing::Test {
+ protected:
+  void SetUp() override {
+    master_ = posix_openpt(O_RDWR | O_NOCTTY);
+    ASSERT_GE(master_, 0);
+    ASSERT_EQ(0, grantpt(master_));
+    ASSERT_EQ(0, unlockpt(master_));
+    device_ = ptsname(master_);
+    // Kept open, so that the settings live while the port is closed.
+    watcher_ = open(device_.c_str(), O_RDWR | O_NOCTTY);
+    ASSERT_GE(watcher_, 0);
+  }
+
+  void TearDown() override {
+    port_->Close();
+    close(watcher_);
+    if (master_ >= 0) {
+      close(master_);
+    }
+  }
+
+  termios Settings() const {
+    termios settings{};
+    EXPECT_EQ(0, tcgetattr(watcher_, &settings));
+    return settings;
+  }
+
+  void HangUp() {
+    close(master_);
+    master_ = -1;
+  }
+
+  int master_ = -1;
+  int watcher_ = -1;
+  std::string device_;
+  std::unique_ptr<SerialPort> port_ = MakeSerialPort();
+};
+
+TEST_F(SerialPortOnPosix, Sets9600Baud8DataBitsNoParity2StopBitsRaw) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  const termios line = Settings();
+  EXPECT_EQ(static_cast<speed_t>(B9600), cfgetispeed(&line));
+  EXPECT_EQ(static_cast<speed_t>(B9600), cfgetospeed(&line));
+  EXPECT_EQ(static_cast<tcflag_t>(CS8), line.c_cflag & CSIZE);
+  EXPECT_NE(0U, line.c_cflag & CSTOPB);
+  EXPECT_EQ(0U, line.c_cflag & (PARENB | CRTSCTS));
+  EXPECT_EQ(0U, line.c_iflag & (IXON | IXOFF | ICRNL | INLCR | ISTRIP | INPCK));
+  EXPECT_EQ(0U, line.c_oflag & OPOST);
+  EXPECT_EQ(0U, line.c_lflag & (ICANON | ECHO | ISIG));
+}
+
+TEST_F(SerialPortOnPosix, RestoresTheSettingsThatItFound) {
+  termios before = Settings();
+  before.c_cflag = (before.c_cflag & ~static_cast<tcflag_t>(CSIZE)) | CS8;
+  cfsetispeed(&before, B38400);
+  cfsetospeed(&before, B38400);
+  ASSERT_EQ(0, tcsetattr(watcher_, TCSANOW, &before));
+  before = Settings();
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  port_->Close();
+  const termios after = Settings();
+  EXPECT_EQ(before.c_iflag, after.c_iflag);
+  EXPECT_EQ(before.c_oflag, after.c_oflag);
+  EXPECT_EQ(before.c_cflag, after.c_cflag);
+  EXPECT_EQ(before.c_lflag, after.c_lflag);
+  EXPECT_EQ(0, std::memcmp(before.c_cc, after.c_cc, sizeof before.c_cc));
+}
+
+TEST_F(SerialPortOnPosix, TakesAPortThatIsNoTerminalForAbsent) {
+  EXPECT_EQ(PortStatus::kAbsent, port_->Open("/dev/null").status);
+  EXPECT_FALSE(port_->IsOpen());
+}
+
+TEST_F(SerialPortOnPosix, SaysThatATerminalHasGoneAway) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  std::uint8_t byte = 0x55;
+  EXPECT_FALSE(port_->HasFailed());
+  HangUp();
+  EXPECT_TRUE(port_->WaitForInput(1, 1000));
+  EXPECT_EQ(0U, port_->Read(std::span(&byte, 1)));
+  EXPECT_TRUE(port_->HasFailed());
+  ASSERT_EQ(1U, test_seams.messages.size());
+  EXPECT_EQ("ERROR", test_seams.messages[0].text);
+  EXPECT_EQ("Read Error", test_seams.messages[0].caption);
+}
+
+TEST_F(SerialPortOnPosix, ShowsNothingForAFailedWrite) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  HangUp();
+  std::uint8_t byte = 0x55;
+  EXPECT_EQ(0U, port_->Write(std::span(&byte, 1)));
+  EXPECT_TRUE(port_->HasFailed());
+  EXPECT_TRUE(test_seams.messages.empty());
+}
+
+TEST_F(SerialPortOnPosix, ClosesTheOpenPortBeforeItOpensAnother) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  EXPECT_EQ(PortStatus::kAbsent, port_->Open("/dev/none").status);
+  EXPECT_FALSE(port_->IsOpen());
+}
+
+TEST_F(SerialPortOnPosix, KeepsWhatWasSentWhenItIsClosedAtOnce) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  port_->SendByte(kAck);
+  port_->Close();
+  std::uint8_t byte = 0;
+  EXPECT_EQ(1, read(master_, &byte, 1));
+  EXPECT_EQ(kAck, byte);
+}
+
+}  // namespace
+}  // namespace qz7
