@@ -141,18 +141,6 @@ INSTANTIATE_TEST_SUITE_P(Ports, SerialPortContract,
                                          Candidate{"machine", [] { return MakeSerialPort(); }}),
                          [](const auto& test) { return test.param.name; });
 
-TEST(MachineSerialPort, HasOneOwnerAtATime) {
-  if (LoopbackDevice() == nullptr) {
-    GTEST_SKIP() << "no line that sends back what it gets";
-  }
-  const auto first = MakeSerialPort();
-  const auto second = MakeSerialPort();
-  ASSERT_EQ(PortStatus::kOpen, first->Open(LoopbackDevice()).status);
-  EXPECT_EQ(PortStatus::kBusy, second->Open(LoopbackDevice()).status);
-  first->Close();
-  EXPECT_EQ(PortStatus::kOpen, second->Open(LoopbackDevice()).status);
-}
-
 TEST(MachineSerialPort, SaysThatAPortIsAbsent) {
   const auto port = MakeSerialPort();
   EXPECT_EQ(PortStatus::kAbsent, port->Open("COM77").status);

@@ -67,6 +67,15 @@ TEST_F(SerialPortOnPosix, Sets9600Baud8DataBitsNoParity2StopBitsRaw) {
   EXPECT_EQ(0U, line.c_lflag & (ICANON | ECHO | ISIG));
 }
 
+// Wine lets one process open a port twice, so that this is shown here alone.
+TEST_F(SerialPortOnPosix, HasOneOwnerAtATime) {
+  const auto other = MakeSerialPort();
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  EXPECT_EQ(PortStatus::kBusy, other->Open(device_).status);
+  port_->Close();
+  EXPECT_EQ(PortStatus::kOpen, other->Open(device_).status);
+}
+
 TEST_F(SerialPortOnPosix, RestoresTheSettingsThatItFound) {
   termios before = Settings();
   before.c_cflag = (before.c_cflag & ~static_cast<tcflag_t>(CSIZE)) | CS8;
