@@ -55,7 +55,7 @@ termios LineSettings(const termios& current) {
   return line;
 }
 
-class PosixSerialPort : public SerialPort {
+class PosixSerialPort final : public SerialPort {
  public:
   ~PosixSerialPort() override { CloseHandle(); }
 

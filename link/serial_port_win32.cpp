@@ -108,7 +108,7 @@ class ReceiveWait {
   bool refused_ = false;
 };
 
-class Win32SerialPort : public SerialPort {
+class Win32SerialPort final : public SerialPort {
  public:
   Win32SerialPort() : done_(CreateEventA(nullptr, TRUE, FALSE, nullptr)) {}
   ~Win32SerialPort() override {
