@@ -114,6 +114,15 @@ TEST_F(DefaultsFileTest, AShortOneLeavesTheRestAsItWas) {
   EXPECT_EQ(record[798], 5);
 }
 
+TEST_F(DefaultsFileTest, AnOversizedOneGivesItsFirstBytes) {
+  Bytes longer = bytes;
+  longer.resize(900, 0x77);
+  PutFile(file.path, longer);
+  LoadDefaultsRecord(record, file, *image);
+  EXPECT_EQ(FirstDifference(record, bytes), -1);
+  EXPECT_TRUE(test_seams.messages.empty());
+}
+
 TEST_F(DefaultsFileTest, AMissingOneIsReplacedByTheDocumentsValues) {
   DefaultsRecord expected{};
   FillDefaultsRecord(expected, *image);
