@@ -9,6 +9,7 @@
 #include "app/file_commands.h"
 #include "app/help.h"
 #include "app/interchange_commands.h"
+#include "app/printing.h"
 #include "app/radio_commands.h"
 #include "files/preferences_dialog.h"
 #include "files/template_dialog.h"
@@ -63,6 +64,9 @@ bool RunFileCommand(int command) {
     case CM_IMPORT:
       ImportChannels(app.document, app.import_session);
       return true;
+    case CM_PRINT:
+      PrintDocument(app.document, app.dtmf_display);
+      return true;
     case CM_EXIT:
       PostMessageA(app.main_window, WM_CLOSE, 0, 0);
       return true;
@@ -115,22 +119,11 @@ bool RunOtherCommand(int command) {
   }
 }
 
-// Commands whose first step is to collect the main dialog; their screens are not there yet.
-bool RunEditorCommand(int command) {
-  switch (command) {
-    case CM_PRINT:
-      CollectMainDialog(app.document);
-      return true;
-    default:
-      return false;
-  }
-}
-
 }  // namespace
 
 bool RunCommand(int command) {
   return RunFileCommand(command) || RunRadioCommand(command) || RunOtherCommand(command) ||
-         RunFeatureCommand(command) || RunChannelCommand(command) || RunEditorCommand(command);
+         RunFeatureCommand(command) || RunChannelCommand(command);
 }
 
 }  // namespace qz7

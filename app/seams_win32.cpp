@@ -7,6 +7,7 @@
 
 #include "app/dialog_support.h"
 #include "app/locations.h"
+#include "app/printing.h"
 #include "files/file_boxes.h"
 #include "files/messages.h"
 #include "files/profile.h"
@@ -95,6 +96,19 @@ std::optional<ChosenFile> ShowOpenBox(const FileBox& box) {
 
 std::optional<ChosenFile> ShowSaveBox(const FileBox& box) {
   return RunFileBox(box, OFN_OVERWRITEPROMPT, GetSaveFileNameA);
+}
+
+std::optional<ChosenPrinter> ShowPrintBox() {
+  PRINTDLGA box{};
+  box.lStructSize = sizeof box;
+  box.hwndOwner = DialogOwner();
+  box.Flags = PD_RETURNDC | PD_NOSELECTION | PD_NOPAGENUMS | PD_COLLATE;
+  box.nCopies = 1;
+  if (!PrintDlgA(&box)) {
+    return std::nullopt;
+  }
+  return ChosenPrinter{
+      .device = box.hDC, .copies = box.nCopies, .settings = box.hDevMode, .names = box.hDevNames};
 }
 
 std::optional<int> AskForPort(int index) { return ShowPortDialog(index); }

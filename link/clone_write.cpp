@@ -193,11 +193,14 @@ std::size_t BytesAwaited(const CloneWrite& write) {
 
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port) {
   while (!write.ended && write.polling && write.phase != CloneWrite::kFinished &&
-         StepCloneWrite(write, port)) {
+         !port.HasFailed() && StepCloneWrite(write, port)) {
   }
 }
 
 void TickCloneWrite(CloneWrite& write, SerialPort& port) {
+  if (port.HasFailed()) {
+    return;
+  }
   if (write.phase == CloneWrite::kFinished) {
     EndExchange(write, 0);
     return;

@@ -48,7 +48,9 @@ bool StepCloneWrite(CloneWrite& write, SerialPort& port);
 std::size_t BytesAwaited(const CloneWrite& write);
 
 // A tick of the 10 ms timer, and bytes that have come: steps until one finds nothing to do. The
-// step that finishes is left to a later tick, when the checksum byte has left the machine.
+// step that finishes is left to a later tick, when the checksum byte has left the machine. A port
+// that has gone away is never sent to: a write that puts nothing on the line has no echo to wait
+// for, and would run to a success that the radio knows nothing of. Only Cancel follows.
 void TickCloneWrite(CloneWrite& write, SerialPort& port);
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port);
 

@@ -180,7 +180,8 @@ class Win32SerialPort final : public SerialPort {
     if (WaitForSingleObject(done_, kLongestWriteMilliseconds) != WAIT_OBJECT_0) {
       CancelIo(handle_);
     }
-    GetOverlappedResult(handle_, &operation, &count, TRUE);
+    // Nothing holds a byte back on this line: a device that takes none for so long is gone.
+    failed_ |= !GetOverlappedResult(handle_, &operation, &count, TRUE) && count == 0;
     return count;
   }
 

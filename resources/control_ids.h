@@ -66,6 +66,11 @@
 // DlgProcSetupPort
 #define ID_PORT 101
 
+// DlgPrinting
+#define ID_PRINTED_DOCUMENT 101
+#define ID_PRINTED_PAGE 102
+#define ID_PRINTED_COPY 103
+
 // DlgImport
 #define ID_IMPORT_FILE 101
 #define ID_BROWSE_IMPORT 102

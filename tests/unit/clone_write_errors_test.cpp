@@ -240,6 +240,43 @@ TEST_F(CloneWriteErrors, NoTimeOutIsShownWhileAnEchoIsAwaited) {
   EXPECT_EQ(write_.phase, CloneWrite::kWaitEcho);
 }
 
+// A write that puts nothing on the line has no echo to wait for: without the port's word that it is
+// gone, the exchange would run through all its blocks and end as a success.
+TEST_F(CloneWriteErrors, APortThatVanishesInTheMiddleIsNeverTakenForSuccess) {
+  Start();
+  line_.failed = true;
+  Notify();
+  for (int tick = 0; tick < 1000; ++tick) {
+    Tick();
+  }
+  EXPECT_FALSE(IsOver());
+  EXPECT_EQ(write_.blocks_sent, 0);
+  CancelCloneWrite(write_);
+  EXPECT_EQ(write_.ended, -1);
+}
+
+TEST_F(CloneWriteErrors, APortThatVanishesBeforeAFollowingBlockIsNeverTakenForSuccess) {
+  line_.echo = false;
+  Start();
+  EchoAndTick(10);
+  Arrive({0x06});
+  write_.phase = CloneWrite::kSendBlock;
+  write_.blocks_sent = 506;
+  line_.failed = true;
+  Tick();
+  EXPECT_EQ(write_.blocks_sent, 506);
+  EXPECT_FALSE(IsOver());
+}
+
+TEST_F(CloneWriteErrors, APortThatVanishesBeforeTheChecksumHasLeftIsNeverTakenForSuccess) {
+  SendAllBlocks();
+  EchoAndTick(16);
+  ASSERT_EQ(write_.phase, CloneWrite::kFinished);
+  line_.failed = true;
+  Tick();
+  EXPECT_FALSE(IsOver());
+}
+
 TEST_F(CloneWriteErrors, NoTimeOutIsShownBeforeTheStart) {
   write_.response_countdown = 0;
   Tick();
