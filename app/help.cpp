@@ -1,12 +1,11 @@
 #include "app/help.h"
 
 #include <windows.h>
-// Behind <windows.h>.
-#include <shellapi.h>
 
 #include <string>
 
 #include "app/dialog_support.h"
+#include "app/help_viewer.h"
 
 namespace qz7 {
 namespace {
@@ -16,25 +15,12 @@ bool FileExists(const std::string& path) {
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
-// A viewer that is there but only says that it is no longer part of the system is a small one.
-bool SystemHasViewer() {
-  constexpr ULONGLONG kSmallestViewer = 64 * 1024;
-  char folder[MAX_PATH] = "";
-  GetWindowsDirectoryA(folder, MAX_PATH);
-  const std::string path = std::string(folder) + "\\winhlp32.exe";
-  WIN32_FILE_ATTRIBUTE_DATA data{};
-  return GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &data) &&
-         ((static_cast<ULONGLONG>(data.nFileSizeHigh) << 32) | data.nFileSizeLow) >=
-             kSmallestViewer;
-}
+bool UsesViewer() { return FileExists(dialog_modules.help_path) && HasHelpViewer(); }
 
-bool UsesViewer() { return SystemHasViewer() && FileExists(dialog_modules.help_path); }
-
-// The page in the browser: "file:///C:/folder/qz7.html#102".
+// The page beside the help file, at one of its anchors; nothing where it is not there.
 void OpenPage(const std::string& anchor) {
   std::string path = dialog_modules.help_path;
-  const std::size_t dot = path.rfind('.');
-  path = path.substr(0, dot) + ".html";
+  path.replace(path.rfind('.'), std::string::npos, ".html");
   if (!FileExists(path)) {
     return;
   }
@@ -42,12 +28,11 @@ void OpenPage(const std::string& anchor) {
   for (const char c : path) {
     url += c == '\\' ? std::string("/") : c == ' ' ? std::string("%20") : std::string(1, c);
   }
-  ShellExecuteA(dialog_modules.main_window, "open", (url + anchor).c_str(), nullptr, nullptr,
-                SW_SHOWNORMAL);
+  OpenHelpPage(url + anchor);
 }
 
 void AskViewer(UINT command, ULONG_PTR data) {
-  WinHelpA(dialog_modules.main_window, dialog_modules.help_path.c_str(), command, data);
+  AskHelpViewer(dialog_modules.help_path, command, data);
 }
 
 }  // namespace
@@ -69,7 +54,7 @@ void ShowHelpContents() {
 }
 
 void ShowHelpSearch() {
-  if (UsesViewer()) {
+  if (UsesViewer() && HelpViewerSearches()) {
     AskViewer(HELP_PARTIALKEY, reinterpret_cast<ULONG_PTR>(""));
   } else {
     OpenPage("#search");
@@ -77,8 +62,8 @@ void ShowHelpSearch() {
 }
 
 void ShowHelpOnHelp() {
-  if (SystemHasViewer()) {
-    WinHelpA(dialog_modules.main_window, "WINHELP.HLP", HELP_CONTENTS, 0);
+  if (HasHelpViewer() && HasHelpOnHelp()) {
+    AskHelpViewer("WINHELP.HLP", HELP_CONTENTS, 0);
   } else {
     OpenPage("#help");
   }

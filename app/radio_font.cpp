@@ -1,5 +1,6 @@
 #include "app/radio_font.h"
 
+#include <algorithm>
 #include <string_view>
 
 namespace qz7 {
@@ -24,8 +25,13 @@ bool HasFace(HDC device, const Font& font) {
 
 }  // namespace
 
-Font CreateRadioFont(HWND window, int height) {
+int RadioFontHeight(int height, int dots_per_inch) {
+  return height * std::max(1, dots_per_inch / USER_DEFAULT_SCREEN_DPI);
+}
+
+Font CreateRadioFont(HWND window, int base_height) {
   const HDC device = GetDC(window);
+  const int height = RadioFontHeight(base_height, GetDeviceCaps(device, LOGPIXELSY));
   Font font = CreateFontOf(height, kCharacterSet);
   // Where the number of the character set means another one, the face is found without it.
   if (!HasFace(device, font)) {

@@ -15,8 +15,12 @@ using Font = std::unique_ptr<std::remove_pointer_t<HFONT>, FontDeleter>;
 inline constexpr int kListFontHeight = 16;
 inline constexpr int kNameFontHeight = 18;
 
-// The fixed-pitch font of the radio's own texts, its height in pixels. It has bitmaps of these two
-// heights and none for finer screens. It must outlive the controls that use it.
+// The height in pixels at a resolution: the font has bitmaps of the two heights above, which finer
+// screens show twice as large, three times and so on.
+int RadioFontHeight(int height, int dots_per_inch);
+
+// The fixed-pitch font of the radio's own texts at the window's resolution. It must outlive the
+// controls that use it.
 Font CreateRadioFont(HWND window, int height);
 
 // Gives it to a control.

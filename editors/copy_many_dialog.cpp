@@ -53,7 +53,10 @@ void OnCommand(HWND dialog, int control) {
   }
 }
 
-INT_PTR CALLBACK DlgProcCopyMany(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+// The program exports it (app/qz7.def).
+extern "C" INT_PTR CALLBACK DlgProcCopyMany(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -64,8 +67,6 @@ INT_PTR CALLBACK DlgProcCopyMany(HWND dialog, UINT message, WPARAM w, LPARAM l) 
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowCopyManyDialog(int number, CopyMany& chosen) {
   chosen = {.first = number, .second = number};

@@ -12,8 +12,8 @@
 #include "app/help.h"
 #include "app/radio_font.h"
 #include "editors/channel_editor_dialog.h"
+#include "editors/channel_rows_dialog.h"
 #include "editors/memory_list.h"
-#include "image/channel_text.h"
 #include "resources/control_ids.h"
 
 namespace qz7 {
@@ -40,71 +40,10 @@ struct ListWindow {
 
 HWND ListOf(HWND dialog) { return GetDlgItem(dialog, ID_CHANNEL_LIST); }
 
-LRESULT Ask(HWND list, UINT message, WPARAM w = 0, LPARAM l = 0) {
-  return SendMessageA(list, message, w, l);
-}
-
-std::vector<int> SelectedRows(HWND list) {
-  std::vector<int> rows(static_cast<std::size_t>(std::max<LRESULT>(0, Ask(list, LB_GETSELCOUNT))));
-  Ask(list, LB_GETSELITEMS, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
-  return rows;
-}
-
 // The row that a command works on. Several selected rows are none: it would change only one.
 std::optional<int> SelectedRow(HWND list) {
   const std::vector<int> rows = SelectedRows(list);
   return rows.size() == 1 ? std::optional(rows.front()) : std::nullopt;
-}
-
-void ShowRow(HWND list, int row) {
-  RECT client;
-  GetClientRect(list, &client);
-  const int visible = std::max(
-      1, static_cast<int>(client.bottom / std::max<LRESULT>(1, Ask(list, LB_GETITEMHEIGHT))));
-  const int top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
-  if (row < top) {
-    Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(row));
-  } else if (row >= top + visible) {
-    const int new_top = row - visible + 1;
-    Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(new_top));
-  }
-}
-
-void SelectRow(HWND list, int row) {
-  const int top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
-  Ask(list, LB_SETSEL, FALSE, -1);
-  Ask(list, LB_SETSEL, TRUE, row);
-  Ask(list, LB_SETANCHORINDEX, static_cast<WPARAM>(row));
-  Ask(list, LB_SETCARETINDEX, static_cast<WPARAM>(row));
-  Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(top));
-}
-
-// The list is drawn once, after the changes.
-template <typename Change>
-void ChangeRows(HWND list, Change&& change) {
-  Ask(list, WM_SETREDRAW, FALSE);
-  change();
-  Ask(list, WM_SETREDRAW, TRUE);
-  InvalidateRect(list, nullptr, FALSE);
-}
-
-void FillRows(HWND list, const CloneImage& image) {
-  const int count = GetChannelCount(image);
-  constexpr int kRowBytes = 40;
-  Ask(list, LB_INITSTORAGE, static_cast<WPARAM>(count), LPARAM{count} * kRowBytes);
-  for (int n = 1; n <= count; ++n) {
-    Ask(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(FormatListRow(image, n).c_str()));
-  }
-}
-
-void WriteRows(HWND list, const CloneImage& image, int first, int count) {
-  const int top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
-  for (int row = first; row < first + count; ++row) {
-    Ask(list, LB_DELETESTRING, static_cast<WPARAM>(row));
-    Ask(list, LB_INSERTSTRING, static_cast<WPARAM>(row),
-        reinterpret_cast<LPARAM>(FormatListRow(image, row + 1).c_str()));
-  }
-  Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(top));
 }
 
 // The row that was selected before is shown where it was; one that is selected anew comes into
@@ -228,7 +167,8 @@ void SetColumns(HWND dialog, ListWindow& window) {
     start += std::max(kColumns[i].characters + kColumnGap, letters);
     stops.push_back(start * kUnitsPerLetter);
   }
-  Ask(ListOf(dialog), LB_SETTABSTOPS, stops.size() - 1, reinterpret_cast<LPARAM>(stops.data()));
+  SendMessageA(ListOf(dialog), LB_SETTABSTOPS, stops.size() - 1,
+               reinterpret_cast<LPARAM>(stops.data()));
 }
 
 void PaintHeader(HWND dialog, const DRAWITEMSTRUCT& item) {

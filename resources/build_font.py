@@ -3,8 +3,8 @@
 
 usage: build_font.py OUT.fon BDF...
 
-Every BDF becomes one size of the face that its FAMILY_NAME gives; all sizes must
-have the same face. The sources must be fixed-pitch. A code between the lowest and
+Every BDF becomes two sizes of the face that its FAMILY_NAME gives, its own and twice
+that; all must have the same face. The sources must be fixed-pitch. A code between the lowest and
 the highest one that has no glyph gets the glyph with the code -1.
 
 The result holds FNT 2.0 fonts with character set 254 in a 16-bit NE library
@@ -97,6 +97,35 @@ def read_bdf(path):
       height=int(cell[1]),
       ascent=int(properties["FONT_ASCENT"]),
       glyphs=glyphs)
+
+
+def doubled_rows(rows, width):
+  """A glyph of twice the size with its slants smoothed: a corner between two equal neighbours
+  becomes like them."""
+  def pixel(x, y):
+    return rows[y] >> (width - 1 - x) & 1 if 0 <= x < width and 0 <= y < len(rows) else 0
+
+  result = []
+  for y in range(len(rows)):
+    upper = lower = 0
+    for x in range(width):
+      own, up, right = pixel(x, y), pixel(x, y - 1), pixel(x + 1, y)
+      left, down = pixel(x - 1, y), pixel(x, y + 1)
+      upper_left = up if left == up != down and up != right else own
+      upper_right = right if up == right != left and right != down else own
+      lower_left = left if down == left != right and left != up else own
+      lower_right = down if right == down != up and down != left else own
+      upper = upper << 2 | upper_left << 1 | upper_right
+      lower = lower << 2 | lower_left << 1 | lower_right
+    result += [upper, lower]
+  return result
+
+
+def doubled(font):
+  """The font for screens that are twice as fine."""
+  glyphs = {code: doubled_rows(rows, font.width) for code, rows in font.glyphs.items()}
+  return font._replace(points=2 * font.points, width=2 * font.width, height=2 * font.height,
+                       ascent=2 * font.ascent, glyphs=glyphs)
 
 
 def glyph_bits(rows, width):
@@ -232,7 +261,7 @@ def main(arguments):
   if len({font.face for font in fonts}) != 1:
     fail("the sources are not of one face")
   with open(out, "wb") as file:
-    file.write(make_fon(fonts))
+    file.write(make_fon(fonts + [doubled(font) for font in fonts]))
 
 
 if __name__ == "__main__":

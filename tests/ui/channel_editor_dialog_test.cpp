@@ -347,13 +347,11 @@ TEST_F(ChannelEditorTest, LeaksNoGdiObject) {
     Edit(1, [](HWND dialog) { Press(dialog, ID_NEXT), Press(dialog, IDCANCEL); });
   };
   edit();
-  const DWORD objects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-  const DWORD windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+  const ProcessObjects before = CountObjects();
   for (int i = 0; i < 5; ++i) {
     edit();
   }
-  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), objects);
-  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows);
+  EXPECT_TRUE(ComesBackTo(before));
 }
 
 TEST_F(ChannelEditorTest, AnAbsentChannelDoesNotOpen) {

@@ -249,13 +249,11 @@ TEST_F(SettingsDialogTest, LeaksNoGdiObjectAndNoWindow) {
     Run(CM_WX_NAMES, [](HWND dialog) { Press(dialog, IDOK); });
   };
   open_and_close();
-  const DWORD objects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-  const DWORD windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+  const ProcessObjects before = CountObjects();
   for (int i = 0; i < 3; ++i) {
     open_and_close();
   }
-  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), objects);
-  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows);
+  EXPECT_TRUE(ComesBackTo(before));
 }
 
 }  // namespace

@@ -235,11 +235,11 @@ TEST_F(SelectionDialogTest, CancelAndClosingWriteNothing) {
 
 TEST_F(SelectionDialogTest, LeaksNoGdiObject) {
   ImportRows(1, CancelDialog);
-  const DWORD objects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
+  const ProcessObjects before = CountObjects();
   for (int i = 0; i < 3; ++i) {
     ImportRows(1, CancelDialog);
   }
-  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), objects);
+  EXPECT_TRUE(ComesBackTo(before));
 }
 
 TEST_F(SelectionDialogTest, ListsALongFileAtOnce) {

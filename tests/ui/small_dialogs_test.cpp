@@ -1,4 +1,5 @@
 #include "app/about_dialog.h"
+#include "app/locations.h"
 #include "files/preferences_dialog.h"
 #include "files/template_dialog.h"
 #include "link/port_dialog.h"
@@ -162,19 +163,25 @@ TEST_F(AboutDialogTest, IsCentredOverTheMainWindow) {
   ShowAboutDialog();
 }
 
+TEST(Program, ExportsTheCopyManyDialog) {
+  const HMODULE program =
+      LoadLibraryExA(BesideProgram("qz7.exe").c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
+  ASSERT_NE(program, nullptr);
+  EXPECT_NE(reinterpret_cast<void*>(GetProcAddress(program, "DlgProcCopyMany")), nullptr);
+  FreeLibrary(program);
+}
+
 TEST_F(AboutDialogTest, LeaksNoGdiObjectAndNoWindow) {
   const auto open_and_close = [] {
     const DialogScript script([](HWND dialog) { Press(dialog, IDOK); });
     ShowAboutDialog();
   };
   open_and_close();
-  const DWORD objects = GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS);
-  const DWORD windows = GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS);
+  const ProcessObjects before = CountObjects();
   for (int i = 0; i < 5; ++i) {
     open_and_close();
   }
-  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_GDIOBJECTS), objects);
-  EXPECT_EQ(GetGuiResources(GetCurrentProcess(), GR_USEROBJECTS), windows);
+  EXPECT_TRUE(ComesBackTo(before));
 }
 
 }  // namespace

@@ -56,6 +56,17 @@ void HandleMessages();
 // Handles messages until the condition holds; false after `milliseconds`.
 bool HandleMessagesUntil(const std::function<bool()>& condition, int milliseconds = 20'000);
 
+// What the process holds of the system's objects, once nothing more of it is on its way.
+struct ProcessObjects {
+  std::size_t gdi_objects = 0;
+  std::size_t windows = 0;
+  DWORD handles = 0;
+  bool operator==(const ProcessObjects&) const = default;
+};
+ProcessObjects CountObjects();
+// The system gives the surface of a closed window back when its display has answered.
+testing::AssertionResult ComesBackTo(const ProcessObjects& before);
+
 // Writes a picture of the window beside the test program: screenshots/NAME.bmp.
 void SavePicture(HWND window, const std::string& name);
 

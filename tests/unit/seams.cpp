@@ -13,6 +13,9 @@ Answer ShowMessage(const std::string& text, const std::string& caption, Buttons 
                    Icon icon) {
   test_seams.messages.push_back({text, caption, buttons, icon});
   if (test_seams.answers.empty()) {
+    if (test_seams.answer) {
+      return test_seams.answer(buttons);
+    }
     return buttons == Buttons::kOk ? Answer::kOk : Answer::kCancel;
   }
   const Answer answer = test_seams.answers.front();
@@ -26,7 +29,7 @@ namespace {
 
 std::optional<ChosenFile> NextFile() {
   if (test_seams.files.empty()) {
-    return std::nullopt;
+    return test_seams.file ? test_seams.file() : std::nullopt;
   }
   const ChosenFile file = test_seams.files.front();
   test_seams.files.pop_front();

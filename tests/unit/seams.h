@@ -27,12 +27,15 @@ struct ShownMessage {
 struct TestSeams {
   std::vector<ShownMessage> messages;
   std::deque<Answer> answers;
+  // Answers what no script answers, when it is set.
+  std::function<Answer(Buttons)> answer;
   std::uint32_t now = 1'000'000;
 
   // File boxes, in the order they were shown. One without a scripted file is cancelled.
   std::vector<FileBox> open_boxes;
   std::vector<FileBox> save_boxes;
   std::deque<ChosenFile> files;
+  std::function<std::optional<ChosenFile>()> file;  // chooses where the script is empty
 
   // The preferences file, and what was written to it.
   std::map<std::string, std::string> profile;

@@ -1,0 +1,241 @@
+#include <windows.h>
+// Behind <windows.h>.
+#include <uxtheme.h>
+
+#include <algorithm>
+#include <array>
+#include <random>
+#include <set>
+
+#include "app/commands.h"
+#include "app/dialog_support.h"
+#include "files/radio_data_file.h"
+#include "resources/control_ids.h"
+#include "tests/ui/window_fixture.h"
+
+// A user without a plan: any menu command, any control of the window on top, any answer to a box.
+// The seed is always the same.
+namespace qz7 {
+namespace {
+
+constexpr int kWarmUp = 5'000;  // what the system keeps for good (fonts, marks) is there then
+constexpr unsigned kSeed = 8;
+constexpr int kActions = 10'000;
+constexpr UINT kNextAction = WM_APP + 1;
+
+std::mt19937 random_source;
+
+int Below(int limit) { return static_cast<int>(random_source() % static_cast<unsigned>(limit)); }
+
+BOOL CALLBACK AddUsable(HWND control, LPARAM list) {
+  if (IsWindowVisible(control) && IsWindowEnabled(control) && GetDlgCtrlID(control) > 0) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(control);
+  }
+  return TRUE;
+}
+
+void Notify(HWND control, int code) {
+  SendMessageA(GetParent(control), WM_COMMAND, MAKEWPARAM(GetDlgCtrlID(control), code),
+               reinterpret_cast<LPARAM>(control));
+}
+
+void ChooseAny(HWND list, UINT count_message, UINT choose_message, int changed) {
+  const auto count = static_cast<int>(SendMessageA(list, count_message, 0, 0));
+  SendMessageA(list, choose_message, static_cast<WPARAM>(Below(count + 1)), 0);
+  Notify(list, changed);
+}
+
+void TypeAny(HWND field) {
+  static constexpr std::array kKeys = {'0', '1', '4', '5', '9',  '.',    ',',    ' ',
+                                       'A', 'z', '#', '-', '\b', '\xB1', '\xE4', '"'};
+  if (Below(4) == 0) {
+    SendMessageA(field, EM_SETSEL, 0, -1);
+  }
+  for (int n = Below(6); n >= 0; --n) {
+    SendMessageA(field, WM_CHAR,
+                 static_cast<unsigned char>(kKeys[static_cast<std::size_t>(Below(kKeys.size()))]),
+                 0);
+  }
+  SendMessageA(GetParent(field), WM_NEXTDLGCTL, 0, FALSE);
+}
+
+// One thing that a user can do with a control, by its kind.
+void Use(HWND control) {
+  char kind[32] = "";
+  GetClassNameA(control, kind, sizeof kind);
+  if (lstrcmpiA(kind, "Button") == 0) {
+    SendMessageA(control, BM_CLICK, 0, 0);
+  } else if (lstrcmpiA(kind, "ComboBox") == 0) {
+    ChooseAny(control, CB_GETCOUNT, CB_SETCURSEL, CBN_SELCHANGE);
+  } else if (lstrcmpiA(kind, "ListBox") == 0) {
+    ChooseAny(control, LB_GETCOUNT, LB_SETCURSEL, Below(4) == 0 ? LBN_DBLCLK : LBN_SELCHANGE);
+  } else if (lstrcmpiA(kind, "Edit") == 0) {
+    TypeAny(control);
+  }
+}
+
+Answer AnyAnswer(Buttons buttons) {
+  switch (buttons) {
+    case Buttons::kYesNo:
+      return Below(2) == 0 ? Answer::kYes : Answer::kNo;
+    case Buttons::kYesNoCancel:
+      return std::array{Answer::kYes, Answer::kNo,
+                        Answer::kCancel}[static_cast<std::size_t>(Below(3))];
+    case Buttons::kRetryCancel:
+      return Below(2) == 0 ? Answer::kRetry : Answer::kCancel;
+    default:
+      return Answer::kOk;
+  }
+}
+
+// Acts again and again, whatever message loop is running.
+class RandomUser {
+ public:
+  explicit RandomUser(const TempFolder& folder) : folder_(folder) {
+    WNDCLASSA kind{};
+    kind.lpfnWndProc = Procedure;
+    kind.hInstance = GetModuleHandleA(nullptr);
+    kind.lpszClassName = "RandomUser";
+    RegisterClassA(&kind);
+    window_ = CreateWindowExA(0, kind.lpszClassName, nullptr, 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr,
+                              kind.hInstance, nullptr);
+    user_ = this;
+    test_seams.answer = AnyAnswer;
+    test_seams.file = [this] { return AnyFile(); };
+  }
+  RandomUser(const RandomUser&) = delete;
+  RandomUser& operator=(const RandomUser&) = delete;
+  ~RandomUser() {
+    DestroyWindow(window_);
+    user_ = nullptr;
+    test_seams.answer = nullptr;
+    test_seams.file = nullptr;
+  }
+
+  // Then closes what is still open.
+  void Act(int actions) {
+    left_ = actions;
+    PostMessageA(window_, kNextAction, 0, 0);
+    ASSERT_TRUE(HandleMessagesUntil([&] { return left_ == 0 && DialogOwner() == app.main_window; },
+                                    600'000));
+  }
+
+  std::set<std::string> seen;  // the captions of the dialogs that were used
+
+ private:
+  static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
+    if ((message == kNextAction || message == WM_TIMER) && user_ != nullptr) {
+      KillTimer(window, 1);
+      user_->Next();
+      return 0;
+    }
+    return DefWindowProcA(window, message, w, l);
+  }
+
+  // The one after this is on its way first: this one may open a dialog with a loop of its own.
+  void Next() {
+    constexpr int kBreather = 50;  // now and then, the timers of others get their turn
+    if (left_ == 0 && DialogOwner() == app.main_window) {
+      return;
+    }
+    if (left_ % kBreather == 0) {
+      SetTimer(window_, 1, USER_TIMER_MINIMUM, nullptr);
+    } else {
+      PostMessageA(window_, kNextAction, 0, 0);
+    }
+    if (left_ == 0) {
+      SendMessageA(DialogOwner(), WM_CLOSE, 0, 0);
+      return;
+    }
+    --left_;
+    test_seams.messages.clear();
+    OneAction(DialogOwner());
+  }
+
+  void OneAction(HWND top) {
+    if (top != app.main_window) {
+      char caption[64] = "";
+      GetWindowTextA(top, caption, sizeof caption);
+      seen.insert(caption);
+    }
+    if (top == app.main_window && Below(3) == 0) {
+      UseMenu();
+      return;
+    }
+    if (top != app.main_window && Below(40) == 0) {
+      SendMessageA(top, WM_CLOSE, 0, 0);
+      return;
+    }
+    std::vector<HWND> controls;
+    EnumChildWindows(top, AddUsable, reinterpret_cast<LPARAM>(&controls));
+    if (!controls.empty()) {
+      Use(controls[static_cast<std::size_t>(Below(static_cast<int>(controls.size())))]);
+    }
+  }
+
+  static void UseMenu() {
+    const int command = CM_NEW + Below(CM_ICON_SELECT - CM_NEW + 1);
+    // A close would end the program, and the help is another one.
+    if (command != CM_EXIT && !(command >= CM_HELP_ON_HELP && command <= CM_HELP_CONTENTS)) {
+      RunCommand(command);
+    }
+  }
+
+  std::optional<ChosenFile> AnyFile() const {
+    static constexpr std::array kNames = {"one.rdf",  "two.rdf", "list.txt",
+                                          "list.csv", "my.tpl",  "absent.rdf"};
+    if (Below(4) == 0) {
+      return std::nullopt;
+    }
+    return Chosen(folder_.path().string() + "\\" +
+                  kNames[static_cast<std::size_t>(Below(kNames.size()))]);
+  }
+
+  static inline RandomUser* user_ = nullptr;
+  const TempFolder& folder_;
+  HWND window_;
+  int left_ = 0;
+};
+
+class RandomUse : public WindowTest {
+ protected:
+  // The defaults file is made in the current folder.
+  void SetUp() override {
+    GetCurrentDirectoryA(MAX_PATH, before_);
+    SetCurrentDirectoryA(folder.path().string().c_str());
+  }
+  void TearDown() override { SetCurrentDirectoryA(before_); }
+
+ private:
+  char before_[MAX_PATH] = "";
+};
+
+TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
+  // The system keeps the pictures of its visual styles from the first use on.
+  SetThemeAppProperties(0);
+  random_source.seed(kSeed);
+  UsePort<MemoryLine>().echo = true;
+  ProcessObjects before;
+  {
+    RandomUser user(folder);
+    ASSERT_NO_FATAL_FAILURE(user.Act(kWarmUp));
+    before = CountObjects();
+    user.seen.clear();
+    ASSERT_NO_FATAL_FAILURE(user.Act(kActions));
+    EXPECT_GE(user.seen.size(), 12U) << "the user has seen too little";
+  }
+  EXPECT_TRUE(ComesBackTo(before));
+  EXPECT_TRUE(IsWindow(app.main_dialog));
+
+  test_seams.messages.clear();
+  const std::string path = folder.File("after.rdf");
+  CloneImage read{};
+  ASSERT_TRUE(WriteRadioDataFile(app.document.image, path));
+  EXPECT_TRUE(ReadRadioDataFile(read, path));
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{});
+  // The reader clears the filler.
+  EXPECT_TRUE(std::equal(read.begin() + 100, read.end(), app.document.image.begin() + 100));
+}
+
+}  // namespace
+}  // namespace qz7
