@@ -18,17 +18,18 @@ namespace {
 constexpr const char* kFontFile = "qz7.fon";
 constexpr int kFailed = -1;
 
-// The first instance and its last active pop-up come to the front.
+// The first instance and its last active pop-up come to the front. The pop-up is asked for first:
+// raising the main window makes that one the last active.
 bool RaiseRunningProgram() {
   const HWND running = FindWindowA(kMainWindowClass, nullptr);
   if (running == nullptr) {
     return false;
   }
+  const HWND popup = GetLastActivePopup(running);
   if (IsIconic(running)) {
     ShowWindow(running, SW_RESTORE);
   }
   SetForegroundWindow(running);
-  const HWND popup = GetLastActivePopup(running);
   if (popup != running) {
     SetForegroundWindow(popup);
   }

@@ -104,7 +104,7 @@ int main(int argc, char** argv) {
   }
   std::printf("start to answering: %.3f s, other %.3f s: ratio %.2f\n", Median(seconds[0]),
               Median(seconds[1]), Median(seconds[0]) / Median(seconds[1]));
-  std::printf("peak memory: %.1f MB, other %.1f MB: ratio %.2f\n", Median(megabytes[0]),
+  std::printf("peak memory: %.2f MB, other %.2f MB: ratio %.3f\n", Median(megabytes[0]),
               Median(megabytes[1]), Median(megabytes[0]) / Median(megabytes[1]));
   return 0;
 }

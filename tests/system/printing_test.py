@@ -7,6 +7,7 @@ import tempfile
 import unittest
 
 import print_queue
+from printed_paper import page_count, paper_lines, squeezed
 
 NATIVE, WINDOWS = sys.argv.pop(1), sys.argv.pop(1)
 COUNT = 150
@@ -15,21 +16,6 @@ COUNT = 150
 def qz7ctl(*arguments):
     return subprocess.run([os.path.join(NATIVE, "qz7ctl"), *arguments], check=True,
                           capture_output=True).stdout.decode()
-
-
-def squeezed(lines):
-    """Words apart from where a proportional font puts them: blanks and empty lines left out."""
-    return [text for text in ("".join(line.split()) for line in lines) if text]
-
-
-def paper_lines(path):
-    text = subprocess.run(["pdftotext", "-layout", path, "-"], check=True, capture_output=True)
-    return squeezed(text.stdout.decode().replace("\f", "\n").splitlines())
-
-
-def page_count(path):
-    info = subprocess.run(["pdfinfo", path], check=True, capture_output=True, text=True).stdout
-    return int(next(line.split()[1] for line in info.splitlines() if line.startswith("Pages:")))
 
 
 @unittest.skipUnless(print_queue.is_installed(), "CUPS is not installed: nothing was printed")

@@ -1,0 +1,367 @@
+// Looks at and works the windows of other programs, for the tests of the desktop program: a command
+// a line on standard input, an answer a line on standard output.
+//
+// A line is fields with tabs between them; "\t", "\n", "\r" and "\\" stand for what they say. An
+// answer starts with "ok" and has the result's fields behind it, or it is "no" and the reason. A
+// window is the number of its handle, a control the number of its identifier, a limit milliseconds.
+//
+//   wait CLASS TITLE LIMIT      the visible top-level window of that class and title (empty: any)
+//   gone WINDOW LIMIT           until it is destroyed
+//   front WINDOW LIMIT          until it is the foreground window
+//   windows                     every visible top-level window: window, class, title
+//   controls WINDOW             every visible control: identifier, class, text, 1 if enabled
+//   enabled WINDOW              1 or 0
+//   command WINDOW IDENTIFIER   posts a menu command
+//   press WINDOW CONTROL        clicks a button
+//   checked WINDOW CONTROL      1 or 0
+//   text WINDOW CONTROL         its text
+//   set WINDOW CONTROL TEXT     gives an edit field a text
+//   choose WINDOW CONTROL N     selects the place N (from 0) in a list
+//   chosen WINDOW CONTROL       the place selected (-1: none)
+//   close WINDOW                asks it to close
+#include <windows.h>
+
+#include <array>
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <iostream>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace {
+
+using Fields = std::vector<std::string>;
+
+constexpr UINT kLongestAnswer = 10'000;
+constexpr DWORD kLookInterval = 5;
+
+// The reason for a "no".
+struct Refused : std::runtime_error {
+  using std::runtime_error::runtime_error;
+};
+
+std::string Unescaped(std::string_view text) {
+  std::string plain;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\\' || i + 1 == text.size()) {
+      plain += text[i];
+      continue;
+    }
+    const char c = text[++i];
+    plain += c == 't' ? '\t' : c == 'n' ? '\n' : c == 'r' ? '\r' : c;
+  }
+  return plain;
+}
+
+std::string Escaped(std::string_view text) {
+  std::string escaped;
+  for (const char c : text) {
+    const std::size_t special = std::string_view("\t\n\r\\").find(c);
+    if (special == std::string_view::npos) {
+      escaped += c;
+    } else {
+      escaped.append(1, '\\').append(1, "tnr\\"[special]);
+    }
+  }
+  return escaped;
+}
+
+Fields SplitLine(std::string_view line) {
+  Fields fields;
+  for (;;) {
+    const std::size_t end = line.find('\t');
+    fields.push_back(Unescaped(line.substr(0, end)));
+    if (end == std::string_view::npos) {
+      return fields;
+    }
+    line.remove_prefix(end + 1);
+  }
+}
+
+std::string NumberOf(HWND window) { return std::to_string(reinterpret_cast<ULONG_PTR>(window)); }
+
+LONG_PTR Number(const std::string& text) {
+  char* end = nullptr;
+  const LONG_PTR number = std::strtoll(text.c_str(), &end, 10);
+  if (text.empty() || *end != '\0') {
+    throw Refused("not a number: " + text);
+  }
+  return number;
+}
+
+HWND WindowOf(const std::string& text) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): a handle is a number between two programs
+  const HWND window = reinterpret_cast<HWND>(Number(text));
+  if (!IsWindow(window)) {
+    throw Refused("no such window: " + text);
+  }
+  return window;
+}
+
+LRESULT Ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
+  DWORD_PTR result = 0;
+  if (SendMessageTimeoutA(window, message, w, l, SMTO_NORMAL, kLongestAnswer, &result) == 0) {
+    throw Refused("the window does not answer");
+  }
+  return static_cast<LRESULT>(result);
+}
+
+void Post(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
+  if (!PostMessageA(window, message, w, l)) {
+    throw Refused("the window takes no message");
+  }
+}
+
+std::string ClassOf(HWND window) {
+  std::array<char, 256> name{};
+  GetClassNameA(window, name.data(), static_cast<int>(name.size()));
+  return name.data();
+}
+
+std::string TitleOf(HWND window) {
+  std::array<char, 1024> title{};
+  GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
+  return title.data();
+}
+
+std::string TextOf(HWND control) {
+  std::string text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH)) + 1, '\0');
+  const LRESULT size = Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
+  text.resize(static_cast<std::size_t>(size));
+  return text;
+}
+
+BOOL CALLBACK TakeWindow(HWND window, LPARAM list) {
+  if (IsWindowVisible(window)) {
+    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
+  }
+  return TRUE;
+}
+
+std::vector<HWND> VisibleWindows() {
+  std::vector<HWND> windows;
+  EnumWindows(TakeWindow, reinterpret_cast<LPARAM>(&windows));
+  return windows;
+}
+
+std::vector<HWND> VisibleControls(HWND window) {
+  std::vector<HWND> controls;
+  EnumChildWindows(window, TakeWindow, reinterpret_cast<LPARAM>(&controls));
+  return controls;
+}
+
+// Of the window itself or of a dialog inside it. The file boxes give one number to several controls
+// of different classes.
+HWND ControlOf(const std::string& window, const std::string& identifier,
+               const std::string& class_name = "") {
+  const LONG_PTR wanted = Number(identifier);
+  for (const HWND control : VisibleControls(WindowOf(window))) {
+    if (GetDlgCtrlID(control) == wanted && (class_name.empty() || ClassOf(control) == class_name)) {
+      return control;
+    }
+  }
+  throw Refused("no such control: " + class_name + " " + identifier);
+}
+
+// A user can do nothing with a disabled control.
+HWND UsableControlOf(const std::string& window, const std::string& identifier,
+                     const std::string& class_name = "") {
+  const HWND control = ControlOf(window, identifier, class_name);
+  if (!IsWindowEnabled(control) || !IsWindowEnabled(WindowOf(window))) {
+    throw Refused("disabled: " + identifier);
+  }
+  return control;
+}
+
+void WaitUntil(const std::function<bool()>& condition, const std::string& limit,
+               const char* reason) {
+  const ULONGLONG deadline = GetTickCount64() + static_cast<ULONGLONG>(Number(limit));
+  while (!condition()) {
+    if (GetTickCount64() >= deadline) {
+      throw Refused(reason);
+    }
+    Sleep(kLookInterval);
+  }
+}
+
+HWND FindTopWindow(const std::string& class_name, const std::string& title) {
+  for (const HWND window : VisibleWindows()) {
+    if ((class_name.empty() || ClassOf(window) == class_name) &&
+        (title.empty() || TitleOf(window) == title)) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
+Fields Wait(const Fields& fields) {
+  HWND found = nullptr;
+  const auto is_there = [&] {
+    found = FindTopWindow(fields[1], fields[2]);
+    return found != nullptr;
+  };
+  WaitUntil(is_there, fields[3], "the window does not come");
+  return {NumberOf(found)};
+}
+
+Fields Gone(const Fields& fields) {
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the window may be gone already
+  const HWND window = reinterpret_cast<HWND>(Number(fields[1]));
+  WaitUntil([&] { return !IsWindow(window); }, fields[2], "the window stays");
+  return {};
+}
+
+Fields Front(const Fields& fields) {
+  const HWND window = WindowOf(fields[1]);
+  WaitUntil([&] { return GetForegroundWindow() == window; }, fields[2],
+            "another window is in the foreground");
+  return {};
+}
+
+Fields ListWindows(const Fields&) {
+  Fields result;
+  for (const HWND window : VisibleWindows()) {
+    result.insert(result.end(), {NumberOf(window), ClassOf(window), TitleOf(window)});
+  }
+  return result;
+}
+
+Fields ListControls(const Fields& fields) {
+  Fields result;
+  for (const HWND control : VisibleControls(WindowOf(fields[1]))) {
+    result.insert(result.end(), {std::to_string(GetDlgCtrlID(control)), ClassOf(control),
+                                 TextOf(control), IsWindowEnabled(control) ? "1" : "0"});
+  }
+  return result;
+}
+
+Fields Enabled(const Fields& fields) { return {IsWindowEnabled(WindowOf(fields[1])) ? "1" : "0"}; }
+
+Fields Command(const Fields& fields) {
+  const HWND window = WindowOf(fields[1]);
+  if (!IsWindowEnabled(window)) {
+    throw Refused("the window is disabled");
+  }
+  Post(window, WM_COMMAND, static_cast<WPARAM>(Number(fields[2])));
+  return {};
+}
+
+Fields Press(const Fields& fields) {
+  Post(UsableControlOf(fields[1], fields[2], "Button"), BM_CLICK);
+  return {};
+}
+
+Fields Checked(const Fields& fields) {
+  return {Ask(ControlOf(fields[1], fields[2], "Button"), BM_GETCHECK) == BST_CHECKED ? "1" : "0"};
+}
+
+Fields Text(const Fields& fields) { return {TextOf(ControlOf(fields[1], fields[2]))}; }
+
+Fields Set(const Fields& fields) {
+  Ask(UsableControlOf(fields[1], fields[2], "Edit"), WM_SETTEXT, 0,
+      reinterpret_cast<LPARAM>(fields[3].c_str()));
+  return {};
+}
+
+struct ListMessages {
+  UINT select;
+  UINT selected;
+  WORD changed;
+};
+
+ListMessages MessagesOf(HWND list) {
+  if (ClassOf(list) == "ComboBox") {
+    return {CB_SETCURSEL, CB_GETCURSEL, CBN_SELCHANGE};
+  }
+  if (ClassOf(list) == "ListBox") {
+    return {LB_SETCURSEL, LB_GETCURSEL, LBN_SELCHANGE};
+  }
+  throw Refused("not a list");
+}
+
+Fields Choose(const Fields& fields) {
+  const HWND list = UsableControlOf(fields[1], fields[2]);
+  const ListMessages messages = MessagesOf(list);
+  const LONG_PTR place = Number(fields[3]);
+  if (Ask(list, messages.select, static_cast<WPARAM>(place)) != place) {
+    throw Refused("the list has no such place");
+  }
+  const int identifier = GetDlgCtrlID(list);
+  Ask(GetParent(list), WM_COMMAND, MAKEWPARAM(identifier, messages.changed),
+      reinterpret_cast<LPARAM>(list));
+  return {};
+}
+
+Fields Chosen(const Fields& fields) {
+  const HWND list = ControlOf(fields[1], fields[2]);
+  return {std::to_string(static_cast<int>(Ask(list, MessagesOf(list).selected)))};
+}
+
+Fields Close(const Fields& fields) {
+  Post(WindowOf(fields[1]), WM_CLOSE);
+  return {};
+}
+
+struct Action {
+  std::string_view name;
+  std::size_t fields;
+  Fields (*run)(const Fields&);
+};
+
+constexpr Action kActions[] = {
+    {"wait", 4, Wait},
+    {"gone", 3, Gone},
+    {"front", 3, Front},
+    {"windows", 1, ListWindows},
+    {"controls", 2, ListControls},
+    {"enabled", 2, Enabled},
+    {"command", 3, Command},
+    {"press", 3, Press},
+    {"checked", 3, Checked},
+    {"text", 3, Text},
+    {"set", 4, Set},
+    {"choose", 4, Choose},
+    {"chosen", 3, Chosen},
+    {"close", 2, Close},
+};
+
+Fields Run(const Fields& fields) {
+  for (const Action& action : kActions) {
+    if (action.name == fields[0]) {
+      if (action.fields != fields.size()) {
+        throw Refused("wrong number of fields for " + fields[0]);
+      }
+      return action.run(fields);
+    }
+  }
+  throw Refused("no such command: " + fields[0]);
+}
+
+std::string AnswerTo(const std::string& line) {
+  try {
+    std::string answer = "ok";
+    for (const std::string& field : Run(SplitLine(line))) {
+      answer.append("\t").append(Escaped(field));
+    }
+    return answer;
+  } catch (const Refused& refused) {
+    return "no\t" + Escaped(refused.what());
+  }
+}
+
+}  // namespace
+
+int main() {
+  std::string line;
+  while (std::getline(std::cin, line)) {
+    if (line.ends_with('\r')) {
+      line.pop_back();
+    }
+    std::puts(AnswerTo(line).c_str());
+    std::fflush(stdout);
+  }
+  return 0;
+}
