@@ -8,6 +8,7 @@ import desktop
 import print_queue
 from desktop import CANCEL, OK, DesktopTest
 from printed_paper import page_count, paper_lines, squeezed
+from qz7 import wait_for
 
 PRINT = 104
 PRINT_BOX = "Print"
@@ -39,7 +40,7 @@ class Printing(DesktopTest):
         self.assertEqual("1", box.text(COPIES))
         box.set(COPIES, "2")
         box.finish(OK)
-        print_queue.wait_for(self.papers, "the paper")
+        wait_for(self.papers, "the paper")
         self.queue.wait_until_empty()
         self.leave()
         listing = squeezed(self.ok("list", self.name).splitlines())

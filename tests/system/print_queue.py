@@ -6,10 +6,10 @@ import shutil
 import socket
 import subprocess
 import tempfile
-import time
+
+from qz7 import wait_for
 
 SERVER = "/usr/sbin/cupsd"
-LIMIT = 60
 
 CUPSD = """Listen {folder}/cups.sock
 LogLevel warn
@@ -45,14 +45,6 @@ FatalErrors none
 
 def is_installed():
     return os.path.exists(SERVER) and shutil.which("lpadmin") and shutil.which("pdftotext")
-
-
-def wait_for(condition, what):
-    deadline = time.monotonic() + LIMIT
-    while not condition():
-        if time.monotonic() > deadline:
-            raise AssertionError("waited in vain for " + what)
-        time.sleep(0.05)
 
 
 class PrintQueue:
