@@ -60,7 +60,7 @@ bool HandleMessagesUntil(const std::function<bool()>& condition, int millisecond
 struct ProcessObjects {
   std::size_t gdi_objects = 0;
   std::size_t windows = 0;
-  DWORD handles = 0;
+  std::size_t handles = 0;
   bool operator==(const ProcessObjects&) const = default;
 };
 ProcessObjects CountObjects();
