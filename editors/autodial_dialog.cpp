@@ -65,10 +65,9 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return TRUE;
 }
 
-void OnUseDefaults(HWND dialog) {
+void OnShowDefaults(HWND dialog) {
   const auto& [editor, display] = DialogStateOf(dialog);
   ShowControls(dialog, LoadAutodial(SourceIn(editor.defaults), display));
-  EnableDefaultsButtons(dialog, false);
 }
 
 void OnStoreDefaults(HWND dialog) {
@@ -98,50 +97,28 @@ void OnDisplay(HWND dialog) {
 }
 
 void OnValueControl(HWND dialog, int control, int notification) {
+  if (control == ID_DTMF_SYMBOLS) {
+    OnDisplay(dialog);
+    return;
+  }
   const int change = control == ID_AUTODIAL_FLAG ? BN_CLICKED : EN_CHANGE;
   if (notification == change) {
     EnableDefaultsButtons(dialog, true);
   }
 }
 
-void OnCommand(HWND dialog, int control, int notification) {
-  switch (control) {
-    case IDOK:
-      OnOk(dialog);
-      break;
-    case IDCANCEL:
-      EndDialog(dialog, -1);
-      break;
-    case ID_HELP:
-      ShowHelp(kHelpAutodial);
-      break;
-    case ID_USE_DEFAULTS:
-      OnUseDefaults(dialog);
-      break;
-    case ID_STORE_DEFAULTS:
-      OnStoreDefaults(dialog);
-      break;
-    case ID_DTMF_SYMBOLS:
-      OnDisplay(dialog);
-      break;
-    default:
-      OnValueControl(dialog, control, notification);
-      break;
-  }
-}
+constexpr FeatureCommands kCommands{.help_context = kHelpAutodial,
+                                    .show_defaults = OnShowDefaults,
+                                    .store_defaults = OnStoreDefaults,
+                                    .ok = OnOk,
+                                    .value = OnValueControl};
 
 INT_PTR CALLBACK DlgProcAutoDial(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w), HIWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      EndDialog(dialog, -1);
-      return TRUE;
     default:
-      return FALSE;
+      return HandleFeatureMessage(kCommands, dialog, message, w);
   }
 }
 

@@ -3,9 +3,37 @@
 #include <bit>
 
 #include "app/dialog_support.h"
+#include "app/help.h"
 #include "resources/control_ids.h"
 
 namespace qz7 {
+namespace {
+
+void OnCommand(const FeatureCommands& commands, HWND dialog, int control, int notification) {
+  switch (control) {
+    case IDOK:
+      commands.ok(dialog);
+      break;
+    case IDCANCEL:
+      EndDialog(dialog, -1);
+      break;
+    case ID_HELP:
+      ShowHelp(commands.help_context);
+      break;
+    case ID_USE_DEFAULTS:
+      commands.show_defaults(dialog);
+      EnableDefaultsButtons(dialog, false);
+      break;
+    case ID_STORE_DEFAULTS:
+      commands.store_defaults(dialog);
+      break;
+    default:
+      commands.value(dialog, control, notification);
+      break;
+  }
+}
+
+}  // namespace
 
 SettingsSource OpeningSource(const FeatureEditor& editor) {
   return OpeningSource(editor.image, editor.defaults, editor.starts_from_defaults);
@@ -29,6 +57,19 @@ bool DefaultsButtonsEnabled(HWND dialog) {
 
 void SaveDefaults(const FeatureEditor& editor) {
   SaveDefaultsRecord(editor.defaults, editor.defaults_file);
+}
+
+INT_PTR HandleFeatureMessage(const FeatureCommands& commands, HWND dialog, UINT message, WPARAM w) {
+  switch (message) {
+    case WM_COMMAND:
+      OnCommand(commands, dialog, LOWORD(w), HIWORD(w));
+      return TRUE;
+    case WM_CLOSE:
+      EndDialog(dialog, -1);
+      return TRUE;
+    default:
+      return FALSE;
+  }
 }
 
 std::string BytePlace(std::size_t offset) { return "Byte " + std::to_string(offset); }

@@ -24,6 +24,17 @@ bool DefaultsButtonsEnabled(HWND dialog);
 
 void SaveDefaults(const FeatureEditor& editor);
 
+// What such a dialog does when it is told to.
+struct FeatureCommands {
+  int help_context;
+  void (*show_defaults)(HWND dialog);  // in the controls
+  void (*store_defaults)(HWND dialog);
+  void (*ok)(HWND dialog);
+  void (*value)(HWND dialog, int control, int notification);  // from a control with a value
+};
+// The commands and the closing of the dialog; FALSE for another message.
+INT_PTR HandleFeatureMessage(const FeatureCommands& commands, HWND dialog, UINT message, WPARAM w);
+
 // "Byte 10504", "Byte 10504, bit 7": the tooltip of a control, with its place in the image.
 std::string BytePlace(std::size_t offset);
 std::string BitPlace(std::size_t offset, std::uint8_t bit);

@@ -59,9 +59,8 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return TRUE;
 }
 
-void OnUseDefaults(HWND dialog) {
+void OnShowDefaults(HWND dialog) {
   ShowChoices(dialog, LoadIcons(SourceIn(DialogStateOf(dialog).editor.defaults)));
-  EnableDefaultsButtons(dialog, false);
 }
 
 void OnStoreDefaults(HWND dialog) {
@@ -85,28 +84,11 @@ void OnIconList(HWND dialog, int control, int notification) {
   }
 }
 
-void OnCommand(HWND dialog, int control, int notification) {
-  switch (control) {
-    case IDOK:
-      OnOk(dialog);
-      break;
-    case IDCANCEL:
-      EndDialog(dialog, -1);
-      break;
-    case ID_HELP:
-      ShowHelp(kHelpIcons);
-      break;
-    case ID_USE_DEFAULTS:
-      OnUseDefaults(dialog);
-      break;
-    case ID_STORE_DEFAULTS:
-      OnStoreDefaults(dialog);
-      break;
-    default:
-      OnIconList(dialog, control, notification);
-      break;
-  }
-}
+constexpr FeatureCommands kCommands{.help_context = kHelpIcons,
+                                    .show_defaults = OnShowDefaults,
+                                    .store_defaults = OnStoreDefaults,
+                                    .ok = OnOk,
+                                    .value = OnIconList};
 
 // Comes before WM_INITDIALOG. All pictures have one size.
 BOOL OnMeasureItem(MEASUREITEMSTRUCT& item) {
@@ -127,14 +109,8 @@ INT_PTR CALLBACK DlgProcIconSelect(HWND dialog, UINT message, WPARAM w, LPARAM l
       return OnMeasureItem(MeasuredItem(l));
     case WM_DRAWITEM:
       return OnDrawItem(dialog, DrawnItem(l));
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w), HIWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      EndDialog(dialog, -1);
-      return TRUE;
     default:
-      return FALSE;
+      return HandleFeatureMessage(kCommands, dialog, message, w);
   }
 }
 

@@ -118,9 +118,8 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return TRUE;
 }
 
-void OnUseDefaults(HWND dialog) {
+void OnShowDefaults(HWND dialog) {
   ShowControls(dialog, LoadSettings(SourceIn(EditorOf(dialog).defaults)));
-  EnableDefaultsButtons(dialog, false);
 }
 
 void OnStoreDefaults(HWND dialog) {
@@ -145,28 +144,11 @@ void OnValueControl(HWND dialog, int control, int notification) {
   }
 }
 
-void OnCommand(HWND dialog, int control, int notification) {
-  switch (control) {
-    case IDOK:
-      OnOk(dialog);
-      break;
-    case IDCANCEL:
-      EndDialog(dialog, -1);
-      break;
-    case ID_HELP:
-      ShowHelp(kHelpSettings);
-      break;
-    case ID_USE_DEFAULTS:
-      OnUseDefaults(dialog);
-      break;
-    case ID_STORE_DEFAULTS:
-      OnStoreDefaults(dialog);
-      break;
-    default:
-      OnValueControl(dialog, control, notification);
-      break;
-  }
-}
+constexpr FeatureCommands kCommands{.help_context = kHelpSettings,
+                                    .show_defaults = OnShowDefaults,
+                                    .store_defaults = OnStoreDefaults,
+                                    .ok = OnOk,
+                                    .value = OnValueControl};
 
 // Comes before WM_INITDIALOG.
 BOOL OnMeasureItem(MEASUREITEMSTRUCT& item) {
@@ -187,14 +169,8 @@ INT_PTR CALLBACK DlgProcSetting(HWND dialog, UINT message, WPARAM w, LPARAM l) {
       return OnMeasureItem(MeasuredItem(l));
     case WM_DRAWITEM:
       return OnDrawItem(dialog, DrawnItem(l));
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w), HIWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      EndDialog(dialog, -1);
-      return TRUE;
     default:
-      return FALSE;
+      return HandleFeatureMessage(kCommands, dialog, message, w);
   }
 }
 

@@ -37,9 +37,8 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return TRUE;
 }
 
-void OnUseDefaults(HWND dialog) {
+void OnShowDefaults(HWND dialog) {
   ShowNames(dialog, LoadWxNames(SourceIn(DialogStateOf(dialog).editor.defaults)));
-  EnableDefaultsButtons(dialog, false);
 }
 
 void OnStoreDefaults(HWND dialog) {
@@ -63,41 +62,18 @@ void OnNameField(HWND dialog, int control, int notification) {
   }
 }
 
-void OnCommand(HWND dialog, int control, int notification) {
-  switch (control) {
-    case IDOK:
-      OnOk(dialog);
-      break;
-    case IDCANCEL:
-      EndDialog(dialog, -1);
-      break;
-    case ID_HELP:
-      ShowHelp(kHelpWxNames);
-      break;
-    case ID_USE_DEFAULTS:
-      OnUseDefaults(dialog);
-      break;
-    case ID_STORE_DEFAULTS:
-      OnStoreDefaults(dialog);
-      break;
-    default:
-      OnNameField(dialog, control, notification);
-      break;
-  }
-}
+constexpr FeatureCommands kCommands{.help_context = kHelpWxNames,
+                                    .show_defaults = OnShowDefaults,
+                                    .store_defaults = OnStoreDefaults,
+                                    .ok = OnOk,
+                                    .value = OnNameField};
 
 INT_PTR CALLBACK DlgProcWxNames(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w), HIWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      EndDialog(dialog, -1);
-      return TRUE;
     default:
-      return FALSE;
+      return HandleFeatureMessage(kCommands, dialog, message, w);
   }
 }
 
