@@ -10,11 +10,11 @@
 #include <memory>
 #include <string>
 
-#include "files/file_output.h"
-#include "files/messages.h"
-#include "files/new_document.h"
-#include "files/radio_data_file.h"
-#include "image/channel_record.h"
+#include "core/files/file_output.h"
+#include "core/files/messages.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
+#include "core/image/channel_record.h"
 
 namespace qz7 {
 

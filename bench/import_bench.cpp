@@ -11,11 +11,11 @@
 #include <memory>
 #include <string>
 
-#include "files/messages.h"
-#include "files/new_document.h"
-#include "interchange/import_columns.h"
-#include "interchange/import_lines.h"
-#include "interchange/import_selection.h"
+#include "core/files/messages.h"
+#include "core/files/new_document.h"
+#include "core/interchange/import_columns.h"
+#include "core/interchange/import_lines.h"
+#include "core/interchange/import_selection.h"
 
 namespace qz7 {
 

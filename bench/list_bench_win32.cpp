@@ -7,9 +7,9 @@
 #include <memory>
 #include <vector>
 
-#include "editors/channel_rows_dialog.h"
-#include "files/new_document.h"
-#include "image/channel_record.h"
+#include "core/files/new_document.h"
+#include "core/image/channel_record.h"
+#include "desktop/editors/channel_rows_dialog.h"
 
 int main() {
   constexpr int kRuns = 101;

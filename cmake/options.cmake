@@ -1,9 +1,18 @@
+# What was compiled before is taken from ccache, where that is there. It looks through a precompiled
+# header only when it is told that the header's own time does not matter.
+find_program(QZ7_CCACHE ccache)
+if(QZ7_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${QZ7_CCACHE})
+endif()
+
 # Warnings are errors on every target of ours; a folder is one library that lists what it links.
 add_library(qz7_options INTERFACE)
 target_compile_options(qz7_options INTERFACE
   -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror)
 target_include_directories(qz7_options INTERFACE ${CMAKE_SOURCE_DIR})
 if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+  add_compile_options(-fpch-preprocess)
   # GCC 12 sees overlapping copies in "text" + std::string that are none (its bug 105651).
   target_compile_options(qz7_options INTERFACE -Wno-restrict)
 endif()

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "interchange/import.h"
-#include "interchange/merge.h"
+#include "core/interchange/import.h"
+#include "core/interchange/merge.h"
 
 namespace qz7 {
 

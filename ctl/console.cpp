@@ -3,8 +3,8 @@
 #include <ctime>
 #include <iostream>
 
-#include "files/messages.h"
-#include "files/radio_data_file.h"
+#include "core/files/messages.h"
+#include "core/files/radio_data_file.h"
 
 namespace qz7 {
 namespace {

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "image/clone_image.h"
+#include "core/image/clone_image.h"
 
 namespace qz7 {
 

@@ -1,8 +1,8 @@
 #include <cstdlib>
 
+#include "core/image/clone_image.h"
 #include "ctl/arguments.h"
 #include "ctl/console.h"
-#include "image/clone_image.h"
 
 namespace qz7 {
 namespace {

@@ -1,11 +1,11 @@
 #include <memory>
 
+#include "core/editors/channel_editor.h"
+#include "core/editors/channel_fields.h"
+#include "core/editors/memory_list.h"
+#include "core/image/operating_state.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
-#include "editors/channel_editor.h"
-#include "editors/channel_fields.h"
-#include "editors/memory_list.h"
-#include "image/operating_state.h"
 
 namespace qz7 {
 namespace {

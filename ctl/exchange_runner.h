@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "link/clone_read.h"
-#include "link/clone_write.h"
+#include "core/link/clone_read.h"
+#include "core/link/clone_write.h"
 
 namespace qz7 {
 

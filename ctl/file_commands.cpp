@@ -2,17 +2,17 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
-#include "app/print_text.h"
+#include "core/editors/print_text.h"
+#include "core/files/document_header.h"
+#include "core/files/file_inspection.h"
+#include "core/files/image_difference.h"
+#include "core/files/messages.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
+#include "core/image/channel_description.h"
+#include "core/image/channel_text.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
-#include "files/document_header.h"
-#include "files/file_inspection.h"
-#include "files/image_difference.h"
-#include "files/messages.h"
-#include "files/new_document.h"
-#include "files/radio_data_file.h"
-#include "image/channel_description.h"
-#include "image/channel_text.h"
 
 namespace qz7 {
 namespace {

@@ -3,13 +3,13 @@
 #include <iterator>
 #include <memory>
 
+#include "core/files/csv_export.h"
+#include "core/files/messages.h"
+#include "core/image/operating_state.h"
+#include "core/interchange/import.h"
+#include "core/interchange/merge_dialog_rules.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
-#include "files/csv_export.h"
-#include "files/messages.h"
-#include "image/operating_state.h"
-#include "interchange/import.h"
-#include "interchange/merge_dialog_rules.h"
 
 namespace qz7 {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <thread>
 
-#include "link/exchange.h"
+#include "core/link/exchange.h"
 
 namespace qz7 {
 

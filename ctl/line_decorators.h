@@ -4,7 +4,7 @@
 #include <fstream>
 #include <string>
 
-#include "link/serial_port.h"
+#include "core/link/serial_port.h"
 
 namespace qz7 {
 

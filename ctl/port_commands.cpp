@@ -2,16 +2,16 @@
 #include <memory>
 #include <system_error>
 
+#include "core/files/file_inspection.h"
+#include "core/files/image_difference.h"
+#include "core/files/messages.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
 #include "ctl/exchange_runner.h"
 #include "ctl/line_decorators.h"
 #include "ctl/port_access.h"
-#include "files/file_inspection.h"
-#include "files/image_difference.h"
-#include "files/messages.h"
-#include "files/new_document.h"
-#include "files/radio_data_file.h"
 
 namespace qz7 {
 namespace {

@@ -3,7 +3,7 @@
 #include <chrono>
 #include <string>
 
-#include "link/progress_meter.h"
+#include "core/link/progress_meter.h"
 
 namespace qz7 {
 

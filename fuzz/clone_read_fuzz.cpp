@@ -3,9 +3,9 @@
 #include <cstdlib>
 #include <vector>
 
+#include "core/link/clone_read.h"
 #include "fuzz/fuzz_seams.h"
-#include "link/clone_read.h"
-#include "link/memory_line.h"
+#include "tests/unit/memory_line.h"
 
 namespace {
 

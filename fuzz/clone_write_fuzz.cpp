@@ -6,11 +6,11 @@
 #include <memory>
 #include <string>
 
-#include "files/new_document.h"
-#include "files/radio_data_file.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
+#include "core/link/clone_write.h"
 #include "fuzz/fuzz_seams.h"
-#include "link/clone_write.h"
-#include "link/memory_line.h"
+#include "tests/unit/memory_line.h"
 
 namespace {
 

@@ -4,11 +4,11 @@
 #include <memory>
 #include <string_view>
 
-#include "files/new_document.h"
-#include "image/band_plan.h"
-#include "image/channel_record.h"
-#include "image/channel_text.h"
-#include "image/frequency_check.h"
+#include "core/files/new_document.h"
+#include "core/image/band_plan.h"
+#include "core/image/channel_record.h"
+#include "core/image/channel_text.h"
+#include "core/image/frequency_check.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace qz7;

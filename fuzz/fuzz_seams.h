@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <deque>
 
-#include "files/messages.h"
+#include "core/files/messages.h"
 
 namespace qz7 {
 

@@ -8,10 +8,10 @@
 #include <memory>
 #include <span>
 
+#include "core/image/clone_image.h"
+#include "core/interchange/import.h"
+#include "core/interchange/import_columns.h"
 #include "fuzz/fuzz_seams.h"
-#include "image/clone_image.h"
-#include "interchange/import.h"
-#include "interchange/import_columns.h"
 
 namespace qz7 {
 namespace {

@@ -8,11 +8,11 @@
 #include <sstream>
 #include <string>
 
-#include "files/new_document.h"
+#include "core/files/new_document.h"
+#include "core/image/clone_image.h"
+#include "core/image/operating_state.h"
+#include "core/interchange/merge_dialog_rules.h"
 #include "fuzz/fuzz_seams.h"
-#include "image/clone_image.h"
-#include "image/operating_state.h"
-#include "interchange/merge_dialog_rules.h"
 
 namespace qz7 {
 namespace {

@@ -8,18 +8,18 @@
 #include <sstream>
 #include <string>
 
-#include "app/print_text.h"
-#include "files/document_header.h"
-#include "files/file_inspection.h"
-#include "files/image_difference.h"
-#include "files/new_document.h"
-#include "files/radio_data_file.h"
+#include "core/editors/print_text.h"
+#include "core/files/document_header.h"
+#include "core/files/file_inspection.h"
+#include "core/files/image_difference.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
+#include "core/image/band_plan.h"
+#include "core/image/channel_description.h"
+#include "core/image/channel_record.h"
+#include "core/image/channel_text.h"
+#include "core/image/operating_state.h"
 #include "fuzz/fuzz_seams.h"
-#include "image/band_plan.h"
-#include "image/channel_description.h"
-#include "image/channel_record.h"
-#include "image/channel_text.h"
-#include "image/operating_state.h"
 
 namespace qz7 {
 namespace {

@@ -5,12 +5,12 @@
 #include <sstream>
 #include <string>
 
-#include "files/document_header.h"
-#include "files/file_inspection.h"
-#include "files/new_document.h"
-#include "files/radio_data_file.h"
+#include "core/files/document_header.h"
+#include "core/files/file_inspection.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
+#include "core/link/clone_write.h"
 #include "fuzz/fuzz_seams.h"
-#include "link/clone_write.h"
 
 namespace {
 

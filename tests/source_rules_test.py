@@ -6,7 +6,6 @@ import subprocess
 import unittest
 
 TOP = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
-CORE = ("image/", "files/", "link/", "editors/", "interchange/")
 POSIX_HEADERS = {
     "dirent.h", "fcntl.h", "grp.h", "linux/serial.h", "poll.h", "pwd.h", "pty.h", "signal.h",
     "sys/file.h", "sys/ioctl.h", "sys/resource.h", "sys/stat.h", "sys/types.h", "sys/wait.h",
@@ -34,8 +33,8 @@ def includes(path):
 class PlatformHeaders(unittest.TestCase):
     def test_windows_headers_stand_only_in_the_windows_and_dialog_files(self):
         for path in tracked("*.cpp", "*.h"):
-            allowed = (path.endswith(("_win32.cpp", "_dialog.cpp", "_dialog.h", "_win32.h"))
-                       or path.startswith(("app/", "tests/ui/")))
+            allowed = (path.endswith(("_win32.cpp", "_win32.h"))
+                       or path.startswith(("desktop/", "tests/ui/")))
             with self.subTest(path):
                 self.assertTrue(allowed or not includes(path) & WINDOWS_HEADERS)
 
@@ -51,31 +50,45 @@ class PlatformHeaders(unittest.TestCase):
 
     def test_the_core_asks_for_no_platform(self):
         for path in tracked("*.cpp", "*.h"):
-            if path.startswith(CORE) and not re.search(r"_(win32|posix|dialog)\.", path):
+            if path.startswith("core/") and not re.search(r"_(win32|posix)\.", path):
                 with self.subTest(path):
                     self.assertNotRegex(read(path), r"\b(_WIN32|__linux__|__unix__|_MSC_VER)\b")
 
 
 class Dependencies(unittest.TestCase):
-    # What the core of a folder may include beside itself.
+    # What a folder may include beside itself. Everything points down.
+    CORE = {
+        "core/image": set(),
+        "core/files": {"core/image"},
+        "core/link": {"core/files", "core/image"},
+        "core/editors": {"core/files", "core/image"},
+        "core/interchange": {"core/files", "core/image"},
+    }
+    WINDOWS = {"desktop/files", "desktop/link", "desktop/editors", "desktop/interchange",
+               "desktop/printing"}
+    BELOW_WINDOWS = set(CORE) | {"desktop/toolkit", "resources"}
     ALLOWED = {
-        "image": set(),
-        "files": {"image"},
-        "link": {"files", "image"},
-        "editors": {"files", "image"},
-        "interchange": {"files", "image"},
+        **CORE,
+        "desktop/toolkit": {"core/image", "core/files", "resources"},
+        **dict.fromkeys(WINDOWS, BELOW_WINDOWS),
+        "desktop": BELOW_WINDOWS | WINDOWS,
+        "ctl": set(CORE),
         "radio": set(),
+        "fuzz": set(CORE) | {"tests/unit"},
     }
 
     def test_a_folder_includes_only_what_lies_below_it(self):
+        seen = set()
         for path in tracked("*.cpp", "*.h"):
-            folder = path.split("/")[0]
-            if folder not in self.ALLOWED or "_dialog." in path:
+            folder = os.path.dirname(path)
+            if folder.split("/")[0] in ("tests", "bench", "resources"):
                 continue
-            ours = {name.split("/")[0] for name in includes(path) if "/" in name}
-            ours &= {"image", "files", "link", "editors", "interchange", "app", "ctl", "radio"}
+            seen.add(folder)
+            ours = {os.path.dirname(name) for name in includes(path) if "/" in name}
+            ours = {name for name in ours if os.path.isdir(os.path.join(TOP, name))}
             with self.subTest(path):
                 self.assertLessEqual(ours - {folder}, self.ALLOWED[folder])
+        self.assertEqual(seen, set(self.ALLOWED))
 
 
 class Sizes(unittest.TestCase):

@@ -6,16 +6,16 @@ from message_texts import FOLDERS, closing, without_comments
 from support import read_text, sources, topics
 
 CONTENTS_CONTEXT = 1
-# Calls whose number is not one of app/help.h by name: where the numbers stand.
+# Calls whose number is not one of desktop/toolkit/help.h by name: where the numbers stand.
 COMPUTED = {
     "EditorHelpContext(WindowOf(dialog).editor.n)":
-        ("editors/channel_editor.cpp", r"int EditorHelpContext\(int n\) \{ return [^;]*;"),
+        ("core/editors/channel_editor.cpp", r"int EditorHelpContext\(int n\) \{ return [^;]*;"),
 }
 
 
 def named_contexts():
     return {name: int(number) for name, number in
-            re.findall(r"constexpr int (kHelp\w+) = (\d+);", read_text("app/help.h"))}
+            re.findall(r"constexpr int (kHelp\w+) = (\d+);", read_text("desktop/toolkit/help.h"))}
 
 
 def asked_contexts():

@@ -18,12 +18,12 @@ FUNCTIONS = {
     (None, "ShowFileError"): 0,
     (None, "LinkErrorRetry"): 1,
     (None, "LinkErrorOk"): 1,
-    ("link/exchange.cpp", "ShowLinkError"): 1,
-    ("app/print_job.cpp", "ShowFailure"): 0,
-    ("app/program.cpp", "Fail"): 0,
-    ("editors/channel_acceptance.cpp", "Refuse"): 0,
-    ("files/radio_data_file.cpp", "Refuse"): 0,
-    ("interchange/merge_source.cpp", "Refuse"): 1,
+    ("core/link/exchange.cpp", "ShowLinkError"): 1,
+    ("desktop/printing/print_job.cpp", "ShowFailure"): 0,
+    ("desktop/program.cpp", "Fail"): 0,
+    ("core/editors/channel_acceptance.cpp", "Refuse"): 0,
+    ("core/files/radio_data_file.cpp", "Refuse"): 0,
+    ("core/interchange/merge_source.cpp", "Refuse"): 1,
 }
 
 
@@ -42,24 +42,24 @@ def _file_kind(field):
 
 # Calls whose text stands elsewhere: the text is a field, or a function's result.
 NAMED = {
-    ("editors/channel_editor.cpp", "check.message"):
-        Elsewhere("image/frequency_check.cpp", r"return \{false, \w+,([^}]*)\};"),
-    ("editors/autodial.cpp", "number.refusal"):
-        Elsewhere("editors/autodial.cpp", r"\brefusal = ([^;]*);"),
-    ("link/serial_port.cpp", "PortErrorText(device, result)"):
-        Elsewhere("link/serial_port.cpp", r"return (device \+[^;]*);"),
-    ("files/radio_data_file.cpp", "kind.wrong_magic + path"):
-        Elsewhere("files/radio_data_file.cpp", _file_kind(0), True),
-    ("files/radio_data_file.cpp", "kind.wrong_radio + std::string(RadioName(buffer))"):
-        Elsewhere("files/radio_data_file.cpp", _file_kind(1), True),
-    ("files/radio_data_file.cpp", "kind.bad_header"):
-        Elsewhere("files/radio_data_file.cpp", _file_kind(2)),
-    ("files/radio_data_file.cpp", "kind.bad_format"):
-        Elsewhere("files/radio_data_file.cpp", _file_kind(3)),
+    ("core/editors/channel_editor.cpp", "check.message"):
+        Elsewhere("core/image/frequency_check.cpp", r"return \{false, \w+,([^}]*)\};"),
+    ("core/editors/autodial.cpp", "number.refusal"):
+        Elsewhere("core/editors/autodial.cpp", r"\brefusal = ([^;]*);"),
+    ("core/link/serial_port.cpp", "PortErrorText(device, result)"):
+        Elsewhere("core/link/serial_port.cpp", r"return (device \+[^;]*);"),
+    ("core/files/radio_data_file.cpp", "kind.wrong_magic + path"):
+        Elsewhere("core/files/radio_data_file.cpp", _file_kind(0), True),
+    ("core/files/radio_data_file.cpp", "kind.wrong_radio + std::string(RadioName(buffer))"):
+        Elsewhere("core/files/radio_data_file.cpp", _file_kind(1), True),
+    ("core/files/radio_data_file.cpp", "kind.bad_header"):
+        Elsewhere("core/files/radio_data_file.cpp", _file_kind(2)),
+    ("core/files/radio_data_file.cpp", "kind.bad_format"):
+        Elsewhere("core/files/radio_data_file.cpp", _file_kind(3)),
 }
 
 # The one place where a message box is made; it shows what ShowMessage is given.
-MESSAGE_BOX_FILE = "app/seams_win32.cpp"
+MESSAGE_BOX_FILE = "desktop/seams_win32.cpp"
 
 
 def without_comments(text):

@@ -1,8 +1,8 @@
-#include "editors/channel_editor_dialog.h"
+#include "desktop/editors/channel_editor_dialog.h"
 
-#include "app/commands.h"
-#include "editors/group_table.h"
-#include "image/channel_record.h"
+#include "core/editors/group_table.h"
+#include "core/image/channel_record.h"
+#include "desktop/commands.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 

@@ -3,8 +3,8 @@
 #include <numeric>
 #include <thread>
 
-#include "link/clone_dialogs.h"
-#include "link/exchange.h"
+#include "core/link/exchange.h"
+#include "desktop/link/clone_dialogs.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 #include "tests/unit/document_bytes.h"

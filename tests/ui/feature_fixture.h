@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <array>
 
-#include "app/locations.h"
-#include "app/main_dialog.h"
+#include "desktop/locations.h"
+#include "desktop/main_dialog.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 

@@ -1,9 +1,9 @@
-#include "editors/groups_dialog.h"
+#include "desktop/editors/groups_dialog.h"
 
-#include "app/commands.h"
-#include "editors/group_table.h"
-#include "image/channel_record.h"
-#include "image/settings_map.h"
+#include "core/editors/group_table.h"
+#include "core/image/channel_record.h"
+#include "core/image/settings_map.h"
+#include "desktop/commands.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 

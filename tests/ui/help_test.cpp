@@ -1,14 +1,14 @@
-#include "app/help.h"
+#include "desktop/toolkit/help.h"
 
 #include <algorithm>
 #include <fstream>
 
-#include "app/commands.h"
-#include "app/dialog_support.h"
-#include "app/help_viewer.h"
-#include "editors/copy_many_dialog.h"
-#include "files/new_document.h"
-#include "files/radio_data_file.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
+#include "desktop/commands.h"
+#include "desktop/editors/copy_many_dialog.h"
+#include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/help_viewer.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 

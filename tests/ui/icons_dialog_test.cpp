@@ -1,5 +1,5 @@
-#include "app/dialog_support.h"
-#include "app/picture_list.h"
+#include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/picture_list.h"
 #include "tests/ui/feature_fixture.h"
 
 namespace qz7 {

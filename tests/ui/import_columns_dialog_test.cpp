@@ -1,4 +1,4 @@
-#include "interchange/import_columns_dialog.h"
+#include "desktop/interchange/import_columns_dialog.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "interchange/import_dialog.h"
+#include "desktop/interchange/import_dialog.h"
 
 #include "tests/ui/interchange_windows.h"
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "app/app_state.h"
+#include "desktop/app_state.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 

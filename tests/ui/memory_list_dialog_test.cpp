@@ -1,9 +1,9 @@
-#include "editors/memory_list_dialog.h"
+#include "desktop/editors/memory_list_dialog.h"
 
-#include "app/commands.h"
-#include "editors/copy_many_dialog.h"
-#include "editors/group_table.h"
-#include "image/channel_record.h"
+#include "core/editors/group_table.h"
+#include "core/image/channel_record.h"
+#include "desktop/commands.h"
+#include "desktop/editors/copy_many_dialog.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "interchange/merge_dialog.h"
+#include "desktop/interchange/merge_dialog.h"
 
 #include "tests/ui/interchange_windows.h"
 #include "tests/unit/interchange_fixture.h"

@@ -1,4 +1,4 @@
-#include "app/printing.h"
+#include "desktop/printing/printing.h"
 
 #include <winspool.h>
 
@@ -7,8 +7,8 @@
 #include <deque>
 #include <optional>
 
-#include "app/commands.h"
-#include "app/dialog_support.h"
+#include "desktop/commands.h"
+#include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 

@@ -1,4 +1,4 @@
-#include "app/radio_font.h"
+#include "desktop/toolkit/radio_font.h"
 
 #include "tests/ui/window_fixture.h"
 

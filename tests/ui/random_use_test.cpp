@@ -7,9 +7,9 @@
 #include <random>
 #include <set>
 
-#include "app/commands.h"
-#include "app/dialog_support.h"
-#include "files/radio_data_file.h"
+#include "core/files/radio_data_file.h"
+#include "desktop/commands.h"
+#include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 

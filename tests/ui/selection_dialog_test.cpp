@@ -1,6 +1,6 @@
-#include "interchange/selection_dialog.h"
+#include "desktop/interchange/selection_dialog.h"
 
-#include "app/dialog_support.h"
+#include "desktop/toolkit/dialog_support.h"
 #include "tests/ui/interchange_windows.h"
 #include "tests/unit/interchange_fixture.h"
 

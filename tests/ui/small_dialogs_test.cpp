@@ -1,8 +1,8 @@
-#include "app/about_dialog.h"
-#include "app/locations.h"
-#include "files/preferences_dialog.h"
-#include "files/template_dialog.h"
-#include "link/port_dialog.h"
+#include "desktop/about_dialog.h"
+#include "desktop/files/preferences_dialog.h"
+#include "desktop/files/template_dialog.h"
+#include "desktop/link/port_dialog.h"
+#include "desktop/locations.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 

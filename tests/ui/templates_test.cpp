@@ -5,8 +5,8 @@
 #include <cstring>
 #include <map>
 
-#include "app/dialog_support.h"
-#include "app/locations.h"
+#include "desktop/locations.h"
+#include "desktop/toolkit/dialog_support.h"
 
 // Every dialog template of the library and of the program, as the user meets it: texts that fit at
 // each of the usual resolutions, access keys of their own, an order that runs with the eye.

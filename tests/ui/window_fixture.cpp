@@ -3,10 +3,10 @@
 #include <deque>
 #include <fstream>
 
-#include "app/dialog_support.h"
-#include "app/locations.h"
-#include "app/main_dialog.h"
-#include "app/main_window.h"
+#include "desktop/locations.h"
+#include "desktop/main_dialog.h"
+#include "desktop/main_window.h"
+#include "desktop/toolkit/dialog_support.h"
 
 namespace qz7 {
 namespace {

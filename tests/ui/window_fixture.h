@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "app/app_state.h"
-#include "link/memory_line.h"
+#include "desktop/app_state.h"
+#include "tests/unit/memory_line.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "editors/autodial.h"
+#include "core/editors/autodial.h"
 #include "tests/unit/editor_fixture.h"
 #include "tests/unit/seams.h"
 

@@ -1,4 +1,4 @@
-#include "image/band_plan.h"
+#include "core/image/band_plan.h"
 
 #include <gtest/gtest.h>
 

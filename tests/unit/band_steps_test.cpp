@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "image/band_plan.h"
-#include "image/channel_record.h"
+#include "core/image/band_plan.h"
+#include "core/image/channel_record.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

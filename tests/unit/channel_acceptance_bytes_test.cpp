@@ -2,7 +2,7 @@
 
 #include <functional>
 
-#include "editors/channel_editor.h"
+#include "core/editors/channel_editor.h"
 #include "tests/unit/editor_fixture.h"
 #include "tests/unit/seams.h"
 

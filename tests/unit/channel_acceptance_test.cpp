@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "editors/channel_editor.h"
+#include "core/editors/channel_editor.h"
 #include "tests/unit/editor_fixture.h"
 #include "tests/unit/seams.h"
 

@@ -1,4 +1,4 @@
-#include "image/channel_description.h"
+#include "core/image/channel_description.h"
 
 #include <gtest/gtest.h>
 
@@ -6,8 +6,8 @@
 #include <map>
 #include <memory>
 
-#include "files/new_document.h"
-#include "image/channel_record.h"
+#include "core/files/new_document.h"
+#include "core/image/channel_record.h"
 
 namespace qz7 {
 namespace {

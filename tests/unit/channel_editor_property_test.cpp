@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "editors/channel_editor.h"
-#include "editors/channel_fields.h"
+#include "core/editors/channel_editor.h"
+#include "core/editors/channel_fields.h"
 #include "tests/unit/editor_fixture.h"
 #include "tests/unit/seams.h"
 

@@ -1,4 +1,4 @@
-#include "editors/channel_editor.h"
+#include "core/editors/channel_editor.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "editors/channel_fields.h"
+#include "core/editors/channel_fields.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "image/clone_image.h"
+#include "core/image/clone_image.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

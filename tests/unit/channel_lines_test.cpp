@@ -3,7 +3,7 @@
 #include <array>
 #include <string>
 
-#include "image/channel_text.h"
+#include "core/image/channel_text.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

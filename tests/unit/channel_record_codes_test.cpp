@@ -2,7 +2,7 @@
 
 #include <optional>
 
-#include "image/channel_record.h"
+#include "core/image/channel_record.h"
 #include "tests/unit/image_fixture.h"
 
 // Codes that no list of the radio holds: they show no selection and stay as they are.

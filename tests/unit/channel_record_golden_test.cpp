@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "image/channel_record.h"
+#include "core/image/channel_record.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

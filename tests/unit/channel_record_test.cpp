@@ -1,4 +1,4 @@
-#include "image/channel_record.h"
+#include "core/image/channel_record.h"
 
 #include <gtest/gtest.h>
 

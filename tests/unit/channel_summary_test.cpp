@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
-#include "image/channel_record.h"
-#include "image/clone_image.h"
+#include "core/image/channel_record.h"
+#include "core/image/clone_image.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

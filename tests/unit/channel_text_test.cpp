@@ -1,4 +1,4 @@
-#include "image/channel_text.h"
+#include "core/image/channel_text.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "image/frequency_check.h"
+#include "core/image/frequency_check.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

@@ -2,9 +2,9 @@
 
 #include <vector>
 
-#include "link/exchange.h"
-#include "link/memory_line.h"
+#include "core/link/exchange.h"
 #include "tests/unit/exchange_fixture.h"
+#include "tests/unit/memory_line.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

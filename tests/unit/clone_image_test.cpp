@@ -1,4 +1,4 @@
-#include "image/clone_image.h"
+#include "core/image/clone_image.h"
 
 #include <gtest/gtest.h>
 

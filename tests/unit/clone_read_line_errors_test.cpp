@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "link/clone_read.h"
+#include "core/link/clone_read.h"
 #include "tests/unit/exchange_fixture.h"
 #include "tests/unit/seams.h"
 

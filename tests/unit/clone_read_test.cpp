@@ -1,11 +1,11 @@
-#include "link/clone_read.h"
+#include "core/link/clone_read.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <vector>
 
-#include "image/clone_image.h"
+#include "core/image/clone_image.h"
 #include "tests/unit/exchange_fixture.h"
 #include "tests/unit/seams.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "link/clone_write.h"
+#include "core/link/clone_write.h"
 #include "tests/unit/clone_write_fixture.h"
 #include "tests/unit/seams.h"
 

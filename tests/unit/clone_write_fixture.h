@@ -8,10 +8,10 @@
 #include <string>
 #include <vector>
 
-#include "image/clone_image.h"
-#include "link/clone_write.h"
-#include "link/memory_line.h"
+#include "core/image/clone_image.h"
+#include "core/link/clone_write.h"
 #include "tests/unit/document_bytes.h"
+#include "tests/unit/memory_line.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"
 

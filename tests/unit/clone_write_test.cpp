@@ -1,4 +1,4 @@
-#include "link/clone_write.h"
+#include "core/link/clone_write.h"
 
 #include <gtest/gtest.h>
 

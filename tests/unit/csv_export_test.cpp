@@ -1,11 +1,11 @@
-#include "files/csv_export.h"
+#include "core/files/csv_export.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "files/channel_summary.h"
+#include "core/files/channel_summary.h"
 #include "tests/unit/image_fixture.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"

@@ -1,4 +1,4 @@
-#include "files/defaults_record.h"
+#include "core/files/defaults_record.h"
 
 #include <gtest/gtest.h>
 

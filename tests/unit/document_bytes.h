@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string_view>
 
-#include "image/clone_image.h"
+#include "core/image/clone_image.h"
 #include "tests/unit/temp_folder.h"
 
 namespace qz7 {

@@ -1,4 +1,4 @@
-#include "files/document.h"
+#include "core/files/document.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <filesystem>
 #include <memory>
 
-#include "image/band_plan.h"
+#include "core/image/band_plan.h"
 #include "tests/unit/document_bytes.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"

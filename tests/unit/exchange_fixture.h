@@ -9,8 +9,8 @@
 #include <string>
 #include <vector>
 
-#include "link/clone_read.h"
-#include "link/memory_line.h"
+#include "core/link/clone_read.h"
+#include "tests/unit/memory_line.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"
 

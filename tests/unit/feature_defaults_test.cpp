@@ -2,11 +2,11 @@
 
 #include <functional>
 
-#include "editors/autodial.h"
-#include "editors/icons.h"
-#include "editors/settings.h"
-#include "editors/vorn.h"
-#include "editors/wx_names.h"
+#include "core/editors/autodial.h"
+#include "core/editors/icons.h"
+#include "core/editors/settings.h"
+#include "core/editors/vorn.h"
+#include "core/editors/wx_names.h"
 #include "tests/unit/editor_fixture.h"
 #include "tests/unit/seams.h"
 

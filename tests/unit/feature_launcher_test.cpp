@@ -1,8 +1,8 @@
 #include <gtest/gtest.h>
 
-#include "editors/autodial.h"
-#include "editors/icons.h"
-#include "editors/launcher.h"
+#include "core/editors/autodial.h"
+#include "core/editors/icons.h"
+#include "core/editors/launcher.h"
 #include "tests/unit/editor_fixture.h"
 
 namespace qz7 {

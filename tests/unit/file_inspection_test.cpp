@@ -1,13 +1,13 @@
-#include "files/file_inspection.h"
+#include "core/files/file_inspection.h"
 
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <sstream>
 
-#include "files/document_header.h"
-#include "files/new_document.h"
-#include "files/radio_data_file.h"
+#include "core/files/document_header.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "files/file_output.h"
+#include "core/files/file_output.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"
 

@@ -1,4 +1,4 @@
-#include "files/file_output.h"
+#include "core/files/file_output.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "image/frequency_check.h"
+#include "core/image/frequency_check.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <climits>
 #include <string_view>
 
-#include "image/channel_record.h"
+#include "core/image/channel_record.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

@@ -4,7 +4,7 @@
 #include <climits>
 #include <string_view>
 
-#include "image/channel_record.h"
+#include "core/image/channel_record.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

@@ -1,4 +1,4 @@
-#include "editors/group_table.h"
+#include "core/editors/group_table.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "editors/groups.h"
+#include "core/editors/groups.h"
 
 #include <gtest/gtest.h>
 

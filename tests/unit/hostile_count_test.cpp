@@ -3,8 +3,8 @@
 #include <array>
 #include <string>
 
-#include "image/channel_text.h"
-#include "image/clone_image.h"
+#include "core/image/channel_text.h"
+#include "core/image/clone_image.h"
 #include "tests/unit/image_fixture.h"
 
 // Files state their channel count, and the program uses what they state. These tests run under

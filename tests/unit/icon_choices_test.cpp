@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "editors/icons.h"
+#include "core/editors/icons.h"
 #include "tests/unit/editor_fixture.h"
 
 namespace qz7 {

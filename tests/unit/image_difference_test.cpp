@@ -1,4 +1,4 @@
-#include "files/image_difference.h"
+#include "core/files/image_difference.h"
 
 #include <gtest/gtest.h>
 
@@ -6,11 +6,11 @@
 #include <cstring>
 #include <memory>
 
-#include "files/document_header.h"
-#include "files/new_document.h"
-#include "files/radio_data_file.h"
-#include "image/channel_record.h"
-#include "image/settings_map.h"
+#include "core/files/document_header.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
+#include "core/image/channel_record.h"
+#include "core/image/settings_map.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

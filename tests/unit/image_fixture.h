@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "image/band_plan.h"
-#include "image/clone_image.h"
+#include "core/image/band_plan.h"
+#include "core/image/clone_image.h"
 
 // What the tests of the clone image share. Offsets and tables stand here and in the tests as plain
 // numbers on purpose: they are worked out from the radio's tables, apart from the program's names.

@@ -1,4 +1,4 @@
-#include "interchange/import_columns.h"
+#include "core/interchange/import_columns.h"
 
 #include <gtest/gtest.h>
 

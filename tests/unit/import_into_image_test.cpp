@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "interchange/import.h"
+#include "core/interchange/import.h"
 #include "tests/unit/interchange_fixture.h"
 #include "tests/unit/seams.h"
 

@@ -1,4 +1,4 @@
-#include "interchange/import_lines.h"
+#include "core/interchange/import_lines.h"
 
 #include <gtest/gtest.h>
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "interchange/decimal.h"
-#include "interchange/import_reader.h"
+#include "core/interchange/decimal.h"
+#include "core/interchange/import_reader.h"
 
 namespace qz7 {
 namespace {

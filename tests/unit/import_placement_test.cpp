@@ -1,4 +1,4 @@
-#include "interchange/import_placement.h"
+#include "core/interchange/import_placement.h"
 
 #include <gtest/gtest.h>
 

@@ -3,8 +3,8 @@
 #include <string>
 #include <string_view>
 
-#include "image/channel_record.h"
-#include "interchange/import_reader.h"
+#include "core/image/channel_record.h"
+#include "core/interchange/import_reader.h"
 #include "tests/unit/interchange_fixture.h"
 
 namespace qz7 {

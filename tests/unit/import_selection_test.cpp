@@ -1,4 +1,4 @@
-#include "interchange/import_selection.h"
+#include "core/interchange/import_selection.h"
 
 #include <gtest/gtest.h>
 
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "interchange/import_columns.h"
+#include "core/interchange/import_columns.h"
 #include "tests/unit/failing_new.h"
 #include "tests/unit/interchange_fixture.h"
 #include "tests/unit/seams.h"

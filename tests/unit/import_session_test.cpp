@@ -1,4 +1,4 @@
-#include "interchange/import_session.h"
+#include "core/interchange/import_session.h"
 
 #include <gtest/gtest.h>
 

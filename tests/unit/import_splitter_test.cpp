@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "interchange/field_splitter.h"
+#include "core/interchange/field_splitter.h"
 
 namespace qz7 {
 namespace {

@@ -7,10 +7,10 @@
 #include <string_view>
 #include <utility>
 
-#include "image/clone_image.h"
-#include "interchange/import_lines.h"
-#include "interchange/import_reader.h"
-#include "interchange/import_session.h"
+#include "core/image/clone_image.h"
+#include "core/interchange/import_lines.h"
+#include "core/interchange/import_reader.h"
+#include "core/interchange/import_session.h"
 #include "tests/unit/image_fixture.h"
 
 // What the tests of import, export and merge share.

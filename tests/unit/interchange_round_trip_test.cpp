@@ -4,10 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "files/csv_export.h"
-#include "image/band_plan.h"
-#include "image/channel_record.h"
-#include "interchange/import.h"
+#include "core/files/csv_export.h"
+#include "core/image/band_plan.h"
+#include "core/image/channel_record.h"
+#include "core/interchange/import.h"
 #include "tests/unit/interchange_fixture.h"
 
 // What of a channel survives the way through the list: export, then import into an empty document.

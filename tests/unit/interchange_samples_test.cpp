@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "interchange/import.h"
+#include "core/interchange/import.h"
 #include "tests/unit/interchange_fixture.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"

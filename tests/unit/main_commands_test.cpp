@@ -2,11 +2,11 @@
 
 #include <memory>
 
-#include "app/file_commands.h"
-#include "app/menu_channels.h"
-#include "app/radio_commands.h"
-#include "link/memory_line.h"
+#include "core/link/radio_commands.h"
+#include "desktop/file_commands.h"
+#include "desktop/menu_channels.h"
 #include "tests/unit/document_bytes.h"
+#include "tests/unit/memory_line.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"
 

@@ -1,4 +1,4 @@
-#include "app/main_fields.h"
+#include "core/editors/main_fields.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "editors/memory_list.h"
-#include "image/operating_state.h"
+#include "core/editors/memory_list.h"
+#include "core/image/operating_state.h"
 #include "tests/unit/editor_fixture.h"
 #include "tests/unit/seams.h"
 

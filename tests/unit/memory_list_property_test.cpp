@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <functional>
 
-#include "editors/memory_list.h"
+#include "core/editors/memory_list.h"
 #include "tests/unit/editor_fixture.h"
 #include "tests/unit/seams.h"
 

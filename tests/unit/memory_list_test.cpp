@@ -1,4 +1,4 @@
-#include "editors/memory_list.h"
+#include "core/editors/memory_list.h"
 
 #include <gtest/gtest.h>
 

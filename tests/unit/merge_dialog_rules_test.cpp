@@ -1,4 +1,4 @@
-#include "interchange/merge_dialog_rules.h"
+#include "core/interchange/merge_dialog_rules.h"
 
 #include <gtest/gtest.h>
 
@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "image/operating_state.h"
+#include "core/image/operating_state.h"
 #include "tests/unit/interchange_fixture.h"
 #include "tests/unit/merge_fixture.h"
 #include "tests/unit/seams.h"

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "interchange/merge.h"
+#include "core/interchange/merge.h"
 #include "tests/unit/merge_fixture.h"
 
 namespace qz7 {

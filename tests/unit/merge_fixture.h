@@ -6,8 +6,8 @@
 #include <string>
 #include <string_view>
 
-#include "image/clone_image.h"
-#include "interchange/merge_source.h"
+#include "core/image/clone_image.h"
+#include "core/interchange/merge_source.h"
 #include "tests/unit/document_bytes.h"
 
 namespace qz7::merge_fixture {

@@ -1,4 +1,4 @@
-#include "interchange/merge_source.h"
+#include "core/interchange/merge_source.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "interchange/merge.h"
+#include "core/interchange/merge.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "files/new_document.h"
+#include "core/files/new_document.h"
 
 #include <gtest/gtest.h>
 
@@ -6,10 +6,10 @@
 #include <array>
 #include <string>
 
-#include "files/document_header.h"
-#include "image/band_plan.h"
-#include "image/channel_record.h"
-#include "image/operating_state.h"
+#include "core/files/document_header.h"
+#include "core/image/band_plan.h"
+#include "core/image/channel_record.h"
+#include "core/image/operating_state.h"
 #include "tests/unit/document_bytes.h"
 
 namespace qz7 {

@@ -1,4 +1,4 @@
-#include "image/operating_state.h"
+#include "core/image/operating_state.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "link/port_list_posix.h"
+#include "core/link/port_list_posix.h"
 
 #include <gtest/gtest.h>
 

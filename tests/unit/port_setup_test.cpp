@@ -1,10 +1,10 @@
-#include "link/port_setup.h"
+#include "core/link/port_setup.h"
 
 #include <gtest/gtest.h>
 
 #include <set>
 
-#include "link/memory_line.h"
+#include "tests/unit/memory_line.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

@@ -1,10 +1,10 @@
-#include "files/preferences.h"
+#include "core/files/preferences.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 
-#include "image/band_plan.h"
+#include "core/image/band_plan.h"
 #include "tests/unit/document_bytes.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"

@@ -1,11 +1,11 @@
-#include "app/print_job.h"
+#include "desktop/printing/print_job.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "files/messages.h"
+#include "core/files/messages.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

@@ -1,4 +1,4 @@
-#include "app/print_text.h"
+#include "core/editors/print_text.h"
 
 #include <gtest/gtest.h>
 
@@ -7,10 +7,10 @@
 #include <string>
 #include <vector>
 
-#include "files/messages.h"
-#include "files/new_document.h"
-#include "image/channel_record.h"
-#include "image/settings_map.h"
+#include "core/files/messages.h"
+#include "core/files/new_document.h"
+#include "core/image/channel_record.h"
+#include "core/image/settings_map.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

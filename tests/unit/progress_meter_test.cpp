@@ -1,4 +1,4 @@
-#include "link/progress_meter.h"
+#include "core/link/progress_meter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,11 +1,11 @@
-#include "files/radio_data_file.h"
+#include "core/files/radio_data_file.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <string_view>
 
-#include "files/document_header.h"
+#include "core/files/document_header.h"
 #include "tests/unit/document_bytes.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"

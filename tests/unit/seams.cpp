@@ -2,8 +2,8 @@
 
 #include <gtest/gtest.h>
 
-#include "files/profile.h"
-#include "link/port_setup.h"
+#include "core/files/profile.h"
+#include "core/link/port_setup.h"
 
 namespace qz7 {
 

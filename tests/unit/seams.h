@@ -9,9 +9,9 @@
 #include <utility>
 #include <vector>
 
-#include "files/file_boxes.h"
-#include "files/messages.h"
-#include "image/clone_image.h"
+#include "core/files/file_boxes.h"
+#include "core/files/messages.h"
+#include "core/image/clone_image.h"
 
 namespace qz7 {
 

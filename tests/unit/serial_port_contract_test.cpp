@@ -12,8 +12,8 @@
 #include <string>
 #include <vector>
 
-#include "link/memory_line.h"
-#include "link/serial_port.h"
+#include "core/link/serial_port.h"
+#include "tests/unit/memory_line.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

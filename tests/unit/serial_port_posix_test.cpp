@@ -10,7 +10,7 @@
 #include <memory>
 #include <string>
 
-#include "link/serial_port.h"
+#include "core/link/serial_port.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

@@ -1,11 +1,11 @@
-#include "link/serial_port.h"
+#include "core/link/serial_port.h"
 
 #include <gtest/gtest.h>
 
 #include <string>
 #include <vector>
 
-#include "link/memory_line.h"
+#include "tests/unit/memory_line.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

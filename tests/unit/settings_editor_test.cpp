@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "editors/settings.h"
+#include "core/editors/settings.h"
 #include "tests/unit/editor_fixture.h"
 
 namespace qz7 {

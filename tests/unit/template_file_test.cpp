@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "files/document_header.h"
-#include "files/radio_data_file.h"
+#include "core/files/document_header.h"
+#include "core/files/radio_data_file.h"
 #include "tests/unit/document_bytes.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"

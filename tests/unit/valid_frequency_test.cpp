@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "image/band_plan.h"
+#include "core/image/band_plan.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

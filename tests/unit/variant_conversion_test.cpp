@@ -1,4 +1,4 @@
-#include "editors/variant_conversion.h"
+#include "core/editors/variant_conversion.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "editors/vorn.h"
+#include "core/editors/vorn.h"
 #include "tests/unit/editor_fixture.h"
 
 namespace qz7 {

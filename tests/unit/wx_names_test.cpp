@@ -1,4 +1,4 @@
-#include "editors/wx_names.h"
+#include "core/editors/wx_names.h"
 
 #include <gtest/gtest.h>
 

@@ -1,0 +1,117 @@
+#include <algorithm>
+
+#include "core/editors/channel_editor.h"
+#include "core/editors/group_table.h"
+#include "core/editors/memory_list.h"
+#include "core/files/messages.h"
+#include "core/image/frequency_check.h"
+
+namespace qz7 {
+namespace {
+
+ChannelEnd Refuse(const char* message, EditorField field) {
+  ShowMessage(message, kProgramTitle, Buttons::kOk, Icon::kStop);
+  return {.refused = field};
+}
+
+// Whether the receive field has been left empty, or a zero stands in it.
+bool IsEmptyFrequency(const std::string& text) {
+  return text.find_first_not_of(" 0.") == std::string::npos;
+}
+
+bool StoreRecord(CloneImage& image, const ChannelEditor& editor) {
+  ChannelRecord old{};
+  std::uint8_t* record = GetChannelRecord(image, editor.n);
+  std::copy_n(record, kRecordSize, old.begin());
+  const ChannelRecord built = BuildChannelRecord(old, ChosenFields(editor), editor.n);
+  std::copy(built.begin(), built.end(), record);
+  return built != old;
+}
+
+void StoreFlags(CloneImage& image, const ChannelEditor& editor) {
+  SetSkip(image, editor.n, editor.skip);
+  SetProgrammed(image, editor.n, true);
+  SetMasked(image, editor.n, editor.masked);
+  if (editor.masked) {
+    RemoveFromEveryGroup(image, ChannelIndex(image, editor.n));
+  }
+  std::uint8_t& flags = *GetChannelFlagByte(image, editor.n);
+  flags = static_cast<std::uint8_t>(editor.option ? flags | kFlagOption : flags & ~kFlagOption);
+}
+
+// The name table entry of a blank name is empty, other than the blanks of the record.
+void StoreNameEntry(CloneImage& image, int n) {
+  const ChannelName name = GetChannelName(image, n);
+  std::uint8_t* entry = NameEntry(image, n);
+  std::copy(name.begin(), name.end(), entry);
+  if (std::all_of(entry, entry + kNameLength, [](std::uint8_t c) { return c == ' '; })) {
+    entry[0] = 0;
+  }
+}
+
+void StoreComment(CloneImage& image, const ChannelEditor& editor) {
+  if (editor.comment == ChannelCommentText(image, editor.n)) {
+    return;
+  }
+  char* comment = ChannelComment(image, editor.n);
+  std::fill_n(comment, kCommentSize, '\0');
+  std::copy_n(editor.comment.begin(), std::min(editor.comment.size(), kCommentTextLength), comment);
+}
+
+ChannelEnd WriteChannel(CloneImage& image, const ChannelEditor& editor) {
+  const bool record_changed = StoreRecord(image, editor);
+  if (HasMemoryFields(editor)) {
+    StoreFlags(image, editor);
+    StoreNameEntry(image, editor.n);
+    StoreComment(image, editor);
+  }
+  return {.record_changed = record_changed};
+}
+
+ChannelEnd ClearEmptyChannel(CloneImage& image, int n) {
+  if (IsProgrammed(image, n)) {
+    ClearChannel(image, n);
+  }
+  return {};
+}
+
+ChannelTurn TurnTo(CloneImage& image, ChannelEditor& editor, int n) {
+  if (!HasMemoryFields(editor) || n < 1 || GetChannelRecord(image, n) == nullptr) {
+    return {.beep = true, .end = {}};
+  }
+  const ChannelEnd end = AcceptChannel(image, editor);
+  if (end.refused == EditorField::kNone) {
+    editor = *OpenChannelEditor(image, n);
+  }
+  return {.beep = false, .end = end};
+}
+
+}  // namespace
+
+ChannelEnd AcceptChannel(CloneImage& image, ChannelEditor& editor) {
+  if (!LeaveOffset(editor)) {
+    return {.refused = EditorField::kOffset};
+  }
+  LeaveReceive(editor);
+  const ReceiveCheck check = CheckReceive(image, editor.n, editor.receive);
+  if (check == ReceiveCheck::kClearChannel && IsEmptyFrequency(editor.receive)) {
+    return ClearEmptyChannel(image, editor.n);
+  }
+  if (check != ReceiveCheck::kAccepted) {
+    return Refuse(kReceiveRefused, EditorField::kReceive);
+  }
+  if (!CheckTransmit(image, editor.n, editor.receive)) {
+    return Refuse(kTransmitRefused, EditorField::kTransmit);
+  }
+  return WriteChannel(image, editor);
+}
+
+ChannelTurn TurnToPrevious(CloneImage& image, ChannelEditor& editor) {
+  return TurnTo(image, editor, editor.n - 1);
+}
+
+ChannelTurn TurnToNext(CloneImage& image, ChannelEditor& editor) {
+  return TurnTo(image, editor, editor.n + 1);
+}
+
+}  // namespace qz7

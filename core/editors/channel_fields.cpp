@@ -1,0 +1,332 @@
+#include "core/editors/channel_fields.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <span>
+
+#include "core/editors/icons.h"
+#include "core/image/channel_text.h"
+#include "core/image/frequency_check.h"
+
+namespace qz7 {
+namespace {
+
+// A setter returns why not; nothing when the value is taken.
+using WhyNot = std::string;
+using Setter = WhyNot (*)(ChannelEditor& editor, std::string_view value);
+
+std::string_view WithoutLeadingBlanks(std::string_view text) {
+  return text.substr(std::min(text.find_first_not_of(' '), text.size()));
+}
+
+bool HasDigit(std::string_view text) {
+  return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
+WhyNot NoFrequency(std::string_view value) {
+  return "\"" + std::string(value) + "\" is not a frequency";
+}
+
+WhyNot TooLong(std::size_t length) { return "at most " + std::to_string(length) + " characters"; }
+
+WhyNot OneOf(const std::vector<std::string>& texts) {
+  std::string list = "one of ";
+  for (const std::string& text : texts) {
+    list += (&text == texts.data() ? "" : ", ") + text;
+  }
+  return list;
+}
+
+// Chooses a value from a list of texts. The empty value is a code that has no text, and keeps it.
+WhyNot Choose(std::optional<int>& choice, const std::vector<std::string>& texts,
+              std::string_view value) {
+  const auto text = std::find(texts.begin(), texts.end(), value);
+  if (text != texts.end()) {
+    choice = static_cast<int>(text - texts.begin());
+  }
+  return value.empty() || text != texts.end() ? WhyNot() : OneOf(texts);
+}
+
+template <std::size_t kCount>
+std::vector<std::string> Texts(const std::array<const char*, kCount>& names) {
+  return {names.begin(), names.end()};
+}
+
+std::vector<std::string> ToneTexts() {
+  std::vector<std::string> texts;
+  texts.reserve(kTones.size());
+  for (const int tenths : kTones) {
+    texts.push_back(std::to_string(tenths / 10) + "." + std::to_string(tenths % 10));
+  }
+  return texts;
+}
+
+std::vector<std::string> DcsTexts() {
+  std::vector<std::string> texts;
+  for (const int code : kDcsCodes) {
+    std::array<char, 8> text;
+    std::snprintf(text.data(), text.size(), "%03d", code);
+    texts.emplace_back(text.data());
+  }
+  return texts;
+}
+
+WhyNot Switch(bool& box, std::string_view value) {
+  if (value != "on" && value != "off") {
+    return "on or off";
+  }
+  box = value == "on";
+  return {};
+}
+
+WhyNot SetReceive(ChannelEditor& editor, std::string_view value) {
+  if (value == WithoutLeadingBlanks(editor.receive)) {
+    return {};
+  }
+  if (value.size() > kFrequencyTextLength) {
+    return TooLong(kFrequencyTextLength);
+  }
+  if (!value.empty() && ParseFrequency(value) == 0) {
+    return NoFrequency(value);
+  }
+  editor.receive = value;
+  LeaveReceive(editor);
+  return {};
+}
+
+WhyNot SetTransmit(ChannelEditor& editor, std::string_view value) {
+  const Frequency transmit = ParseFrequency(value);
+  if (value == WithoutLeadingBlanks(editor.transmit) ||
+      (HasDigit(value) && transmit == ParseFrequency(editor.transmit))) {
+    return {};
+  }
+  if (!HasTransmitField(editor)) {
+    return "follows rx, shift and offset unless the shift is split";
+  }
+  if (value.size() > kFrequencyTextLength) {
+    return TooLong(kFrequencyTextLength);
+  }
+  if (transmit == 0) {
+    return NoFrequency(value);
+  }
+  editor.transmit = FormatFrequency(transmit);
+  return {};
+}
+
+WhyNot SetShift(ChannelEditor& editor, std::string_view value) {
+  std::optional<int> shift = editor.choices.shift;
+  const std::vector<std::string> names(std::begin(kShiftNames), std::end(kShiftNames));
+  if (value.empty()) {
+    return OneOf(names);
+  }
+  WhyNot why_not = Choose(shift, names, value);
+  if (*shift != editor.choices.shift) {
+    ChangeShift(editor, *shift);
+  }
+  return why_not;
+}
+
+WhyNot SetOffset(ChannelEditor& editor, std::string_view value) {
+  if (value == editor.offset) {
+    return {};
+  }
+  if (!HasDigit(value)) {
+    return NoFrequency(value);
+  }
+  if (const OffsetCheck check = CheckOffset(value); !check.accepted) {
+    return check.message;
+  }
+  TypeOffset(editor, value);
+  LeaveOffset(editor);
+  return {};
+}
+
+WhyNot SetToneMode(ChannelEditor& editor, std::string_view value) {
+  return Choose(editor.choices.tone_mode, Texts(kToneModeNames), value);
+}
+WhyNot SetTone(ChannelEditor& editor, std::string_view value) {
+  return Choose(editor.choices.tone_index, ToneTexts(), value);
+}
+WhyNot SetDcs(ChannelEditor& editor, std::string_view value) {
+  return Choose(editor.choices.dcs_index, DcsTexts(), value);
+}
+WhyNot SetMode(ChannelEditor& editor, std::string_view value) {
+  return Choose(editor.choices.mode, Texts(kModeNames), value);
+}
+WhyNot SetPower(ChannelEditor& editor, std::string_view value) {
+  return Choose(editor.choices.power, Texts(kPowerNames), value);
+}
+
+// The step that a text stands for in the list of steps. What the list calls "20 kHz" may be a
+// record's 15 kHz: both names of it are understood, the list's own first.
+std::optional<int> ListedStep(const ChannelEditor& editor, std::string_view value) {
+  for (const StepChoice& choice : editor.steps) {
+    if (choice.text == value) {
+      return choice.index;
+    }
+  }
+  for (const StepChoice& choice : editor.steps) {
+    if (kStepNames[static_cast<std::size_t>(choice.index)] == value) {
+      return choice.index;
+    }
+  }
+  return std::nullopt;
+}
+
+WhyNot SetStep(ChannelEditor& editor, std::string_view value) {
+  const std::optional<int> chosen = editor.choices.step;
+  if (value.empty() || (chosen && kStepNames[static_cast<std::size_t>(*chosen)] == value)) {
+    return {};
+  }
+  const std::optional<int> step = ListedStep(editor, value);
+  if (!step) {
+    std::vector<std::string> texts;
+    for (const StepChoice& choice : editor.steps) {
+      texts.emplace_back(choice.text);
+    }
+    return OneOf(texts);
+  }
+  // The choice is disabled in the MW band; what the band's defaults would give is taken.
+  if (!HasStepChoice(editor) && *step != DefaultStep(ReceiveOf(editor))) {
+    return "cannot be chosen in the MW band";
+  }
+  editor.choices.step = step;
+  return {};
+}
+
+WhyNot SetName(ChannelEditor& editor, std::string_view value) {
+  if (!HasNameField(editor)) {
+    return value.empty() ? WhyNot() : "VFO channels have no name";
+  }
+  if (value.size() > kNameLength) {
+    return TooLong(kNameLength);
+  }
+  editor.choices.name = value;
+  return {};
+}
+
+WhyNot MemoryChannelsOnly(std::string_view value) {
+  return value.empty() ? WhyNot() : "memory channels only";
+}
+
+WhyNot SetComment(ChannelEditor& editor, std::string_view value) {
+  if (!HasMemoryFields(editor)) {
+    return MemoryChannelsOnly(value);
+  }
+  if (value.size() > kCommentTextLength && value != editor.comment) {
+    return TooLong(kCommentTextLength);
+  }
+  editor.comment = value;
+  return {};
+}
+
+WhyNot SetIcon(ChannelEditor& editor, std::string_view value) {
+  if (!HasMemoryFields(editor)) {
+    return MemoryChannelsOnly(value);
+  }
+  int icon = -1;
+  const char* end = value.data() + value.size();
+  const auto [stopped, error] = std::from_chars(value.data(), end, icon);
+  const bool whole = error == std::errc() && stopped == end;
+  if (!whole || icon < 0 || (icon >= kIconCount && icon != editor.choices.icon)) {
+    return "0 to " + std::to_string(kIconCount - 1);
+  }
+  editor.choices.icon = icon;
+  return {};
+}
+
+WhyNot SetSkipBox(ChannelEditor& editor, std::string_view value) {
+  return HasMemoryFields(editor) ? Switch(editor.skip, value) : MemoryChannelsOnly(value);
+}
+
+WhyNot SetMaskedBox(ChannelEditor& editor, std::string_view value) {
+  if (!HasMemoryFields(editor)) {
+    return MemoryChannelsOnly(value);
+  }
+  bool masked = editor.masked;
+  WhyNot why_not = Switch(masked, value);
+  if (masked != editor.masked && !HasMaskedBox(editor)) {
+    return "channel 1 cannot be masked";
+  }
+  editor.masked = masked;
+  return why_not;
+}
+
+WhyNot SetOptionBox(ChannelEditor& editor, std::string_view value) {
+  return HasMemoryFields(editor) ? Switch(editor.option, value) : MemoryChannelsOnly(value);
+}
+
+WhyNot SetOptionA(ChannelEditor& editor, std::string_view value) {
+  return Switch(editor.choices.option_a, value);
+}
+WhyNot SetOptionB(ChannelEditor& editor, std::string_view value) {
+  return Switch(editor.choices.option_b, value);
+}
+
+// In the order in which they follow each other.
+struct Field {
+  const char* name;
+  Setter set;
+};
+constexpr std::array<Field, 18> kFields = {{
+    {"shift", SetShift},
+    {"rx", SetReceive},
+    {"offset", SetOffset},
+    {"tx", SetTransmit},
+    {"tone-mode", SetToneMode},
+    {"tone", SetTone},
+    {"dcs", SetDcs},
+    {"mode", SetMode},
+    {"power", SetPower},
+    {"step", SetStep},
+    {"name", SetName},
+    {"comment", SetComment},
+    {"icon", SetIcon},
+    {"skip", SetSkipBox},
+    {"masked", SetMaskedBox},
+    {"option", SetOptionBox},
+    {"option-a", SetOptionA},
+    {"option-b", SetOptionB},
+}};
+
+const Field* FindField(std::string_view name) {
+  return std::find_if(kFields.begin(), kFields.end(),
+                      [=](const Field& field) { return field.name == name; });
+}
+
+// A refusal in the system's own words stands as it is.
+bool IsSystemText(std::string_view value, std::string_view reason) {
+  const char* message = CheckOffset(value).message;
+  return message != nullptr && reason == message;
+}
+
+}  // namespace
+
+bool SetEditorField(ChannelEditor& editor, std::string_view name, std::string_view value,
+                    std::string& why_not) {
+  const Field* field = FindField(name);
+  if (field == kFields.end()) {
+    why_not = "there is no field \"" + std::string(name) + "\"";
+    return false;
+  }
+  const WhyNot reason = field->set(editor, value);
+  if (!reason.empty()) {
+    why_not = IsSystemText(value, reason) ? reason : std::string(name) + ": " + reason;
+  }
+  return reason.empty();
+}
+
+bool SetEditorFields(ChannelEditor& editor, const std::vector<NamedValue>& values,
+                     std::string& why_not) {
+  std::vector<NamedValue> ordered = values;
+  std::stable_sort(ordered.begin(), ordered.end(), [](const NamedValue& a, const NamedValue& b) {
+    return FindField(a.first) < FindField(b.first);
+  });
+  return std::all_of(ordered.begin(), ordered.end(), [&](const NamedValue& value) {
+    return SetEditorField(editor, value.first, value.second, why_not);
+  });
+}
+
+}  // namespace qz7

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "core/image/clone_image.h"
+
+namespace qz7 {
+
+inline constexpr const char* kGroupNames[] = {"Group 1", "Group 2", "Group 3", "Group 4",
+                                              "Group 5"};
+
+// The group editor: which group it shows, and the rows of that group's list.
+struct GroupEditor {
+  int group = 0;
+  std::vector<std::string> rows;
+  bool changed = false;  // by any add or remove that found a row selected
+};
+
+// The row of a channel in both lists, "%-3s %s %s": label, receive frequency, name; empty for an
+// absent channel.
+std::string GroupRow(const CloneImage& image, int n);
+// The row of memory channel n in the list of channels: the label alone unless it is programmed and
+// shown.
+std::string GroupChannelRow(const CloneImage& image, int n);
+
+// Copies the image into the working copy, on which the editor works, and shows group g = 0..4.
+GroupEditor OpenGroupEditor(const CloneImage& image, CloneImage& working_copy, int g);
+
+enum class GroupEdit {
+  kBeep,  // refused
+  kDone,  // the rows are as before, or one was appended or removed
+};
+// Adds the channel of a row of the list of channels to the group.
+GroupEdit AddToGroupList(const CloneImage& working_copy, GroupEditor& editor,
+                         std::optional<int> channel_row);
+GroupEdit RemoveFromGroupList(GroupEditor& editor, std::optional<int> group_row);
+
+// Stores the list and shows another group; nothing for the group that is shown already.
+void ChangeGroup(CloneImage& working_copy, GroupEditor& editor, int g);
+// OK: stores the list.
+void AcceptGroups(CloneImage& working_copy, const GroupEditor& editor);
+// Cancel: asks where something may have changed. False: the editor stays open.
+bool CancelGroups(const CloneImage& image, const CloneImage& working_copy,
+                  const GroupEditor& editor);
+
+}  // namespace qz7

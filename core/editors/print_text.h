@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/editors/autodial.h"
+#include "core/image/clone_image.h"
+
+namespace qz7 {
+
+// The lines of a listing, one byte block: each line is a 16-bit little-endian length, its
+// characters and a 0 byte; the length 0xFFFF ends the list. The block starts at 5000 bytes and
+// grows by 2500. A growth to 60000 bytes or more, or a line of 2497 characters or more, discards
+// the whole list; what is appended later is ignored.
+struct PrintText {
+  std::vector<std::uint8_t> block;
+  std::size_t used = 0;
+  bool discarded = false;
+};
+
+PrintText StartPrintText();
+void AppendLine(PrintText& text, std::string_view line);
+// Ends the list, and gives back what the block has to spare when that is 100 bytes or more.
+void FinishPrintText(PrintText& text);
+
+// The lines of a finished list.
+std::vector<std::string> PrintLines(const PrintText& text);
+
+// Fills `text` with the listing of a document: memory channels, home channels, autodial memories.
+// False after showing "Out of memory" when the list was discarded.
+bool BuildPrintText(const CloneImage& image, const std::string& document_name, DtmfDisplay display,
+                    PrintText& text);
+
+}  // namespace qz7

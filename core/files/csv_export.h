@@ -1,0 +1,22 @@
+#pragma once
+
+#include <string>
+
+#include "core/files/file_boxes.h"
+#include "core/image/clone_image.h"
+
+namespace qz7 {
+
+// The programmed memory channels as comma-separated text: a line of titles, then a line a channel,
+// every field in quotation marks, lines ended by CR LF. The fields are written as they are: a
+// quotation mark inside a name or a comment is not escaped. All but the power is read from the
+// derived tables, so that RebuildDerivedTables comes first.
+std::string ExportCsv(const CloneImage& image);
+
+// Writes that text to a file; false after showing "Cannot create file:" or "Error writing file:".
+bool WriteCsvFile(const CloneImage& image, const std::string& path);
+
+// The box that asks where to. `last_name` is the name last chosen in it, empty at first.
+FileBox ExportFileBox(const std::string& data_folder, const std::string& last_name);
+
+}  // namespace qz7

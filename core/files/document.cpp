@@ -1,0 +1,188 @@
+#include "core/files/document.h"
+
+#include "core/files/file_boxes.h"
+#include "core/files/file_output.h"
+#include "core/files/messages.h"
+#include "core/files/new_document.h"
+#include "core/files/radio_data_file.h"
+#include "core/image/band_plan.h"
+
+namespace qz7 {
+namespace {
+
+constexpr char kSeparator = '\\';
+constexpr const char* kSeparators = "\\/";
+constexpr std::uint8_t kExtendedVersionType = 2;
+
+FileBox RadioFileBox(const Document& document, const char* title) {
+  return {.title = title,
+          .filters = {{"Radio Files (*.rdf)", "*.rdf"}, {"All files (*.*)", "*.*"}},
+          .default_extension = "rdf",
+          .folder = document.preferences.data_folder,
+          .initial_name = ""};
+}
+
+void ClearFlags(Document& document) {
+  document.changed = false;
+  document.untitled = false;
+}
+
+// The data folder follows the user's choice of files.
+void FollowFolder(Document& document, const ChosenFile& file) {
+  if (file.name_offset == 0 || file.name_offset > file.path.size()) {
+    return;
+  }
+  std::string folder = file.path.substr(0, file.name_offset);
+  if (folder.find_last_of(kSeparators) == folder.size() - 1) {
+    folder.pop_back();
+  }
+  ChangeDataFolder(document.preferences, folder);
+}
+
+void BecomeFile(Document& document, const ChosenFile& file) {
+  document.name = file.name;
+  document.path = file.path;
+  ClearFlags(document);
+  RefreshDocument(document);
+  FollowFolder(document, file);
+}
+
+bool OpenFile(Document& document, const ChosenFile& file) {
+  if (!ReadRadioDataFile(document.working_copy, file.path)) {
+    return false;
+  }
+  document.image = document.working_copy;
+  BecomeFile(document, file);
+  return true;
+}
+
+}  // namespace
+
+bool CollectMainDialog(Document& document) {
+  ReadMainControls(document.image);
+  const bool differs = document.image != document.working_copy;
+  document.changed |= differs;
+  return differs;
+}
+
+void ApplyMainDefaults(Document& document) {
+  CopyMainDefaultsToImage(document.defaults, document.image);
+  LoadMainDialog(document.image);
+}
+
+void StoreMainDefaults(Document& document) {
+  CollectMainDialog(document);
+  CopyMainDefaultsToRecord(document.image, document.defaults);
+}
+
+void NewDocument(Document& document) {
+  MakeNewImage(document.image);
+  document.name = kNewDocumentName;
+  document.path = document.preferences.data_folder + kSeparator + document.name;
+  document.changed = false;
+  document.untitled = true;
+  if (document.preferences.use_main_defaults_new) {
+    ApplyMainDefaults(document);
+  }
+  RefreshDocument(document);
+}
+
+void RefreshDocument(Document& document) {
+  // The two are not told apart on purpose: a Save As with either set leaves the defaults in memory.
+  if (document.preferences.use_main_defaults_new || document.preferences.use_main_defaults_open) {
+    ApplyMainDefaults(document);
+  }
+  document.working_copy = document.image;
+  LoadMainDialog(document.image);
+  SetMainTitle(std::string(kProgramTitle) + " - " + document.name);
+}
+
+bool AskSaveChanges(Document& document) {
+  CollectMainDialog(document);
+  if (!document.changed) {
+    return true;
+  }
+  switch (ShowMessage(document.name + " has been changed.\nSave file before closing?",
+                      kProgramTitle, Buttons::kYesNoCancel, Icon::kQuestion)) {
+    case Answer::kYes:
+      return SaveDocument(document);
+    case Answer::kNo:
+      return true;
+    default:
+      return false;
+  }
+}
+
+bool OpenDocument(Document& document) {
+  if (!AskSaveChanges(document)) {
+    return false;
+  }
+  const auto file = ShowOpenBox(RadioFileBox(document, "Open Radio File"));
+  if (!file) {
+    return false;
+  }
+  document.last_file_name = file->name;
+  return OpenFile(document, *file);
+}
+
+// The title, the working copy and the data folder stay as they were. A save changes the checksums
+// and the filler, so the next collection finds a difference: the question comes again, on purpose.
+bool SaveDocument(Document& document) {
+  CollectMainDialog(document);
+  if (document.untitled) {
+    return SaveDocumentAs(document);
+  }
+  if (!WriteRadioDataFile(document.image, document.path)) {
+    return false;
+  }
+  ClearFlags(document);
+  return true;
+}
+
+bool SaveDocumentAs(Document& document) {
+  CollectMainDialog(document);
+  PrepareRadioDataFile(document.image);
+  FileBox box = RadioFileBox(document, "Save Radio File");
+  box.initial_name = document.last_file_name;
+  const auto file = ShowSaveBox(box);
+  if (!file) {
+    return false;
+  }
+  document.last_file_name = file->name;
+  if (!WriteFileOrShow(file->path, document.image)) {
+    return false;
+  }
+  BecomeFile(document, *file);
+  return true;
+}
+
+bool OpenNamedDocument(Document& document, const std::string& full_path) {
+  const std::size_t separator = full_path.find_last_of(kSeparators);
+  const std::size_t name_offset = separator == std::string::npos ? 0 : separator + 1;
+  return OpenFile(
+      document,
+      {.path = full_path, .name = full_path.substr(name_offset), .name_offset = name_offset});
+}
+
+bool CreateTemplate(Document& document, const std::string& name) {
+  std::string& path = document.preferences.template_path;
+  path = TemplatePath(document.preferences.data_folder, name);
+  if (!WriteTemplateFile(document.working_copy, path)) {
+    return false;
+  }
+  document.changed = true;
+  document.untitled = true;
+  if (document.working_copy[kVersionType] == kExtendedVersionType) {
+    region_variant.extended_version = true;
+  }
+  return true;
+}
+
+void TakeRadioImage(Document& document) {
+  document.image = document.working_copy;
+  document.changed = true;
+  CopyNamesToTable(document.image);
+  LoadMainDialog(document.image);
+}
+
+}  // namespace qz7

@@ -1,0 +1,65 @@
+#pragma once
+
+#include <string>
+
+#include "core/files/defaults_record.h"
+#include "core/files/preferences.h"
+#include "core/image/clone_image.h"
+
+namespace qz7 {
+
+inline constexpr const char* kNewDocumentName = "NONAME.RDF";
+
+// The one open document.
+struct Document {
+  CloneImage image{};
+  // Target of every read, buffer of the radio exchanges, and what changes are detected against.
+  CloneImage working_copy{};
+  std::string name;  // without folder
+  std::string path;  // what Save writes to
+  bool changed = false;
+  bool untitled = false;
+  std::string last_file_name;    // of the last file chosen in a file box; never reset
+  std::string last_export_name;  // the same for the box of Export
+  Preferences preferences;
+  DefaultsRecord defaults{};
+};
+
+// What the document needs of the window around it, defined once per program like the messages.
+void LoadMainDialog(const CloneImage& image);
+void ReadMainControls(CloneImage& image);
+void SetMainTitle(const std::string& title);
+
+// Reads the main dialog's controls into the image. True when the image now differs from the working
+// copy, which sets the changed flag; nothing here ever clears it.
+bool CollectMainDialog(Document& document);
+
+// Copies the stored defaults of the main dialog's settings into the image, and shows them.
+void ApplyMainDefaults(Document& document);
+// The other way; the defaults file is the caller's business.
+void StoreMainDefaults(Document& document);
+
+void NewDocument(Document& document);
+// Makes the image current: defaults, working copy, main dialog, title.
+void RefreshDocument(Document& document);
+
+// True to go on, false when the user cancelled or the save failed.
+bool AskSaveChanges(Document& document);
+
+// Each is true on success; a failure has shown why. A failed or cancelled one leaves the document
+// as it was, but for the checksums, filler and derived tables that a save prepares.
+bool OpenDocument(Document& document);
+bool SaveDocument(Document& document);
+bool SaveDocumentAs(Document& document);
+// Opens the file that the command line names, by its full path.
+bool OpenNamedDocument(Document& document, const std::string& full_path);
+
+// Stores the image just read in the working copy as a template of this name in the data folder,
+// and makes it the configured template. False when the file could not be written; the configured
+// path points at it all the same.
+bool CreateTemplate(Document& document, const std::string& name);
+
+// The image that a read from the radio left in the working copy becomes the document's, changed.
+void TakeRadioImage(Document& document);
+
+}  // namespace qz7

@@ -1,0 +1,20 @@
+#include "core/files/file_output.h"
+
+#include "core/files/messages.h"
+
+namespace qz7 {
+
+bool WriteFileOrShow(const std::string& path, std::span<const std::uint8_t> bytes) {
+  switch (WriteWholeFile(path, bytes)) {
+    case WriteOutcome::kCannotCreate:
+      ShowFileError("Cannot create file:\n" + path);
+      return false;
+    case WriteOutcome::kWriteError:
+      ShowFileError("Error writing file:\n" + path);
+      return false;
+    default:
+      return true;
+  }
+}
+
+}  // namespace qz7

@@ -1,0 +1,69 @@
+#include <windows.h>
+
+#include <string>
+
+#include "core/files/file_output.h"
+
+namespace qz7 {
+namespace {
+
+// Writes, flushes and closes; true when every step said so.
+bool FinishFile(HANDLE file, std::span<const std::uint8_t> bytes) {
+  DWORD written = 0;
+  const auto size = static_cast<DWORD>(bytes.size());
+  const bool all = WriteFile(file, bytes.data(), size, &written, nullptr) && written == size;
+  const bool flushed = all && FlushFileBuffers(file);
+  return CloseHandle(file) && flushed;
+}
+
+HANDLE OpenForWriting(const std::string& path, DWORD disposition) {
+  return CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
+                     nullptr);
+}
+
+// A short name in the target's folder, so that it fits wherever the target's own does; no other
+// process uses it.
+std::string FreshNameBeside(const std::string& path) {
+  const std::size_t folder_end = path.find_last_of("\\/:");
+  const std::string folder = folder_end == std::string::npos ? "" : path.substr(0, folder_end + 1);
+  return folder + "~qz7-" + std::to_string(GetCurrentProcessId()) + ".tmp";
+}
+
+WriteOutcome WriteInPlace(const std::string& path, std::span<const std::uint8_t> bytes) {
+  const HANDLE file = OpenForWriting(path, TRUNCATE_EXISTING);
+  if (file == INVALID_HANDLE_VALUE) {
+    return WriteOutcome::kCannotCreate;
+  }
+  return FinishFile(file, bytes) ? WriteOutcome::kWritten : WriteOutcome::kWriteError;
+}
+
+}  // namespace
+
+WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
+  if (path.empty()) {
+    return WriteOutcome::kCannotCreate;
+  }
+  const DWORD attributes = GetFileAttributesA(path.c_str());
+  const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
+  if (exists && (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+    return WriteOutcome::kCannotCreate;
+  }
+  const std::string fresh = FreshNameBeside(path);
+  const HANDLE file = OpenForWriting(fresh, CREATE_ALWAYS);
+  if (file == INVALID_HANDLE_VALUE) {
+    const bool folder_is_closed = GetLastError() == ERROR_ACCESS_DENIED;
+    return exists && folder_is_closed ? WriteInPlace(path, bytes) : WriteOutcome::kCannotCreate;
+  }
+  if (!FinishFile(file, bytes)) {
+    DeleteFileA(fresh.c_str());
+    return WriteOutcome::kWriteError;
+  }
+  if (!MoveFileExA(fresh.c_str(), path.c_str(),
+                   MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
+    DeleteFileA(fresh.c_str());
+    return WriteOutcome::kWriteError;
+  }
+  return WriteOutcome::kWritten;
+}
+
+}  // namespace qz7

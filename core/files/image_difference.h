@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "core/image/clone_image.h"
+
+namespace qz7 {
+
+// What differs between two documents, a line each: the file comment, the channels field by field
+// with their comments, the groups, WX names, autodial numbers, and the other bytes of the radio
+// block by their image offset. Checksums, filler and the derived tables do not count: a save makes
+// them anew.
+std::vector<std::string> DocumentDifferences(const CloneImage& a, const CloneImage& b);
+
+// The same for the radio's own memory alone: no file comment, no channel comments.
+std::vector<std::string> RadioDifferences(const CloneImage& a, const CloneImage& b);
+
+}  // namespace qz7

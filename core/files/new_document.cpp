@@ -1,0 +1,101 @@
+#include "core/files/new_document.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include "core/files/document_header.h"
+#include "core/image/band_plan.h"
+#include "core/image/channel_record.h"
+#include "core/image/operating_state.h"
+#include "core/image/settings_map.h"
+
+namespace qz7 {
+namespace {
+
+// The radio's identity: version type 0, subtype 1, wide coverage.
+constexpr std::array<std::uint8_t, 14> kIdentity = {0x0A, 0x01, 0x02, 0x06, 0x09, 0x24, 0xC1,
+                                                    0x01, 0x00, 0x24, 0xC1, 0x01, 0x01, 0x01};
+
+void Fill(CloneImage& image, Region region, std::uint8_t byte) {
+  std::fill_n(image.begin() + static_cast<std::ptrdiff_t>(region.offset), region.size, byte);
+}
+
+int UsualMode(int band) {
+  switch (band) {
+    case kMw:
+    case kSw:
+    case kAir:
+      return kAm;
+    case kFm:
+    case kTv:
+      return kFmWide;
+    default:
+      return kFmNarrow;
+  }
+}
+
+void ProgramChannel(CloneImage& image, int n, int band) {
+  ChannelFields fields;
+  fields.receive = DefaultBandFrequency(band);
+  fields.transmit = fields.receive;
+  fields.offset = DefaultBandOffset(fields.receive);
+  fields.step = DefaultStep(fields.receive);
+  fields.mode = UsualMode(band);
+  const ChannelRecord record = BuildChannelRecord(ChannelRecord{}, fields, n);
+  std::copy(record.begin(), record.end(), GetChannelRecord(image, n));
+  *GetChannelFlagByte(image, n) = kFlagProgrammed | kFlagShown;
+}
+
+void WriteChannels(CloneImage& image) {
+  Fill(image, kChannelRecords, 0xFF);
+  ProgramChannel(image, 1, kVHam);
+  for (int k = 0; k < kSpecialSlotCount; ++k) {
+    ProgramChannel(image, ~k, k % kBandCount);
+  }
+}
+
+// Group table, with the two bytes behind it: the group editor reads one entry more than there is.
+void WriteGroups(CloneImage& image) {
+  Fill(image, kGroupStates, kGroupEmpty);
+  Fill(image, {.offset = kGroupTable.offset, .size = kGroupTable.size + kGroupEntrySize}, 0xFF);
+}
+
+void WriteWxNames(CloneImage& image) {
+  Fill(image, kWxNames, ' ');
+  for (int n = 0; n < kWxNameCount; ++n) {
+    const std::string name = "WX " + std::to_string(n + 1);
+    std::copy(name.begin(), name.end(),
+              image.begin() + kWxNames.offset + static_cast<std::ptrdiff_t>(kWxNameLength) * n);
+  }
+}
+
+// An empty text is ended eight times over; the eight places behind are 0.
+void WriteEmptyCodeTexts(CloneImage& image) {
+  constexpr std::size_t kEnds = 8;
+  Fill(image, {.offset = kVornIdentifier.offset, .size = kEnds}, kTextEnd);
+  for (std::size_t n = 0; n < kAutodialCount; ++n) {
+    Fill(image, {.offset = kAutodial.offset + n * kCodeTextLength, .size = kEnds}, kTextEnd);
+  }
+}
+
+}  // namespace
+
+void WriteDefaultRadioBlock(CloneImage& image) {
+  Fill(image, kRadioBlock, 0);
+  std::copy(kIdentity.begin(), kIdentity.end(), image.begin() + kRadioBlock.offset);
+  WriteChannels(image);
+  WriteGroups(image);
+  WriteWxNames(image);
+  WriteEmptyCodeTexts(image);
+  image[kScaleValue] = kLowestScaleValue;
+  RefreshOperatingState(image);
+}
+
+void MakeNewImage(CloneImage& image) {
+  image.fill(0);
+  WriteDocumentHeader(image);
+  WriteDefaultRadioBlock(image);
+}
+
+}  // namespace qz7

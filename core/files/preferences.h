@@ -1,0 +1,66 @@
+#pragma once
+
+#include <array>
+#include <string>
+#include <string_view>
+
+namespace qz7 {
+
+// What outlives a run in the preferences file (core/files/profile.h).
+struct Preferences {
+  std::string data_folder;    // without a "\" at its end
+  std::string template_path;  // empty: none chosen
+  int port_index = 0;         // 0 none, 1..9 COM1..COM9; larger values until the port dialog opens
+  bool use_main_defaults_new = false;
+  bool use_main_defaults_open = false;
+  bool use_setting_defaults = false;
+  bool use_vorn_defaults = false;
+  bool use_dial_defaults = false;
+  bool use_wx_names_defaults = false;
+  bool use_icon_defaults = false;
+  bool use_dont_ask_defaults = false;
+  bool allow_any_band = false;  // kept, but nothing depends on it
+};
+
+// The flags that the preferences dialog edits, each with its key and its check box.
+struct PreferenceFlag {
+  const char* key;
+  int box;
+  bool Preferences::*flag;
+};
+inline constexpr int kWxNamesBox = 107;
+inline constexpr int kIconBox = 108;
+inline constexpr std::array<PreferenceFlag, 8> kPreferenceFlags = {{
+    {"UseMainDefaultsNew", 101, &Preferences::use_main_defaults_new},
+    {"UseMainDefaultsOpen", 105, &Preferences::use_main_defaults_open},
+    {"UseSettingDefaults", 103, &Preferences::use_setting_defaults},
+    {"UseVornDefaults", 104, &Preferences::use_vorn_defaults},
+    {"UseDialDefaults", 102, &Preferences::use_dial_defaults},
+    {"UseWxNamesDefaults", kWxNamesBox, &Preferences::use_wx_names_defaults},
+    {"UseIconDefaults", kIconBox, &Preferences::use_icon_defaults},
+    {"UseDontAskDefaults", 106, &Preferences::use_dont_ask_defaults},
+}};
+
+// Whether the preferences dialog opens with a flag's box checked.
+bool ShowsChecked(const Preferences& preferences, const PreferenceFlag& flag);
+
+// Reads everything at start-up, clears the extended version and reports a template file that is
+// named, exists and is bad. An empty data folder becomes `program_folder` and is written back.
+void LoadPreferences(Preferences& preferences, const std::string& program_folder);
+
+// Writes the flags of the preferences dialog as "0" or "1".
+void SavePreferenceFlags(const Preferences& preferences);
+
+// Each changes the preference and writes it; the data folder only when more than the case of its
+// letters is new, the port only when it is another one.
+void ChangeDataFolder(Preferences& preferences, const std::string& folder);
+void SaveTemplatePath(const Preferences& preferences);
+void SavePortIndex(const Preferences& preferences);
+
+// The stored text of a port, as an index; 0 for what is negative or no number.
+int PortIndexOf(const std::string& text);
+
+// Whether two paths are the same but for the case of their letters.
+bool SamePath(std::string_view a, std::string_view b);
+
+}  // namespace qz7

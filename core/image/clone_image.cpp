@@ -1,0 +1,277 @@
+#include "core/image/clone_image.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstring>
+#include <optional>
+
+#include "core/image/band_plan.h"
+#include "core/image/channel_record.h"
+
+namespace qz7 {
+namespace {
+
+// The image offset of channel n's record, or nothing for an absent channel.
+std::optional<std::size_t> RecordOffset(const CloneImage& image, int n) {
+  if (IsSpecialSlot(n)) {
+    const auto k = static_cast<std::size_t>(SlotOf(n));
+    if (k < kBandCount) {
+      return kVfoBankA.offset + k * kRecordSize;
+    }
+    if (k < 2 * kBandCount) {
+      return kVfoBankB.offset + (k - kBandCount) * kRecordSize;
+    }
+    if (k < kSpecialSlotCount) {
+      return kHomeRecords.offset + (k - 2 * kBandCount) * kRecordSize;
+    }
+    return std::nullopt;
+  }
+  if (n > GetChannelCount(image) || n > kChannelCount) {
+    return std::nullopt;
+  }
+  // Channel 0 is not refused: it names the 22 bytes in front of channel 1.
+  return kChannelRecords.offset + static_cast<std::size_t>(n) * kRecordSize - kRecordSize;
+}
+
+std::optional<std::size_t> FlagOffset(const CloneImage& image, int n) {
+  if (IsSpecialSlot(n)) {
+    const auto k = static_cast<std::size_t>(SlotOf(n));
+    if (k < 2 * kBandCount) {
+      return kSpecialFlags.offset + kBandCount + k;
+    }
+    if (k < kSpecialSlotCount) {
+      return kSpecialFlags.offset + k - 2 * kBandCount;
+    }
+    return std::nullopt;
+  }
+  if (n > GetChannelCount(image) || n > kChannelCount) {
+    return std::nullopt;
+  }
+  return kChannelFlags.offset + static_cast<std::size_t>(n) - 1;
+}
+
+std::optional<std::size_t> EntryOffset(const CloneImage& image, int n, Region table,
+                                       std::size_t entry_size) {
+  const auto index = static_cast<std::size_t>(ChannelIndex(image, n));
+  if ((index + 1) * entry_size > table.size) {
+    return std::nullopt;
+  }
+  return table.offset + index * entry_size;
+}
+
+template <typename Image>
+auto At(Image& image, std::optional<std::size_t> offset) {
+  return offset ? image.data() + *offset : nullptr;
+}
+
+bool HasFlag(const CloneImage& image, int n, std::uint8_t flag) {
+  const std::uint8_t* flags = GetChannelFlagByte(image, n);
+  return flags != nullptr && (*flags & flag) != 0;
+}
+
+void SetFlag(CloneImage& image, int n, std::uint8_t flag, bool on) {
+  if (std::uint8_t* flags = GetChannelFlagByte(image, n)) {
+    *flags = static_cast<std::uint8_t>(on ? *flags | flag : *flags & ~flag);
+  }
+}
+
+// What the radio transmits on, in 10 Hz units, from the raw fields of a record: other readers of
+// the tables expect neither the half kilohertz nor the range check of TransmitFrequency here.
+std::uint32_t SummaryTransmit(int shift, std::uint32_t receive, std::uint32_t offset) {
+  switch (shift) {
+    case kMinus:
+      return receive - offset;
+    case kPlus:
+      return receive + offset;
+    case kOddSplit:
+      return offset;
+    default:
+      return receive;
+  }
+}
+
+int SummaryTone(std::uint8_t tone_index) {
+  constexpr int kNoToneValue = 1000;
+  return tone_index < kToneCount ? kTones[tone_index] : kNoToneValue;
+}
+
+// The summary word: bits 0..6 are flags, 7..13 the DCS index, 14..15 the mode.
+std::uint16_t SummaryWord(const std::uint8_t* record, bool skip) {
+  int word = 0x01;
+  switch (RecordToneMode(record)) {
+    case kToneSquelch:
+      word |= 0x06;
+      break;
+    case kToneEncode:
+      word |= 0x02;
+      break;
+    case kToneDcs:
+      word |= 0x40;
+      break;
+    default:
+      break;
+  }
+  word |= skip ? 0x08 : 0;
+  word |= RecordShift(record) << 4;
+  word |= (record[kRecordDcs] & 0x7F) << 7;
+  word |= RecordMode(record) << 14;
+  return static_cast<std::uint16_t>(word);
+}
+
+void FillSummaryEntry(CloneImage& image, int n, const std::uint8_t* record) {
+  std::uint8_t* entry = SummaryEntry(image, n);
+  const auto receive = static_cast<std::uint32_t>(
+      DecodeBcdFrequency(record + kRecordReceive, kFrequencyDigits) * 10);
+  const auto offset =
+      static_cast<std::uint32_t>(DecodeBcdFrequency(record + kRecordOffset, kFrequencyDigits) * 10);
+  WriteU16(entry, SummaryWord(record, IsSkip(image, n)));
+  WriteU32(entry + 2, receive);
+  WriteU32(entry + 6, SummaryTransmit(RecordShift(record), receive, offset));
+  WriteU16(entry + 10, static_cast<std::uint16_t>(SummaryTone(record[kRecordTone])));
+}
+
+// The record's name and a 0 byte; the entry's tenth byte is never written.
+void StoreNameEntry(CloneImage& image, int n) {
+  const ChannelName name = GetChannelName(image, n);
+  std::copy(name.begin(), name.end(), NameEntry(image, n));
+}
+
+}  // namespace
+
+int GetChannelCount(const CloneImage& image) { return ReadU16(image.data() + kChannelCountOffset); }
+
+std::uint8_t* GetChannelRecord(CloneImage& image, int n) {
+  return At(image, RecordOffset(image, n));
+}
+const std::uint8_t* GetChannelRecord(const CloneImage& image, int n) {
+  return At(image, RecordOffset(image, n));
+}
+
+std::uint8_t* GetChannelFlagByte(CloneImage& image, int n) {
+  return At(image, FlagOffset(image, n));
+}
+const std::uint8_t* GetChannelFlagByte(const CloneImage& image, int n) {
+  return At(image, FlagOffset(image, n));
+}
+
+bool IsProgrammed(const CloneImage& image, int n) { return HasFlag(image, n, kFlagProgrammed); }
+bool IsMasked(const CloneImage& image, int n) {
+  return GetChannelFlagByte(image, n) != nullptr && !HasFlag(image, n, kFlagShown);
+}
+bool IsSkip(const CloneImage& image, int n) { return HasFlag(image, n, kFlagSkip); }
+
+void SetProgrammed(CloneImage& image, int n, bool programmed) {
+  SetFlag(image, n, kFlagProgrammed, programmed);
+}
+void SetMasked(CloneImage& image, int n, bool masked) { SetFlag(image, n, kFlagShown, !masked); }
+void SetSkip(CloneImage& image, int n, bool skip) { SetFlag(image, n, kFlagSkip, skip); }
+
+int ChannelIndex(const CloneImage& image, int n) {
+  return n >= 1 && n <= GetChannelCount(image) ? n - 1 : 0;
+}
+
+bool IsVfoSlot(int n) { return IsSpecialSlot(n) && SlotOf(n) < 2 * kBandCount; }
+
+ChannelName GetChannelName(const CloneImage& image, int n) {
+  ChannelName name{};
+  if (const std::uint8_t* record = GetChannelRecord(image, n)) {
+    std::memcpy(name.data(), record + kRecordName, kNameLength);
+  }
+  return name;
+}
+
+void SetChannelName(CloneImage& image, int n, std::string_view text) {
+  std::uint8_t* record = GetChannelRecord(image, n);
+  if (record == nullptr) {
+    return;
+  }
+  const std::string_view name = text.substr(0, std::min(text.find('\0'), kNameLength));
+  std::memset(record + kRecordName, ' ', kNameLength);
+  std::copy(name.begin(), name.end(), record + kRecordName);
+}
+
+const char* ChannelLabel(const CloneImage& image, int n) {
+  static std::array<char, 16> label;
+  const int count = GetChannelCount(image);
+  const int pms = n - (count - kPmsChannelCount) - 1;
+  if (IsSpecialSlot(n) && SlotOf(n) < kSpecialSlotCount) {
+    return kBandNames[static_cast<std::size_t>(SlotBand(n))];
+  }
+  if (n <= 0 || n > count) {
+    return "";
+  }
+  if (pms >= 0) {
+    std::snprintf(label.data(), label.size(), "%c%d", pms % 2 == 0 ? 'L' : 'U', pms / 2 + 1);
+  } else {
+    std::snprintf(label.data(), label.size(), "%2d", n);
+  }
+  return label.data();
+}
+
+std::uint8_t* SummaryEntry(CloneImage& image, int n) {
+  return At(image, EntryOffset(image, n, kSummaryTable, kSummaryEntrySize));
+}
+const std::uint8_t* SummaryEntry(const CloneImage& image, int n) {
+  return At(image, EntryOffset(image, n, kSummaryTable, kSummaryEntrySize));
+}
+std::uint8_t* NameEntry(CloneImage& image, int n) {
+  return At(image, EntryOffset(image, n, kNameTable, kNameEntrySize));
+}
+const std::uint8_t* NameEntry(const CloneImage& image, int n) {
+  return At(image, EntryOffset(image, n, kNameTable, kNameEntrySize));
+}
+char* ChannelComment(CloneImage& image, int n) {
+  return reinterpret_cast<char*>(At(image, EntryOffset(image, n, kComments, kCommentSize)));
+}
+const char* ChannelComment(const CloneImage& image, int n) {
+  return reinterpret_cast<const char*>(At(image, EntryOffset(image, n, kComments, kCommentSize)));
+}
+
+std::string_view FieldText(const char* field, std::size_t width) {
+  return {field, static_cast<std::size_t>(std::find(field, field + width, '\0') - field)};
+}
+
+std::string_view ChannelCommentText(const CloneImage& image, int n) {
+  const char* comment = ChannelComment(image, n);
+  return comment != nullptr ? FieldText(comment, kCommentSize) : std::string_view{};
+}
+
+void RebuildDerivedTables(CloneImage& image) {
+  WriteU16(image.data() + kChannelCountOffset, kChannelCount);
+  std::fill_n(image.begin() + kSummaryTable.offset, kSummaryTable.size, std::uint8_t{0});
+  // Channel 240 is left out on purpose: readers of the tables expect its entry empty.
+  for (int n = 1; n < GetChannelCount(image); ++n) {
+    if (!IsProgrammed(image, n)) {
+      continue;
+    }
+    const std::uint8_t* record = GetChannelRecord(image, n);
+    FillSummaryEntry(image, n, record);
+    StoreNameEntry(image, n);
+  }
+}
+
+void CopyNamesToTable(CloneImage& image) {
+  for (int n = 1; n <= std::min(GetChannelCount(image), kChannelCount); ++n) {
+    StoreNameEntry(image, n);
+  }
+}
+
+std::uint16_t ReadU16(const std::uint8_t* bytes) {
+  return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
+}
+
+std::uint32_t ReadU32(const std::uint8_t* bytes) {
+  return ReadU16(bytes) | static_cast<std::uint32_t>(ReadU16(bytes + 2)) << 16;
+}
+
+void WriteU16(std::uint8_t* bytes, std::uint16_t value) {
+  bytes[0] = static_cast<std::uint8_t>(value);
+  bytes[1] = static_cast<std::uint8_t>(value >> 8);
+}
+
+void WriteU32(std::uint8_t* bytes, std::uint32_t value) {
+  WriteU16(bytes, static_cast<std::uint16_t>(value));
+  WriteU16(bytes + 2, static_cast<std::uint16_t>(value >> 16));
+}
+
+}  // namespace qz7

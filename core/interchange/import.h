@@ -1,0 +1,37 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <vector>
+
+#include "core/image/clone_image.h"
+#include "core/interchange/import_lines.h"
+#include "core/interchange/import_selection.h"
+#include "core/interchange/import_session.h"
+
+namespace qz7 {
+
+// A whole import without its dialogs.
+struct ImportRequest {
+  ImportOptions options;
+  // 0 leaves a field to the header line where there is one. A column that is given to a field here
+  // is taken from the field that the header line gives it to.
+  ColumnAssignment columns{};
+  std::optional<std::vector<int>> rows;  // listed records to take, from 0; nothing for all
+  std::optional<int> start;              // nothing for the default start channel
+};
+
+struct ImportResult {
+  std::size_t listed = 0;
+  std::size_t placed = 0;
+  int start = 0;
+};
+
+// Imports the bytes of a file into the image, by the same steps as the dialogs. Nothing after
+// showing why, and then the image is unchanged.
+std::optional<ImportResult> ImportIntoImage(CloneImage& image, ImportSession& session,
+                                            std::span<const std::uint8_t> bytes,
+                                            const ImportRequest& request);
+
+}  // namespace qz7

@@ -1,0 +1,207 @@
+#include "core/link/clone_read.h"
+
+#include <algorithm>
+#include <array>
+
+namespace qz7 {
+namespace {
+
+constexpr std::uint8_t kHeaderStart = 0x0A;
+constexpr int kSize = static_cast<int>(kCloneSize);
+constexpr int kHeaderBytes = static_cast<int>(kCloneHeaderSize);
+constexpr int kBlockBytes = static_cast<int>(kCloneBlockSize);
+
+void SendAck(CloneRead& read, SerialPort& port) {
+  port.SendByte(kAck);
+  read.phase = CloneRead::kReadBackAck;
+}
+
+void Abort(CloneRead& read, SerialPort& port) {
+  port.SendByte(kAbort);
+  read.phase = CloneRead::kWaitHeader;
+  read.position = 0;
+  EndExchange(read, -1);
+}
+
+// Reads at most `most` bytes into the block at the current position. After some retries the
+// position lies behind the block's end: what arrives then is counted and dropped.
+int ReadIntoBlock(CloneRead& read, SerialPort& port, int most) {
+  std::array<std::uint8_t, kCloneBlockSize> bytes;
+  const std::size_t count = port.Read(std::span(bytes).first(static_cast<std::size_t>(most)));
+  for (std::size_t i = 0; i < count; ++i) {
+    const std::size_t place = static_cast<std::size_t>(read.position) + i;
+    if (place < read.block.size()) {
+      read.block[place] = bytes[i];
+    }
+  }
+  return static_cast<int>(count);
+}
+
+bool StepHeader(CloneRead& read, SerialPort& port) {
+  read.blocks_done = 0;
+  if (ReadIntoBlock(read, port, 1) == 0) {
+    return false;
+  }
+  // Line noise is overwritten by the next byte until the header starts.
+  if (read.block[0] != kHeaderStart) {
+    return true;
+  }
+  // Far behind the block the position no longer tells anything.
+  read.position = std::min(read.position + 1, 2 * kSize);
+  if (read.position == kHeaderBytes) {
+    SendAck(read, port);
+  }
+  return true;
+}
+
+bool StepReadBackAck(CloneRead& read, SerialPort& port, bool& read_a_byte) {
+  std::array<std::uint8_t, 1> echo;
+  read_a_byte = port.Read(echo) == 1;
+  if (!read_a_byte) {
+    return false;
+  }
+  if (echo[0] == kAck) {
+    read.phase = CloneRead::kData;
+    read.ticks_left = kReceiveTicks;
+    return true;
+  }
+  read.ticks_left = 0;
+  read.position = 0;
+  read.phase = CloneRead::kWaitHeader;
+  port.SendByte(kAbort);
+  if (LinkErrorRetry(read, "Acknowledge Error")) {
+    RestartExchange(read, port);
+    // The header is not expected again: the next bytes are stored from the block's start as data.
+    read.phase = CloneRead::kData;
+    read.ticks_left = kReceiveTicks;
+  } else {
+    EndExchange(read, -1);
+  }
+  return true;
+}
+
+bool StepData(CloneRead& read, SerialPort& port) {
+  const int count = ReadIntoBlock(read, port, kBlockBytes - read.block_fill);
+  if (count == 0) {
+    return false;
+  }
+  read.block_fill += count;
+  read.position += count;
+  if (read.position >= kSize) {
+    read.phase = CloneRead::kWaitChecksum;
+    return true;
+  }
+  read.ticks_left = kReceiveTicks;
+  ShowExchangeProgress(read, read.position);
+  if (read.block_fill == kBlockBytes) {
+    // The second case can never be met, because the last block leads to the checksum first; the
+    // radio waits for no acknowledgement there.
+    if (read.blocks_done < 1 || read.blocks_done == kCloneBlockCount - 1) {
+      SendAck(read, port);
+    }
+    read.block_fill = 0;
+    ++read.blocks_done;
+  }
+  return true;
+}
+
+bool StepChecksum(CloneRead& read, SerialPort& port) {
+  std::array<std::uint8_t, 1> checksum;
+  if (port.Read(checksum) == 0) {
+    return false;
+  }
+  if (checksum[0] == CloneChecksum(read.block)) {
+    port.SendByte(kAck);
+    EndExchange(read, 0);
+  } else if (LinkErrorRetry(read, "Checksum Error")) {
+    // The next byte that arrives is taken for a new checksum.
+    RestartExchange(read, port);
+  } else {
+    Abort(read, port);
+  }
+  return true;
+}
+
+void CheckLineErrors(CloneRead& read, SerialPort& port) {
+  if (port.LineErrors() == 0 || read.phase == CloneRead::kWaitHeader) {
+    return;
+  }
+  read.phase = CloneRead::kWaitHeader;
+  // The outcomes are reversed on purpose: Retry leaves the dialog waiting for Cancel with its timer
+  // stopped, Cancel listens on with the position kept.
+  if (!LinkErrorRetry(read, "Bad Receive Data")) {
+    RestartExchange(read, port);
+  }
+}
+
+void HandleStall(CloneRead& read, SerialPort& port) {
+  if (LinkErrorRetry(read, "Receive Timeout")) {
+    RestartExchange(read, port);
+    // The position is kept, so that the header's end is not met again: only a fresh exchange helps.
+    read.phase = CloneRead::kWaitHeader;
+    return;
+  }
+  Abort(read, port);
+  read.blocks_done = 0;
+}
+
+bool IsReceivingData(const CloneRead& read) {
+  return read.phase == CloneRead::kData || read.phase == CloneRead::kDataAlike;
+}
+
+}  // namespace
+
+void BeginCloneRead(CloneRead& read, SerialPort& port, std::span<std::uint8_t> block,
+                    MeterSize meter) {
+  read = CloneRead{};
+  read.block = block;
+  BeginProgress(read.meter, kSize, meter.width, meter.height);
+  RestartExchange(read, port);
+}
+
+bool StepCloneRead(CloneRead& read, SerialPort& port) {
+  bool worked = false;
+  bool read_back = false;
+  switch (read.phase) {
+    case CloneRead::kWaitHeader:
+      worked = StepHeader(read, port);
+      break;
+    case CloneRead::kReadBackAck:
+      worked = StepReadBackAck(read, port, read_back);
+      break;
+    case CloneRead::kWaitChecksum:
+      worked = StepChecksum(read, port);
+      break;
+    default:
+      worked = StepData(read, port);
+      break;
+  }
+  if (!read.ended && !read_back) {
+    CheckLineErrors(read, port);
+  }
+  return worked;
+}
+
+std::size_t BytesAwaited(const CloneRead& read) {
+  return IsReceivingData(read) ? static_cast<std::size_t>(kBlockBytes - read.block_fill) : 1;
+}
+
+void NotifyCloneRead(CloneRead& read, SerialPort& port) {
+  while (!read.ended && read.polling && StepCloneRead(read, port)) {
+  }
+}
+
+void TickCloneRead(CloneRead& read, SerialPort& port) {
+  if (IsReceivingData(read)) {
+    if (read.ticks_left == 0) {
+      HandleStall(read, port);
+    } else {
+      --read.ticks_left;
+    }
+  }
+  NotifyCloneRead(read, port);
+}
+
+void CancelCloneRead(CloneRead& read) { EndExchange(read, -1); }
+
+}  // namespace qz7

@@ -1,0 +1,225 @@
+#include "core/link/clone_write.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <new>
+
+#include "core/files/messages.h"
+#include "core/files/radio_data_file.h"
+#include "core/image/operating_state.h"
+
+namespace qz7 {
+namespace {
+
+constexpr int kSize = static_cast<int>(kCloneSize);
+constexpr std::size_t kMarketVersion = 8;  // in the radio block
+constexpr std::uint8_t kJapaneseVersion = 1;
+
+void ExpectEcho(CloneWrite& write, std::size_t written) {
+  write.echo_expected = static_cast<std::uint8_t>(written);
+  write.phase = CloneWrite::kWaitEcho;
+  write.response_countdown = kResponseTicks;
+}
+
+bool StepSendBlock(CloneWrite& write, SerialPort& port) {
+  const std::size_t place =
+      kCloneHeaderSize + static_cast<std::size_t>(write.blocks_sent) * kCloneBlockSize;
+  const std::size_t written = port.Write(write.block.subspan(place, kCloneBlockSize));
+  ++write.blocks_sent;
+  write.echo_received = 0;
+  ExpectEcho(write, written);
+  return true;
+}
+
+bool StepWaitEcho(CloneWrite& write, SerialPort& port) {
+  while (write.echo_received < write.echo_expected) {
+    std::array<std::uint8_t, 256> scratch;
+    const auto missing = static_cast<std::size_t>(write.echo_expected - write.echo_received);
+    const std::size_t count = port.Read(std::span(scratch).first(missing));
+    if (count == 0) {
+      return false;
+    }
+    write.echo_received = static_cast<std::uint8_t>(write.echo_received + count);
+  }
+  write.phase = CloneWrite::kBlockEchoed;
+  write.bytes_confirmed += write.echo_received;
+  write.echo_received = 0;
+  ShowExchangeProgress(write, write.bytes_confirmed);
+  return true;
+}
+
+void RefuseAnswer(CloneWrite& write, SerialPort& port) {
+  write.response_countdown = 0;
+  write.echo_received = 0;
+  write.phase = CloneWrite::kIdle;
+  write.blocks_sent = 0;
+  // Retry leaves the buttons disabled on purpose: the user can only cancel.
+  if (LinkErrorRetry(write, "Acknowledge Error")) {
+    RestartExchange(write, port);
+  } else {
+    EndExchange(write, -1);
+  }
+}
+
+// The radio answers the header and the first block; its answer to the last one is consumed when it
+// is there, and not waited for.
+bool StepBlockEchoed(CloneWrite& write, SerialPort& port) {
+  const bool last = write.blocks_sent == kCloneBlockCount;
+  if (write.blocks_sent > 1 && !last) {
+    write.phase = CloneWrite::kSendBlock;
+    return true;
+  }
+  std::array<std::uint8_t, 1> answer;
+  const bool answered = port.Read(answer) == 1;
+  if (answered && answer[0] != kAck) {
+    RefuseAnswer(write, port);
+    return true;
+  }
+  if (last) {
+    const std::array<std::uint8_t, 1> checksum = {CloneChecksum(write.block)};
+    port.Write(checksum);
+    write.phase = CloneWrite::kFinished;
+  } else if (answered) {
+    write.phase = CloneWrite::kSendBlock;
+  }
+  return answered || last;
+}
+
+bool StepFinished(CloneWrite& write, SerialPort& port) {
+  port.Purge(Queues::kTransmit);
+  EndExchange(write, 0);
+  return true;
+}
+
+void HandleNoResponse(CloneWrite& write, SerialPort& port) {
+  LinkErrorOk(write, "Timeout waiting for QZ-7 response");
+  write.phase = CloneWrite::kIdle;
+  write.blocks_sent = 0;
+  write.can_start = true;
+  RestartExchange(write, port);
+}
+
+bool IsWaitingForRadio(const CloneWrite& write) {
+  return write.phase == CloneWrite::kSendBlock || write.phase == CloneWrite::kBlockEchoed;
+}
+
+}  // namespace
+
+void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy,
+                     MeterSize meter) {
+  write = CloneWrite{};
+  write.block = std::span(working_copy).subspan(kRadioBlock.offset, kRadioBlock.size);
+  BeginProgress(write.meter, kSize, meter.width, meter.height);
+  MirrorOperatingChannel(working_copy);
+  RestartExchange(write, port);
+}
+
+TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& template_path) {
+  if (!ReadTemplateFile(template_image, template_path)) {
+    return TemplateOutcome::kStay;
+  }
+  if (template_image[kRadioBlock.offset + kMarketVersion] == kJapaneseVersion) {
+    ShowMessage(
+        "Template file is for a Japanese Version of the QZ-7 Radio.\n\n"
+        "This software does not work with that version of the radio.",
+        kProgramTitle, Buttons::kOk, Icon::kStop);
+    return TemplateOutcome::kGiveUp;
+  }
+  return TemplateOutcome::kUsable;
+}
+
+void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& template_path) {
+  if (write.phase != CloneWrite::kIdle || !write.can_start) {
+    return;
+  }
+  if (template_path.empty()) {
+    ShowMessage(
+        "No template file specified.\nUse Browse Template to select one\n"
+        "or Help for create instructions.\n",
+        kProgramTitle, Buttons::kOk, Icon::kNone);
+    return;
+  }
+  const std::unique_ptr<CloneImage> template_image(new (std::nothrow) CloneImage{});
+  if (!template_image) {
+    ShowMessage("Out of memory", kProgramTitle, Buttons::kOk, Icon::kNone);
+    EndExchange(write, -1);
+    return;
+  }
+  const TemplateOutcome outcome = LoadTemplateFor(*template_image, template_path);
+  if (outcome == TemplateOutcome::kStay) {
+    return;
+  }
+  if (outcome == TemplateOutcome::kGiveUp) {
+    EndExchange(write, -1);
+    return;
+  }
+  MergeTemplate(write.block,
+                std::span(*template_image).subspan(kRadioBlock.offset, kRadioBlock.size));
+  write.can_start = false;
+  port.Purge(Queues::kTransmit);
+  ExpectEcho(write, WriteBytesOneByOne(port, write.block.first(kCloneHeaderSize)));
+  write.blocks_sent = 0;
+}
+
+void MergeTemplate(std::span<std::uint8_t> block, std::span<const std::uint8_t> template_block) {
+  std::array<std::uint8_t, 14> identity;
+  std::copy_n(template_block.begin(), identity.size(), identity.begin());
+  identity[10] = identity[6];
+  identity[11] = identity[7];
+  std::copy(identity.begin(), identity.end(), block.begin());
+}
+
+bool StepCloneWrite(CloneWrite& write, SerialPort& port) {
+  switch (write.phase) {
+    case CloneWrite::kSendBlock:
+      return StepSendBlock(write, port);
+    case CloneWrite::kWaitEcho:
+      return StepWaitEcho(write, port);
+    case CloneWrite::kBlockEchoed:
+      return StepBlockEchoed(write, port);
+    case CloneWrite::kFinished:
+      return StepFinished(write, port);
+    default:
+      return false;
+  }
+}
+
+std::size_t BytesAwaited(const CloneWrite& write) {
+  const bool echo_missing =
+      write.phase == CloneWrite::kWaitEcho && write.echo_received < write.echo_expected;
+  return echo_missing ? static_cast<std::size_t>(write.echo_expected - write.echo_received) : 1;
+}
+
+void NotifyCloneWrite(CloneWrite& write, SerialPort& port) {
+  while (!write.ended && write.polling && write.phase != CloneWrite::kFinished &&
+         !port.HasFailed() && StepCloneWrite(write, port)) {
+  }
+}
+
+void TickCloneWrite(CloneWrite& write, SerialPort& port) {
+  if (port.HasFailed()) {
+    return;
+  }
+  if (write.phase == CloneWrite::kFinished) {
+    EndExchange(write, 0);
+    return;
+  }
+  if (IsWaitingForRadio(write) && write.response_countdown == 0) {
+    HandleNoResponse(write, port);
+  }
+  NotifyCloneWrite(write, port);
+}
+
+void CancelCloneWrite(CloneWrite& write) { EndExchange(write, -1); }
+
+std::string TemplateDisplayName(const std::string& path) {
+  constexpr std::size_t kShown = 30;
+  const std::size_t separator = path.rfind('\\');
+  if (separator != std::string::npos) {
+    return path.substr(separator + 1);
+  }
+  return path.size() > kShown ? path.substr(path.size() - kShown) : path;
+}
+
+}  // namespace qz7

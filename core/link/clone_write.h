@@ -1,0 +1,63 @@
+#pragma once
+
+#include <string>
+
+#include "core/image/clone_image.h"
+#include "core/link/exchange.h"
+
+namespace qz7 {
+
+// The document's block goes to a radio that waits for it, under the identity (header) of a template
+// that was read from the user's own radio.
+struct CloneWrite : Exchange {
+  enum Phase { kIdle = 0, kSendBlock = 1, kBlockEchoed = 2, kFinished = 3, kWaitEcho = 4 };
+  int phase = kIdle;
+  int blocks_sent = 0;             // 0..507
+  std::uint8_t echo_expected = 0;  // bytes that the last write put on the line
+  std::uint8_t echo_received = 0;
+  int bytes_confirmed = 0;  // for the meter
+  // Loaded with 10 and on purpose never counted down: a radio that stops answering leaves the
+  // exchange waiting for Cancel.
+  int response_countdown = 0;
+  bool can_start = true;  // the OK and Browse Template buttons are enabled
+};
+
+inline constexpr int kResponseTicks = 10;
+
+// Opens the exchange on a working copy: refreshes its operating-channel mirror and waits for
+// StartCloneWrite. The working copy must outlive the exchange.
+void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy,
+                     MeterSize meter = {});
+
+// The user's OK: loads the template, refuses one of the Japanese version, merges it and sends the
+// header. Ignored unless the exchange is idle.
+void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& template_path);
+
+// The checks of a template that has been named, with their messages. kStay: choose another.
+enum class TemplateOutcome { kUsable, kStay, kGiveUp };
+TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& template_path);
+
+// Puts the template's identity into the block to be sent: bytes 0..9 are the template's header,
+// 10 and 11 repeat its bytes 6 and 7, 12 and 13 are the template's.
+void MergeTemplate(std::span<std::uint8_t> block, std::span<const std::uint8_t> template_block);
+
+// One send step; true when the next step may find something to do.
+bool StepCloneWrite(CloneWrite& write, SerialPort& port);
+
+// How many bytes the next step can use: a driver that can wait for so many need not wake for each.
+std::size_t BytesAwaited(const CloneWrite& write);
+
+// A tick of the 10 ms timer, and bytes that have come: steps until one finds nothing to do. The
+// step that finishes is left to a later tick, when the checksum byte has left the machine. A port
+// that has gone away is never sent to: a write that puts nothing on the line has no echo to wait
+// for, and would run to a success that the radio knows nothing of. Only Cancel follows.
+void TickCloneWrite(CloneWrite& write, SerialPort& port);
+void NotifyCloneWrite(CloneWrite& write, SerialPort& port);
+
+void CancelCloneWrite(CloneWrite& write);
+
+// The name that the dialog shows for a template's path: what follows the last "\", or the last 30
+// characters of a path without one.
+std::string TemplateDisplayName(const std::string& path);
+
+}  // namespace qz7

@@ -1,0 +1,38 @@
+#include "core/link/radio_commands.h"
+
+#include "core/link/port_setup.h"
+
+namespace qz7 {
+namespace {
+
+bool EnsurePort(Document& document, SerialPort& port) {
+  return port.IsOpen() || SetUpPort(port, document.preferences);
+}
+
+}  // namespace
+
+bool ReadRadioIntoDocument(Document& document, SerialPort& port,
+                           const std::function<bool()>& exchange) {
+  if (!AskSaveChanges(document)) {
+    return false;
+  }
+  NewDocument(document);
+  if (!EnsurePort(document, port)) {
+    return false;
+  }
+  document.working_copy = document.image;
+  if (!exchange()) {
+    return false;
+  }
+  TakeRadioImage(document);
+  return true;
+}
+
+bool SendDocumentToRadio(Document& document, SerialPort& port,
+                         const std::function<bool()>& exchange) {
+  CollectMainDialog(document);
+  document.working_copy = document.image;
+  return EnsurePort(document, port) && exchange();
+}
+
+}  // namespace qz7

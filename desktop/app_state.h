@@ -1,0 +1,27 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+#include "core/editors/autodial.h"
+#include "core/files/document.h"
+#include "core/interchange/import_session.h"
+#include "core/interchange/merge.h"
+#include "core/link/serial_port.h"
+
+namespace qz7 {
+
+// The whole state of the run.
+struct AppState {
+  Document document;
+  std::unique_ptr<SerialPort> port;
+  ImportSession import_session;
+  MergeOptions merge_options;
+  DtmfDisplay dtmf_display = DtmfDisplay::kSymbols;  // of the autodial numbers
+  HWND main_window = nullptr;
+  HWND main_dialog = nullptr;  // null once the dialog is destroyed
+};
+extern AppState app;
+
+}  // namespace qz7

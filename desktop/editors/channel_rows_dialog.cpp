@@ -1,0 +1,64 @@
+#include "desktop/editors/channel_rows_dialog.h"
+
+#include <algorithm>
+
+#include "core/image/channel_text.h"
+
+namespace qz7 {
+namespace {
+
+LRESULT Ask(HWND list, UINT message, WPARAM w = 0, LPARAM l = 0) {
+  return SendMessageA(list, message, w, l);
+}
+
+}  // namespace
+
+std::vector<int> SelectedRows(HWND list) {
+  std::vector<int> rows(static_cast<std::size_t>(std::max<LRESULT>(0, Ask(list, LB_GETSELCOUNT))));
+  Ask(list, LB_GETSELITEMS, rows.size(), reinterpret_cast<LPARAM>(rows.data()));
+  return rows;
+}
+
+void ShowRow(HWND list, int row) {
+  RECT client;
+  GetClientRect(list, &client);
+  const int visible = std::max(
+      1, static_cast<int>(client.bottom / std::max<LRESULT>(1, Ask(list, LB_GETITEMHEIGHT))));
+  const int top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
+  if (row < top) {
+    Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(row));
+  } else if (row >= top + visible) {
+    const int new_top = row - visible + 1;
+    Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(new_top));
+  }
+}
+
+void SelectRow(HWND list, int row) {
+  const int top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
+  Ask(list, LB_SETSEL, FALSE, -1);
+  Ask(list, LB_SETSEL, TRUE, row);
+  Ask(list, LB_SETANCHORINDEX, static_cast<WPARAM>(row));
+  Ask(list, LB_SETCARETINDEX, static_cast<WPARAM>(row));
+  Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(top));
+}
+
+void FillRows(HWND list, const CloneImage& image) {
+  const int count = GetChannelCount(image);
+  constexpr int kRowBytes = 40;
+  Ask(list, LB_INITSTORAGE, static_cast<WPARAM>(count), LPARAM{count} * kRowBytes);
+  for (int n = 1; n <= count; ++n) {
+    Ask(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(FormatListRow(image, n).c_str()));
+  }
+}
+
+void WriteRows(HWND list, const CloneImage& image, int first, int count) {
+  const int top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
+  for (int row = first; row < first + count; ++row) {
+    Ask(list, LB_DELETESTRING, static_cast<WPARAM>(row));
+    Ask(list, LB_INSERTSTRING, static_cast<WPARAM>(row),
+        reinterpret_cast<LPARAM>(FormatListRow(image, row + 1).c_str()));
+  }
+  Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(top));
+}
+
+}  // namespace qz7

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <windows.h>
+
+#include <utility>
+#include <vector>
+
+#include "core/image/clone_image.h"
+
+namespace qz7 {
+
+// The list box of the memory list: row 0 is channel 1.
+
+void FillRows(HWND list, const CloneImage& image);
+// Writes `count` rows anew; the list stays where it was scrolled to.
+void WriteRows(HWND list, const CloneImage& image, int first, int count);
+
+std::vector<int> SelectedRows(HWND list);
+// Selects one row alone, without scrolling.
+void SelectRow(HWND list, int row);
+// Scrolls no further than needed to show the row.
+void ShowRow(HWND list, int row);
+
+// The list is drawn once, after the changes.
+template <typename Change>
+void ChangeRows(HWND list, Change&& change) {
+  SendMessageA(list, WM_SETREDRAW, FALSE, 0);
+  std::forward<Change>(change)();
+  SendMessageA(list, WM_SETREDRAW, TRUE, 0);
+  InvalidateRect(list, nullptr, FALSE);
+}
+
+}  // namespace qz7

@@ -1,0 +1,14 @@
+#pragma once
+
+#include "core/files/document.h"
+
+namespace qz7 {
+
+// File, Open: afterwards the channels are converted where the image is from a radio of another
+// version than the program's region, whether or not a file was opened.
+void OpenRadioFile(Document& document);
+
+// File, Export: marks the document as changed, whether or not a file is written.
+void ExportChannels(Document& document);
+
+}  // namespace qz7

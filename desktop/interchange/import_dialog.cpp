@@ -1,0 +1,103 @@
+#include "desktop/interchange/import_dialog.h"
+
+#include <windows.h>
+
+#include <string>
+
+#include "core/files/file_boxes.h"
+#include "core/files/profile.h"
+#include "desktop/toolkit/dialog_support.h"
+#include "resources/control_ids.h"
+
+namespace qz7 {
+namespace {
+
+constexpr const char* kFolderKey = "ImportDir";
+constexpr std::size_t kLongestFolder = 259;
+constexpr std::size_t kLongestFileName = 128;
+
+void ShowSeparator(HWND dialog, int control, char separator) {
+  const char text[] = {separator, '\0'};
+  LimitText(dialog, control, 1);
+  SetDlgItemTextA(dialog, control, text);
+}
+
+BOOL OnInit(HWND dialog, LPARAM state) {
+  SetUpDialog(dialog, state);
+  auto& session = StateOf<ImportSession>(dialog);
+  OpenImportDialog(session);
+  const ImportOptions& options = session.options;
+  LimitText(dialog, ID_IMPORT_FILE, kLongestFileName);
+  CheckRadioButton(dialog, ID_FIXED_LENGTH, ID_DELIMITED,
+                   options.delimited ? ID_DELIMITED : ID_FIXED_LENGTH);
+  ShowSeparator(dialog, ID_FIELD_SEPARATOR, options.field_separator);
+  ShowSeparator(dialog, ID_TEXT_SEPARATOR, options.text_separator);
+  CheckDlgButton(dialog, ID_HEADERS, options.headers ? BST_CHECKED : BST_UNCHECKED);
+  SetFocus(GetDlgItem(dialog, ID_BROWSE_IMPORT));
+  return FALSE;
+}
+
+void OnBrowse(HWND dialog) {
+  const auto file = ShowOpenBox(ImportFileBox(ReadProfile(kFolderKey, "", kLongestFolder)));
+  if (!file) {
+    return;
+  }
+  ChooseImportFile(StateOf<ImportSession>(dialog), *file);
+  SetDlgItemTextA(dialog, ID_IMPORT_FILE, file->path.c_str());
+  const std::string folder = ImportFolder(*file);
+  if (!folder.empty()) {
+    WriteProfile(kFolderKey, folder);
+  }
+}
+
+// Without a chosen file, too: that the file cannot be opened is said when it is tried.
+void OnOk(HWND dialog) {
+  auto& session = StateOf<ImportSession>(dialog);
+  ImportOptions options = session.options;
+  options.field_separator = SeparatorOf(ControlText(dialog, ID_FIELD_SEPARATOR));
+  options.text_separator = SeparatorOf(ControlText(dialog, ID_TEXT_SEPARATOR));
+  options.delimited = IsDlgButtonChecked(dialog, ID_DELIMITED) == BST_CHECKED;
+  options.headers = IsDlgButtonChecked(dialog, ID_HEADERS) == BST_CHECKED;
+  TakeImportOptions(session, options);
+  EndDialog(dialog, 0);
+}
+
+// Help does nothing here.
+void OnCommand(HWND dialog, int control) {
+  switch (control) {
+    case ID_BROWSE_IMPORT:
+      OnBrowse(dialog);
+      break;
+    case IDOK:
+      OnOk(dialog);
+      break;
+    case IDCANCEL:
+      EndDialog(dialog, -1);
+      break;
+    default:
+      break;
+  }
+}
+
+INT_PTR CALLBACK DlgProcImport(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_INITDIALOG:
+      return OnInit(dialog, l);
+    case WM_COMMAND:
+      OnCommand(dialog, LOWORD(w));
+      return TRUE;
+    case WM_CLOSE:
+      EndDialog(dialog, -1);
+      return TRUE;
+    default:
+      return FALSE;
+  }
+}
+
+}  // namespace
+
+bool ShowImportDialog(ImportSession& session) {
+  return RunDialog("DlgImport", DlgProcImport, &session) == 0;
+}
+
+}  // namespace qz7

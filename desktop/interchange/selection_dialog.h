@@ -1,0 +1,13 @@
+#pragma once
+
+#include "core/image/clone_image.h"
+#include "core/interchange/import_lines.h"
+#include "core/interchange/import_session.h"
+
+namespace qz7 {
+
+// Lists what the lines hold by the session's columns, and writes what the user selects into the
+// image; true with OK, otherwise the image is unchanged.
+bool ShowSelectionDialog(CloneImage& image, ImportSession& session, ImportLines& lines);
+
+}  // namespace qz7

@@ -1,0 +1,128 @@
+#include "desktop/link/exchange_window.h"
+
+#include "desktop/link/meter_painting.h"
+#include "desktop/toolkit/dialog_support.h"
+#include "resources/control_ids.h"
+
+namespace qz7 {
+namespace {
+
+constexpr UINT_PTR kTimer = 1;
+
+// The timer runs while the exchange polls. A port that has gone away is not asked again: the dialog
+// waits for Cancel. After progress the ticks are counted from here, so that the echo of a block
+// that has just been written is there at the second tick and not just missed by it.
+void FollowTimer(ExchangeWindow& window) {
+  const int count = window.exchange.meter.count;
+  const bool wanted = window.exchange.polling && !window.port.HasFailed();
+  if (wanted && (!window.timer_runs || count != window.timed_count)) {
+    SetTimer(window.dialog, kTimer, kTickMilliseconds, nullptr);
+  } else if (!wanted) {
+    KillTimer(window.dialog, kTimer);
+  }
+  window.timer_runs = wanted;
+  window.timed_count = count;
+}
+
+void FollowExchange(ExchangeWindow& window) {
+  FollowTimer(window);
+  if (window.exchange.meter_changed) {
+    window.exchange.meter_changed = false;
+    InvalidateRect(GetDlgItem(window.dialog, ID_METER), nullptr, FALSE);
+  }
+  if (window.show) {
+    window.show(window.dialog);
+  }
+}
+
+void RunStep(ExchangeWindow& window, const std::function<void()>& step) {
+  if (!window.stepping && window.exchange.polling && !window.exchange.ended &&
+      !window.port.HasFailed()) {
+    ChangeExchange(window, step);
+  }
+}
+
+// False when the program is to end.
+bool PumpMessages(HWND dialog) {
+  MSG message;
+  while (PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) {
+      PostQuitMessage(static_cast<int>(message.wParam));
+      return false;
+    }
+    if (!IsDialogMessageA(dialog, &message)) {
+      TranslateMessage(&message);
+      DispatchMessageA(&message);
+    }
+  }
+  return true;
+}
+
+void RunLoop(ExchangeWindow& window) {
+  while (!window.exchange.ended) {
+    HANDLE event = window.port.ArmReceiveEvent();
+    const DWORD events = event != nullptr ? 1 : 0;
+    const DWORD woken = MsgWaitForMultipleObjects(events, &event, FALSE, INFINITE, QS_ALLINPUT);
+    if (events == 1 && woken == WAIT_OBJECT_0) {
+      RunStep(window, window.notify);
+    }
+    if (!PumpMessages(window.dialog)) {
+      return;
+    }
+  }
+}
+
+}  // namespace
+
+int RunExchangeDialog(const char* template_name, DLGPROC procedure, ExchangeWindow& window) {
+  const HWND owner = DialogOwner();
+  const HWND dialog = CreateModelessDialog(template_name, owner, procedure, &window);
+  if (dialog == nullptr) {
+    return -1;
+  }
+  EnableWindow(owner, FALSE);
+  ShowWindow(dialog, SW_SHOW);
+  RunLoop(window);
+  KillTimer(dialog, kTimer);
+  // In this order, so that the owner and no other program's window becomes active.
+  EnableWindow(owner, TRUE);
+  DestroyWindow(dialog);
+  return window.exchange.ended.value_or(-1);
+}
+
+void BeginExchangeDialog(HWND dialog, LPARAM state) {
+  SetUpDialog(dialog, state);
+  auto& window = StateOf<ExchangeWindow>(dialog);
+  window.dialog = dialog;
+  ChangeExchange(window, window.begin);
+}
+
+bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_TIMER && w == kTimer) {
+    auto& window = StateOf<ExchangeWindow>(dialog);
+    RunStep(window, window.tick);
+    return true;
+  }
+  if (message == WM_DRAWITEM && w == ID_METER) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the system passes the pointer as a number
+    PaintMeter(*reinterpret_cast<const DRAWITEMSTRUCT*>(l),
+               StateOf<ExchangeWindow>(dialog).exchange.meter);
+    return true;
+  }
+  return false;
+}
+
+void ChangeExchange(ExchangeWindow& window, const std::function<void()>& change) {
+  window.stepping = true;
+  change();
+  window.stepping = false;
+  FollowExchange(window);
+}
+
+MeterSize MeterSizeOf(HWND dialog) {
+  RECT client;
+  GetClientRect(GetDlgItem(dialog, ID_METER), &client);
+  return {.width = client.right, .height = client.bottom};
+}
+
+}  // namespace qz7

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+
+#include "core/link/exchange.h"
+#include "core/link/serial_port.h"
+
+namespace qz7 {
+
+// Drives an exchange in its dialog, without a second thread: by the dialog's timer, and by the
+// port's receive event, which the dialog's own message loop waits for beside the messages.
+struct ExchangeWindow {
+  SerialPort& port;
+  Exchange& exchange;
+  std::function<void()> begin;          // with the meter's size known
+  std::function<void()> tick;           // one tick of the timer
+  std::function<void()> notify;         // bytes have come
+  std::function<void(HWND)> show = {};  // shows what the exchange allows now
+  HWND dialog = nullptr;
+  bool timer_runs = false;
+  int timed_count = 0;    // the meter's count when the timer was started
+  bool stepping = false;  // a step shows a message: its loop's ticks are not for us
+};
+
+// Shows the dialog until the exchange has ended; 0 for success. The dialog's messages go through
+// HandleExchangeMessage first.
+int RunExchangeDialog(const char* template_name, DLGPROC procedure, ExchangeWindow& window);
+
+// In WM_INITDIALOG: the common set-up, then the exchange's beginning.
+void BeginExchangeDialog(HWND dialog, LPARAM state);
+// The timer and the meter; false for another message.
+bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l);
+// Runs something that changes the exchange, and lets the dialog follow.
+void ChangeExchange(ExchangeWindow& window, const std::function<void()>& change);
+
+MeterSize MeterSizeOf(HWND dialog);
+
+}  // namespace qz7

@@ -1,0 +1,132 @@
+#include <windows.h>
+
+#include "core/files/file_boxes.h"
+#include "core/link/clone_write.h"
+#include "desktop/link/clone_dialogs.h"
+#include "desktop/link/exchange_window.h"
+#include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/help.h"
+#include "resources/control_ids.h"
+
+namespace qz7 {
+namespace {
+
+struct WriteWindow : ExchangeWindow {
+  CloneWrite& write;
+  Preferences& preferences;
+};
+
+WriteWindow& WindowOf(HWND dialog) {
+  return static_cast<WriteWindow&>(StateOf<ExchangeWindow>(dialog));
+}
+
+void ShowTemplateName(HWND dialog, const Preferences& preferences) {
+  SetDlgItemTextA(dialog, ID_TEMPLATE_NAME, TemplateDisplayName(preferences.template_path).c_str());
+}
+
+void BrowseTemplate(Preferences& preferences) {
+  const auto file =
+      ShowOpenBox({.title = "Select Radio Template File",
+                   .filters = {{"Template Files (*.tpl)", "*.tpl"}, {"All files (*.*)", "*.*"}},
+                   .default_extension = "tpl",
+                   .folder = preferences.data_folder,
+                   .initial_name = ""});
+  if (file) {
+    preferences.template_path = file->path;
+    SaveTemplatePath(preferences);
+  }
+}
+
+// The buttons that start are disabled while the exchange runs, and after an error that only Cancel
+// follows.
+void ShowStartButtons(HWND dialog, bool enabled) {
+  const HWND start = GetDlgItem(dialog, IDOK);
+  if ((IsWindowEnabled(start) != FALSE) == enabled) {
+    return;
+  }
+  EnableWindow(start, enabled);
+  EnableWindow(GetDlgItem(dialog, ID_BROWSE_TEMPLATE), enabled);
+  const HWND next = GetDlgItem(dialog, enabled ? IDOK : IDCANCEL);
+  SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+}
+
+BOOL OnInit(HWND dialog, LPARAM state) {
+  BeginExchangeDialog(dialog, state);
+  ShowTemplateName(dialog, WindowOf(dialog).preferences);
+  SetFocus(GetDlgItem(dialog, IDOK));
+  return FALSE;
+}
+
+void OnCommand(HWND dialog, int control) {
+  auto& window = WindowOf(dialog);
+  switch (control) {
+    case IDOK:
+      ChangeExchange(window, [&] {
+        StartCloneWrite(window.write, window.port, window.preferences.template_path);
+      });
+      break;
+    case IDCANCEL:
+      ChangeExchange(window, [&] { CancelCloneWrite(window.write); });
+      break;
+    case ID_BROWSE_TEMPLATE:
+      BrowseTemplate(window.preferences);
+      ShowTemplateName(dialog, window.preferences);
+      break;
+    case ID_HELP:
+      ShowHelp(kHelpSendData);
+      break;
+    default:
+      break;
+  }
+}
+
+INT_PTR CALLBACK DlgProcWriteRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_INITDIALOG:
+      return OnInit(dialog, l);
+    case WM_COMMAND:
+      OnCommand(dialog, LOWORD(w));
+      return TRUE;
+    case WM_CLOSE:
+      OnCommand(dialog, IDCANCEL);
+      return TRUE;
+    default:
+      return HandleExchangeMessage(dialog, message, w, l) ? TRUE : FALSE;
+  }
+}
+
+INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_INITDIALOG:
+      SetUpDialog(dialog, l);
+      return TRUE;
+    case WM_COMMAND:
+      if (LOWORD(w) == ID_HELP) {
+        ShowHelp(kHelpDataSent);
+      } else if (LOWORD(w) == IDOK || LOWORD(w) == IDCANCEL) {
+        EndDialog(dialog, 0);
+      }
+      return TRUE;
+    default:
+      return FALSE;
+  }
+}
+
+}  // namespace
+
+bool ShowWriteDialog(SerialPort& port, CloneImage& working_copy, Preferences& preferences) {
+  CloneWrite write;
+  WriteWindow window{
+      {.port = port, .exchange = write, .begin = {}, .tick = {}, .notify = {}}, write, preferences};
+  window.begin = [&] { BeginCloneWrite(write, port, working_copy, MeterSizeOf(window.dialog)); };
+  window.tick = [&] { TickCloneWrite(write, port); };
+  window.notify = [&] { NotifyCloneWrite(write, port); };
+  window.show = [&](HWND dialog) { ShowStartButtons(dialog, write.can_start); };
+  if (RunExchangeDialog("DLLDlgWriteRadio", DlgProcWriteRadio, window) != 0) {
+    return false;
+  }
+  RunDialog("DLLDlgWriteRadioDone", DlgProcWriteRadioDone, nullptr);
+  return true;
+}
+
+}  // namespace qz7

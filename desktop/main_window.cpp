@@ -1,0 +1,81 @@
+#include "desktop/main_window.h"
+
+#include "core/files/messages.h"
+#include "desktop/app_state.h"
+#include "desktop/commands.h"
+#include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/help.h"
+
+namespace qz7 {
+namespace {
+
+void OnClose(HWND window) {
+  if (!AskSaveChanges(app.document)) {
+    return;
+  }
+  QuitHelp();
+  UnloadResourceLibrary();
+  DestroyWindow(window);
+}
+
+void OnDestroy() {
+  UnloadResourceLibrary();
+  PostQuitMessage(0);
+}
+
+LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l) {
+  switch (message) {
+    case WM_COMMAND:
+      return RunCommand(LOWORD(w)) ? 0 : DefWindowProcA(window, message, w, l);
+    case WM_CLOSE:
+      OnClose(window);
+      return 0;
+    case WM_DESTROY:
+      OnDestroy();
+      return 0;
+    case WM_SETFOCUS:
+      SetFocus(app.main_dialog);
+      return 0;
+    case WM_HELP:
+      ShowHelpContents();
+      return TRUE;
+    case WM_PAINT:
+      ValidateRect(window, nullptr);
+      return 0;
+    default:
+      return DefWindowProcA(window, message, w, l);
+  }
+}
+
+}  // namespace
+
+bool RegisterMainWindow() {
+  WNDCLASSA window_class{};
+  window_class.style = CS_HREDRAW | CS_VREDRAW;
+  window_class.lpfnWndProc = MainWindowProc;
+  window_class.hInstance = dialog_modules.program;
+  window_class.hIcon = LoadIconA(dialog_modules.program, "Icon");
+  window_class.hCursor = LoadCursor(nullptr, IDC_ARROW);
+  window_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
+  window_class.lpszMenuName = "MainMenu";
+  window_class.lpszClassName = kMainWindowClass;
+  return RegisterClassA(&window_class) != 0;
+}
+
+HWND CreateMainWindow() {
+  app.main_window =
+      CreateWindowExA(0, kMainWindowClass, kProgramTitle,
+                      WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
+                      CW_USEDEFAULT, 0, 0, 0, nullptr, nullptr, dialog_modules.program, nullptr);
+  dialog_modules.main_window = app.main_window;
+  return app.main_window;
+}
+
+void UnloadResourceLibrary() {
+  if (dialog_modules.library != nullptr) {
+    FreeLibrary(dialog_modules.library);
+    dialog_modules.library = nullptr;
+  }
+}
+
+}  // namespace qz7

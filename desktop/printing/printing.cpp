@@ -1,0 +1,148 @@
+#include "desktop/printing/printing.h"
+
+#include "core/editors/print_text.h"
+#include "desktop/printing/print_job.h"
+#include "desktop/toolkit/dialog_support.h"
+#include "resources/control_ids.h"
+
+namespace qz7 {
+namespace {
+
+// The system asks back without saying for which document.
+struct Printing {
+  HWND progress = nullptr;
+  const PrintJob* job = nullptr;
+} printing;
+
+// "Continue" while nobody has cancelled; the user's press is among the messages handled here.
+BOOL CALLBACK KeepPrinting(HDC, int) {
+  MSG message;
+  while (!printing.job->aborted && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (printing.progress == nullptr || !IsDialogMessageA(printing.progress, &message)) {
+      TranslateMessage(&message);
+      DispatchMessageA(&message);
+    }
+  }
+  return printing.job->aborted ? FALSE : TRUE;
+}
+
+class DevicePrinter final : public Printer {
+ public:
+  explicit DevicePrinter(HDC device) : device_(device) {}
+
+  bool InstallAbort() override { return SetAbortProc(device_, KeepPrinting) > 0; }
+
+  bool StartDocument(const std::string& name) override {
+    DOCINFOA document{};
+    document.cbSize = sizeof document;
+    document.lpszDocName = name.c_str();
+    open_ = StartDocA(device_, &document) > 0;
+    return open_;
+  }
+
+  DeviceFigures Figures() override {
+    TEXTMETRICA font{};
+    const bool measured = GetTextMetricsA(device_, &font) != FALSE;
+    return {
+        .horizontal_pixels_per_inch = GetDeviceCaps(device_, LOGPIXELSX),
+        .vertical_pixels_per_inch = GetDeviceCaps(device_, LOGPIXELSY),
+        .vertical_resolution = GetDeviceCaps(device_, VERTRES),
+        .line_height = measured ? font.tmHeight + font.tmExternalLeading : kUnmeasuredLineHeight};
+  }
+
+  void StartPage() override { ::StartPage(device_); }
+
+  void DrawLine(const PlacedLine& line) override {
+    TextOutA(device_, line.x, line.y, line.text.data(), static_cast<int>(line.text.size()));
+  }
+
+  // Not every system asks between pages whether to go on.
+  void EndPage() override {
+    ::EndPage(device_);
+    KeepPrinting(device_, 0);
+  }
+
+  bool EndDocument() override {
+    open_ = false;
+    return EndDoc(device_) > 0;
+  }
+
+  // A document that was not ended is taken back, so that nothing of it waits in the queue.
+  ~DevicePrinter() override {
+    if (open_) {
+      AbortDoc(device_);
+    }
+  }
+
+ private:
+  HDC device_;
+  bool open_ = false;
+};
+
+BOOL OnInit(HWND dialog, LPARAM state) {
+  SetUpDialog(dialog, state);
+  const auto& job = StateOf<PrintJob>(dialog);
+  SetDlgItemTextA(dialog, ID_PRINTED_DOCUMENT, ("Printing " + job.document_name).c_str());
+  EnableMenuItem(GetSystemMenu(dialog, FALSE), SC_CLOSE, MF_BYCOMMAND | MF_GRAYED);
+  return TRUE;
+}
+
+INT_PTR CALLBACK DlgProcPrinting(HWND dialog, UINT message, WPARAM, LPARAM l) {
+  switch (message) {
+    case WM_INITDIALOG:
+      return OnInit(dialog, l);
+    case WM_COMMAND:
+      StateOf<PrintJob>(dialog).aborted = true;
+      return TRUE;
+    default:
+      return FALSE;
+  }
+}
+
+// A field is painted at once: a short page gives no time for it later.
+std::function<void(const std::string&)> TextSetter(HWND dialog, int control) {
+  const HWND field = GetDlgItem(dialog, control);
+  return [field](const std::string& text) {
+    SetWindowTextA(field, text.c_str());
+    UpdateWindow(field);
+  };
+}
+
+void PrintLinesOn(const ChosenPrinter& chosen, const std::vector<std::string>& lines,
+                  const std::string& document_name) {
+  PrintJob job{.document_name = document_name, .copies = chosen.copies};
+  const HWND owner = DialogOwner();
+  EnableWindow(owner, FALSE);
+  const HWND progress = CreateModelessDialog("DlgPrinting", owner, DlgProcPrinting, &job);
+  job.show_copy = TextSetter(progress, ID_PRINTED_COPY);
+  job.show_page = TextSetter(progress, ID_PRINTED_PAGE);
+  ShowWindow(progress, SW_SHOW);
+  UpdateWindow(progress);
+  printing = {.progress = progress, .job = &job};
+  {
+    DevicePrinter printer(chosen.device);
+    RunPrintJob(job, lines, printer);
+  }
+  printing = {};
+  EnableWindow(owner, TRUE);
+  DestroyWindow(progress);
+}
+
+}  // namespace
+
+void PrintDocument(const Document& document, DtmfDisplay display) {
+  PrintText text;
+  if (!BuildPrintText(document.image, document.name, display, text)) {
+    return;
+  }
+  const auto chosen = ShowPrintBox();
+  if (!chosen) {
+    return;
+  }
+  PrintLinesOn(*chosen, PrintLines(text), document.name);
+  DeleteDC(chosen->device);
+  GlobalFree(chosen->settings);
+  GlobalFree(chosen->names);
+}
+
+}  // namespace qz7

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <windows.h>
+
+#include <optional>
+
+#include "core/editors/autodial.h"
+#include "core/files/document.h"
+
+namespace qz7 {
+
+// What the user chose in the print box. The chooser's caller gives all three back to the system.
+struct ChosenPrinter {
+  HDC device;
+  int copies;
+  HGLOBAL settings = nullptr;
+  HGLOBAL names = nullptr;
+};
+
+// The system's print box, offering one copy, collation, no selection and no page range; nothing
+// when the user cancels. Defined by each program, as the other boxes are.
+std::optional<ChosenPrinter> ShowPrintBox();
+
+// File, Print: the listing of the document, to a printer of the user's choice.
+void PrintDocument(const Document& document, DtmfDisplay display);
+
+}  // namespace qz7

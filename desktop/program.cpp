@@ -1,0 +1,148 @@
+#include "desktop/program.h"
+
+#include "core/files/messages.h"
+#include "core/link/port_setup.h"
+#include "desktop/app_state.h"
+#include "desktop/command_line.h"
+#include "desktop/locations.h"
+#include "desktop/main_dialog.h"
+#include "desktop/main_window.h"
+#include "desktop/toolkit/dialog_support.h"
+
+namespace qz7 {
+
+AppState app;
+
+namespace {
+
+constexpr const char* kFontFile = "qz7.fon";
+constexpr int kFailed = -1;
+
+// The first instance and its last active pop-up come to the front. The pop-up is asked for first:
+// raising the main window makes that one the last active.
+bool RaiseRunningProgram() {
+  const HWND running = FindWindowA(kMainWindowClass, nullptr);
+  if (running == nullptr) {
+    return false;
+  }
+  const HWND popup = GetLastActivePopup(running);
+  if (IsIconic(running)) {
+    ShowWindow(running, SW_RESTORE);
+  }
+  SetForegroundWindow(running);
+  if (popup != running) {
+    SetForegroundWindow(popup);
+  }
+  return true;
+}
+
+int Fail(const char* text) {
+  ShowMessage(text, "Error", Buttons::kOk, Icon::kNone);
+  return kFailed;
+}
+
+bool LoadResourceLibrary() {
+  dialog_modules.library =
+      LoadLibraryExA(BesideProgram("qz732.dll").c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+  if (dialog_modules.library != nullptr) {
+    return true;
+  }
+  // The number is the same whatever the cause.
+  ShowMessage("An error occured while trying to load the resources\nError no. 32", "Error",
+              Buttons::kOk, Icon::kStop);
+  return false;
+}
+
+void OpenDocumentOfCommandLine(const std::string& command_line) {
+  const auto name = CommandLineFile(command_line);
+  if (!name) {
+    return;
+  }
+  char path[MAX_PATH] = "";
+  if (GetFullPathNameA(name->c_str(), MAX_PATH, path, nullptr) != 0) {
+    OpenNamedDocument(app.document, path);
+  }
+}
+
+void AdviseTemplate() {
+  if (app.document.preferences.template_path.empty()) {
+    ShowMessage(
+        "One of the first things you should do\nis create a template file.\n"
+        "Select Help|Contents for instructions.",
+        kProgramTitle, Buttons::kOk, Icon::kNone);
+  }
+}
+
+// Nobody waits for the other windows: one that hangs must not keep the program from starting.
+void TellFontChange() { PostMessageA(HWND_BROADCAST, WM_FONTCHANGE, 0, 0); }
+
+void InstallFont() {
+  if (AddFontResourceA(BesideProgram(kFontFile).c_str()) != 0) {
+    TellFontChange();
+  }
+}
+
+void RemoveFont() {
+  if (RemoveFontResourceA(BesideProgram(kFontFile).c_str())) {
+    TellFontChange();
+  }
+}
+
+void StartDocument(const std::string& command_line) {
+  Document& document = app.document;
+  OpenChosenPort(*app.port, document.preferences.port_index);
+  // The stored defaults are not loaded yet: a new document that takes them takes zeros, on purpose.
+  NewDocument(document);
+  document.working_copy = document.image;
+  OpenDocumentOfCommandLine(command_line);
+  LoadDefaultsRecord(document.defaults, DefaultsFilePlaces(), document.image);
+}
+
+int RunMessageLoop() {
+  MSG message;
+  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
+    if (app.main_dialog == nullptr || !IsDialogMessageA(app.main_dialog, &message)) {
+      TranslateMessage(&message);
+      DispatchMessageA(&message);
+    }
+  }
+  return 0;
+}
+
+}  // namespace
+
+int RunProgram(HINSTANCE instance, const std::string& command_line, int show_state) {
+  // Libraries come from the program's own folder, never from the current one.
+  SetDllDirectoryA("");
+  dialog_modules.program = instance;
+  if (RaiseRunningProgram()) {
+    return kFailed;
+  }
+  dialog_modules.help_path = BesideProgram("qz7.hlp");
+  app.port = MakeSerialPort();
+  LoadPreferences(app.document.preferences, ProgramFolder());
+  if (!RegisterMainWindow()) {
+    return Fail("Cannot register window class");
+  }
+  if (CreateMainWindow() == nullptr) {
+    return Fail("Cannot create window");
+  }
+  if (!LoadResourceLibrary()) {
+    return 0;
+  }
+  if (CreateMainDialog(app.main_window) == nullptr) {
+    return Fail("Cannot create dialog");
+  }
+  ShowWindow(app.main_dialog, SW_SHOW);
+  ShowWindow(app.main_window, show_state);
+  StartDocument(command_line);
+  AdviseTemplate();
+  InstallFont();
+  const int exit_code = RunMessageLoop();
+  app.port->Close();
+  RemoveFont();
+  UnloadResourceLibrary();
+  return exit_code;
+}
+
+}  // namespace qz7

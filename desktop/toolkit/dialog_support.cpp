@@ -1,0 +1,133 @@
+#include "desktop/toolkit/dialog_support.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <string_view>
+
+#include "resources/control_ids.h"
+
+namespace qz7 {
+
+DialogModules dialog_modules;
+
+namespace {
+
+constexpr UINT_PTR kHelpKeySubclass = 1;
+
+HINSTANCE ModuleOf(std::string_view template_name) {
+  return template_name.starts_with("DLLDlg") ? dialog_modules.library : dialog_modules.program;
+}
+
+// F1 presses the Help button, where the dialog has one.
+LRESULT CALLBACK HelpKeyProc(HWND dialog, UINT message, WPARAM w, LPARAM l, UINT_PTR id,
+                             DWORD_PTR) {
+  if (message == WM_HELP && GetDlgItem(dialog, ID_HELP) != nullptr) {
+    SendMessageA(dialog, WM_COMMAND, ID_HELP, 0);
+    return TRUE;
+  }
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(dialog, HelpKeyProc, id);
+  }
+  return DefSubclassProc(dialog, message, w, l);
+}
+
+RECT WorkArea(HWND window) {
+  MONITORINFO monitor{};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoA(MonitorFromWindow(window, MONITOR_DEFAULTTONEAREST), &monitor);
+  return monitor.rcWork;
+}
+
+// Over the owner where that can be seen, otherwise over the screen; never beyond its edges.
+void CentreDialog(HWND dialog) {
+  const HWND owner = GetWindow(dialog, GW_OWNER);
+  const RECT area = WorkArea(owner != nullptr ? owner : dialog);
+  RECT around = area;
+  if (owner != nullptr && IsWindowVisible(owner) && !IsIconic(owner)) {
+    GetWindowRect(owner, &around);
+  }
+  RECT own;
+  GetWindowRect(dialog, &own);
+  const LONG width = own.right - own.left;
+  const LONG height = own.bottom - own.top;
+  const LONG x = (around.left + around.right - width) / 2;
+  const LONG y = (around.top + around.bottom - height) / 2;
+  SetWindowPos(dialog, nullptr, std::max(area.left, std::min(x, area.right - width)),
+               std::max(area.top, std::min(y, area.bottom - height)), 0, 0,
+               SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+}  // namespace
+
+HWND DialogOwner() {
+  const HWND main = dialog_modules.main_window;
+  return main != nullptr ? GetLastActivePopup(main) : nullptr;
+}
+
+INT_PTR RunDialog(const char* template_name, DLGPROC procedure, void* state) {
+  return DialogBoxParamA(ModuleOf(template_name), template_name, DialogOwner(), procedure,
+                         reinterpret_cast<LPARAM>(state));
+}
+
+HWND CreateModelessDialog(const char* template_name, HWND parent, DLGPROC procedure, void* state) {
+  return CreateDialogParamA(ModuleOf(template_name), template_name, parent, procedure,
+                            reinterpret_cast<LPARAM>(state));
+}
+
+void SetUpDialog(HWND dialog, LPARAM state, std::span<const Tooltip> tooltips) {
+  SetWindowLongPtrA(dialog, DWLP_USER, state);
+  SetWindowSubclass(dialog, HelpKeyProc, kHelpKeySubclass, 0);
+  if ((GetWindowLongPtrA(dialog, GWL_STYLE) & WS_CHILD) == 0) {
+    CentreDialog(dialog);
+  }
+  AddTooltips(dialog, tooltips);
+}
+
+void AddTooltips(HWND dialog, std::span<const Tooltip> tooltips) {
+  if (tooltips.empty()) {
+    return;
+  }
+  const HWND window =
+      CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
+                      WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
+                      CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, nullptr, nullptr);
+  for (const Tooltip& tip : tooltips) {
+    std::string text = tip.text;
+    TOOLINFOA tool{};
+    tool.cbSize = sizeof tool;
+    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+    tool.hwnd = dialog;
+    tool.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(dialog, tip.control));
+    tool.lpszText = text.data();
+    SendMessageA(window, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+  }
+}
+
+std::string ControlText(HWND dialog, int control) {
+  const HWND window = GetDlgItem(dialog, control);
+  std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
+  text.resize(
+      static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+void LimitText(HWND dialog, int control, std::size_t characters) {
+  SendDlgItemMessageA(dialog, control, EM_LIMITTEXT, characters, 0);
+}
+
+void FillList(HWND dialog, int control, std::span<const char* const> texts) {
+  for (const char* text : texts) {
+    SendDlgItemMessageA(dialog, control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+  }
+}
+
+void SelectInList(HWND dialog, int control, int position) {
+  SendDlgItemMessageA(dialog, control, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
+}
+
+int SelectedInList(HWND dialog, int control) {
+  return static_cast<int>(SendDlgItemMessageA(dialog, control, CB_GETCURSEL, 0, 0));
+}
+
+}  // namespace qz7
