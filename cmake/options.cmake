@@ -1,8 +1,9 @@
-# What was compiled before is taken from ccache, where that is there. It looks through a precompiled
-# header only when it is told that the header's own time does not matter.
+# What was compiled before, in whichever checkout, is taken from ccache, where that is there. It looks
+# through a precompiled header only when it is told that the header's own time does not matter.
 find_program(QZ7_CCACHE ccache)
 if(QZ7_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CMAKE_COMMAND} -E env
+    CCACHE_BASEDIR=${CMAKE_SOURCE_DIR} CCACHE_NOHASHDIR=1
     CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime ${QZ7_CCACHE})
 endif()
 
