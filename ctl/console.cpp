@@ -5,6 +5,7 @@
 
 #include "core/files/messages.h"
 #include "core/files/radio_data_file.h"
+#include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
@@ -40,21 +41,7 @@ void AnswerYes() { answer_yes = true; }
 
 int LinkErrorsShown() { return link_errors; }
 
-std::string Utf8(std::string_view text) {
-  std::string utf8;
-  for (const char c : text) {
-    const auto byte = static_cast<unsigned char>(c);
-    if (byte < 0x80) {
-      utf8 += c;
-    } else {
-      utf8 += static_cast<char>(0xC0 | byte >> 6);
-      utf8 += static_cast<char>(0x80 | (byte & 0x3F));
-    }
-  }
-  return utf8;
-}
-
-void PrintLine(std::string_view line) { std::cout << Utf8(line) << '\n'; }
+void PrintLine(std::string_view line) { std::cout << ToUtf8(line) << '\n'; }
 
 void PrintError(const std::string& line) { std::cerr << line << '\n' << std::flush; }
 

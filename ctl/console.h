@@ -4,15 +4,16 @@
 #include <string_view>
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
+
+// The program's own region; nothing here changes it.
+inline constexpr RegionVariant kRegion;
 
 inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUsage = 2;
-
-// The radio's single-byte text as UTF-8.
-std::string Utf8(std::string_view text);
 
 // A line on standard output, in UTF-8; a line on standard error.
 void PrintLine(std::string_view line);

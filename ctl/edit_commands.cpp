@@ -30,7 +30,7 @@ ListChange MoveAs(CloneImage& image, const std::string& how, int row) {
 }
 
 bool EditChannel(CloneImage& image, int n, const std::vector<NamedValue>& values) {
-  std::optional<ChannelEditor> editor = OpenChannelEditor(image, n);
+  std::optional<ChannelEditor> editor = OpenChannelEditor(image, n, kRegion);
   std::string why_not;
   if (!editor) {
     PrintError("There is no channel " + std::to_string(n) + ".");

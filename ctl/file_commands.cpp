@@ -11,6 +11,7 @@
 #include "core/files/radio_data_file.h"
 #include "core/image/channel_description.h"
 #include "core/image/channel_text.h"
+#include "core/image/text_codec.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
 
@@ -26,9 +27,9 @@ const char* Passed(bool passed) { return passed ? "ok" : "wrong"; }
 Json DescribeInspection(const FileInspection& found) {
   const CloneImage& image = found.image;
   return {{"kind", found.kind == FileKind::kTemplate ? "template" : "radio data"},
-          {"radio-name", Utf8(RadioName(image))},
+          {"radio-name", ToUtf8(RadioName(image))},
           {"version", ReadU32(image.data() + kVersionOffset)},
-          {"comment", Utf8(FileComment(image))},
+          {"comment", ToUtf8(FileComment(image))},
           {"version-type", image[kVersionType]},
           {"version-subtype", image[kVersionSubtype]},
           {"wide-coverage", image[kWideCoverage]},
@@ -108,7 +109,7 @@ int RowsCommand(const std::string& file) {
     return kFailed;
   }
   for (int n = 1; n <= GetChannelCount(image); ++n) {
-    PrintLine(FormatListRow(image, n));
+    PrintLine(FormatListRow(image, n, kRegion));
   }
   return kDone;
 }
@@ -117,7 +118,7 @@ int ListCommand(const std::string& file) {
   CloneImage image;
   PrintText text;
   if (!LoadDocument(image, file) ||
-      !BuildPrintText(image, FileNameOf(file), DtmfDisplay::kSymbols, text)) {
+      !BuildPrintText(image, FileNameOf(file), DtmfDisplay::kSymbols, kRegion, text)) {
     return kFailed;
   }
   for (const std::string& line : PrintLines(text)) {
@@ -131,7 +132,7 @@ int ShowCommand(const std::string& file, int n) {
   if (!LoadDocument(image, file)) {
     return kFailed;
   }
-  const std::vector<NamedValue> fields = DescribeChannel(image, n);
+  const std::vector<NamedValue> fields = DescribeChannel(image, n, kRegion);
   if (fields.empty()) {
     PrintError("There is no channel " + std::to_string(n) + ".");
     return kFailed;
@@ -148,7 +149,7 @@ int DiffCommand(const std::string& a, const std::string& b) {
   if (!LoadDocument(image_a, a) || !LoadDocument(image_b, b)) {
     return kTrouble;
   }
-  const std::vector<std::string> lines = DocumentDifferences(image_a, image_b);
+  const std::vector<std::string> lines = DocumentDifferences(image_a, image_b, kRegion);
   for (const std::string& line : lines) {
     PrintLine(line);
   }

@@ -10,7 +10,7 @@ namespace qz7 {
 namespace {
 
 // The names of the import fields on the command line, in the fields' order.
-constexpr std::array<std::string_view, kImportFieldCount> kColumnNames = {
+constexpr std::array<std::string_view, kCsvColumnCount> kColumnNames = {
     "rx", "tx", "offset", "tone", "skip", "power", "enc", "dec", "name", "comment"};
 
 std::vector<std::string> SplitAtCommas(const std::string& text) {

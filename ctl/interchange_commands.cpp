@@ -5,7 +5,7 @@
 
 #include "core/files/csv_export.h"
 #include "core/files/messages.h"
-#include "core/image/operating_state.h"
+#include "core/image/derived_tables.h"
 #include "core/interchange/import.h"
 #include "core/interchange/merge_dialog_rules.h"
 #include "ctl/commands.h"

@@ -129,7 +129,7 @@ int CompareCommand(const PortOptions& options, const std::string& file) {
   if (!LoadDocument(expected, file) || !ReadRadio(options, image)) {
     return kTrouble;
   }
-  const std::vector<std::string> lines = RadioDifferences(expected, image);
+  const std::vector<std::string> lines = RadioDifferences(expected, image, kRegion);
   for (const std::string& line : lines) {
     PrintLine(line);
   }

@@ -21,9 +21,10 @@ void BeginChannelEditing(Document& document) {
 
 void EditGroups(Document& document) {
   CollectMainDialog(document);
-  RunFeatureEditor(
-      document.image, document.working_copy, document.changed,
-      [&](CloneImage& working_copy) { return ShowGroupsDialog(document.image, working_copy, 0); });
+  RunFeatureEditor(document.image, document.working_copy, document.changed,
+                   [&](CloneImage& working_copy) {
+                     return ShowGroupsDialog(document.image, working_copy, 0, document.region);
+                   });
 }
 
 }  // namespace

@@ -2,13 +2,14 @@
 
 #include "core/editors/variant_conversion.h"
 #include "core/files/csv_export.h"
+#include "core/image/derived_tables.h"
 
 namespace qz7 {
 
 void OpenRadioFile(Document& document) {
   OpenDocument(document);
-  if (NeedsVariantConversion(document.image)) {
-    ConvertChannelsForVariant(document.image, document.working_copy);
+  if (NeedsVariantConversion(document.image, document.region)) {
+    ConvertChannelsForVariant(document.image, document.working_copy, document.region);
   }
 }
 

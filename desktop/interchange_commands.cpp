@@ -11,10 +11,10 @@
 namespace qz7 {
 namespace {
 
-void ImportFile(CloneImage& image, ImportSession& session) {
+void ImportFile(CloneImage& image, ImportSession& session, const RegionVariant& region) {
   auto lines = OpenImportFile(session);
   if (lines && ShowImportColumnsDialog(session, *lines)) {
-    ShowSelectionDialog(image, session, *lines);
+    ShowSelectionDialog(image, session, *lines, region);
   }
 }
 
@@ -24,7 +24,7 @@ void ImportChannels(Document& document, ImportSession& session) {
   CollectMainDialog(document);
   document.working_copy = document.image;
   if (ShowImportDialog(session)) {
-    ImportFile(document.working_copy, session);
+    ImportFile(document.working_copy, session, document.region);
     document.image = document.working_copy;
   }
 }
@@ -33,8 +33,11 @@ void MergeFromFile(Document& document, MergeOptions& options) {
   CollectMainDialog(document);
   const auto file = ShowOpenBox(MergeFileBox(document.preferences.data_folder));
   MergeSource source;
-  if (file && ReadMergeSource(source, document.working_copy, file->path) &&
-      ShowMergeDialog(document.image, document.working_copy, source, options)) {
+  if (!file || !ReadMergeSource(source, document.working_copy, file->path)) {
+    return;
+  }
+  source.region = document.region;
+  if (ShowMergeDialog(document.image, document.working_copy, source, options)) {
     document.changed = true;
   }
 }

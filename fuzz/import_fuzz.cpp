@@ -66,8 +66,8 @@ void UseColumnDialog(ImportSession session, std::span<const std::uint8_t> bytes)
   ColumnDialog dialog = OpenColumnDialog(session, lines);
   for (int row = 0; row <= static_cast<int>(dialog.texts.size()); ++row) {
     SelectColumn(dialog, row);
-    PressFieldButton(dialog, row % kImportFieldCount, row);
-    PressFieldButton(dialog, row * 7 % kImportFieldCount, row / 2);
+    PressFieldButton(dialog, row % kCsvColumnCount, row);
+    PressFieldButton(dialog, row * 7 % kCsvColumnCount, row / 2);
   }
   AcceptColumns(session, dialog);
 }

@@ -39,10 +39,10 @@ std::string PatchedDocument(FuzzInput& input) {
 
 void UseChannel(CloneImage& image, int n) {
   if (n != 0) {
-    FormatListRow(image, n);
+    FormatListRow(image, n, {});
     std::string line;
     FormatPrintLine(image, n, line);
-    DescribeChannel(image, n);
+    DescribeChannel(image, n, {});
     SlotTitle(image, n);
   }
   const ChannelName name = GetChannelName(image, n);
@@ -67,7 +67,7 @@ void UseEverything(CloneImage& image) {
     UseChannel(image, n);
   }
   PrintText text;
-  if (BuildPrintText(image, "fuzz", DtmfDisplay::kSymbols, text)) {
+  if (BuildPrintText(image, "fuzz", DtmfDisplay::kSymbols, {}, text)) {
     PrintLines(text);
   }
   RefreshOperatingState(image);
@@ -75,7 +75,7 @@ void UseEverything(CloneImage& image) {
   CopyNamesToTable(image);
   RebuildDerivedTables(image);
   CountProgrammedChannels(image);
-  DocumentDifferences(before, image);
+  DocumentDifferences(before, image, {});
 }
 
 }  // namespace

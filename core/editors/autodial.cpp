@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/files/messages.h"
+#include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
@@ -10,13 +11,6 @@ namespace {
 Region NumberField(int n) {
   return {.offset = kAutodial.offset + static_cast<std::size_t>(n) * kCodeTextLength,
           .size = kCodeTextLength};
-}
-
-// The code of a digit; nothing for any other character, lower-case letters included.
-std::optional<std::uint8_t> DigitCode(char c) {
-  constexpr std::string_view kDigits = "0123456789ABCDEF";
-  const std::size_t code = kDigits.find(c);
-  return code < kDigits.size() ? std::optional(static_cast<std::uint8_t>(code)) : std::nullopt;
 }
 
 // The text with the digits' letters, without blanks and hyphens.
@@ -32,14 +26,16 @@ std::string PlainDigits(std::string_view text) {
 }  // namespace
 
 std::string DecodeDtmf(std::span<const std::uint8_t> codes, DtmfDisplay display) {
-  const char* characters =
-      display == DtmfDisplay::kSymbols ? "0123456789ABCD*#" : "0123456789ABCDEF";
   std::string digits;
   for (const std::uint8_t code : codes.first(std::min(codes.size(), kCodeTextLength))) {
     if (code == kTextEnd) {
       break;
     }
-    digits += characters[code & 0x0F];
+    digits += kDtmfDigits[code & 0x0F];
+  }
+  if (display == DtmfDisplay::kSymbols) {
+    std::replace(digits.begin(), digits.end(), 'E', '*');
+    std::replace(digits.begin(), digits.end(), 'F', '#');
   }
   return digits;
 }
@@ -69,7 +65,7 @@ EncodedNumber EncodeDtmf(std::string_view text) {
     return number;
   }
   for (std::size_t i = 0; i < digits.size(); ++i) {
-    const std::optional<std::uint8_t> code = DigitCode(digits[i]);
+    const std::optional<std::uint8_t> code = DtmfCode(digits[i]);
     if (!code) {
       number.refusal = "Invalid digit in number\nPlease use 0-9, A-F, #, *, or -";
       return number;

@@ -19,11 +19,13 @@ bool IsEmptyFrequency(const std::string& text) {
   return text.find_first_not_of(" 0.") == std::string::npos;
 }
 
-bool StoreRecord(CloneImage& image, const ChannelEditor& editor) {
+bool StoreRecord(CloneImage& image, const ChannelEditor& editor,
+                 const ChannelFrequencies& frequencies) {
   ChannelRecord old{};
   std::uint8_t* record = GetChannelRecord(image, editor.n);
   std::copy_n(record, kRecordSize, old.begin());
-  const ChannelRecord built = BuildChannelRecord(old, ChosenFields(editor), editor.n);
+  const ChannelRecord built =
+      BuildChannelRecord(old, editor.choices, frequencies, editor.n, editor.region);
   std::copy(built.begin(), built.end(), record);
   return built != old;
 }
@@ -58,8 +60,9 @@ void StoreComment(CloneImage& image, const ChannelEditor& editor) {
   std::copy_n(editor.comment.begin(), std::min(editor.comment.size(), kCommentTextLength), comment);
 }
 
-ChannelEnd WriteChannel(CloneImage& image, const ChannelEditor& editor) {
-  const bool record_changed = StoreRecord(image, editor);
+ChannelEnd WriteChannel(CloneImage& image, const ChannelEditor& editor,
+                        const ChannelFrequencies& frequencies) {
+  const bool record_changed = StoreRecord(image, editor, frequencies);
   if (HasMemoryFields(editor)) {
     StoreFlags(image, editor);
     StoreNameEntry(image, editor.n);
@@ -81,7 +84,7 @@ ChannelTurn TurnTo(CloneImage& image, ChannelEditor& editor, int n) {
   }
   const ChannelEnd end = AcceptChannel(image, editor);
   if (end.refused == EditorField::kNone) {
-    editor = *OpenChannelEditor(image, n);
+    editor = *OpenChannelEditor(image, n, editor.region);
   }
   return {.beep = false, .end = end};
 }
@@ -93,17 +96,18 @@ ChannelEnd AcceptChannel(CloneImage& image, ChannelEditor& editor) {
     return {.refused = EditorField::kOffset};
   }
   LeaveReceive(editor);
-  const ReceiveCheck check = CheckReceive(image, editor.n, editor.receive);
+  const ChannelFrequencies frequencies = FrequenciesOf(editor);
+  const ReceiveCheck check = CheckReceive(image, editor.n, frequencies.receive, editor.region);
   if (check == ReceiveCheck::kClearChannel && IsEmptyFrequency(editor.receive)) {
     return ClearEmptyChannel(image, editor.n);
   }
   if (check != ReceiveCheck::kAccepted) {
     return Refuse(kReceiveRefused, EditorField::kReceive);
   }
-  if (!CheckTransmit(image, editor.n, editor.receive)) {
+  if (!CheckTransmit(image, editor.n, frequencies.receive, editor.region)) {
     return Refuse(kTransmitRefused, EditorField::kTransmit);
   }
-  return WriteChannel(image, editor);
+  return WriteChannel(image, editor, frequencies);
 }
 
 ChannelTurn TurnToPrevious(CloneImage& image, ChannelEditor& editor) {

@@ -14,20 +14,22 @@ void WriteOffset(ChannelEditor& editor, Frequency offset) {
   editor.written_offset = offset;
 }
 
-bool Lists(const std::vector<StepChoice>& steps, int step) {
+bool Lists(const std::vector<StepChoice>& steps, Step step) {
   return std::any_of(steps.begin(), steps.end(),
-                     [=](const StepChoice& choice) { return choice.index == step; });
+                     [=](const StepChoice& choice) { return choice.step == step; });
 }
 
 void FillSteps(ChannelEditor& editor) {
   const Frequency receive = ReceiveOf(editor);
-  editor.steps = FillStepList(receive == 0 ? std::nullopt : std::optional(receive), editor.n);
+  const bool none = receive == Frequency{};
+  editor.steps =
+      FillStepList(none ? std::nullopt : std::optional(receive), editor.n, editor.region);
 }
 
 // The step of the band, or the first one where its list lacks that.
 void ChooseBandStep(ChannelEditor& editor) {
-  const int step = DefaultStep(ReceiveOf(editor));
-  editor.choices.step = Lists(editor.steps, step) ? step : editor.steps.front().index;
+  const Step step = DefaultStep(ReceiveOf(editor), editor.region);
+  editor.choices.step = Lists(editor.steps, step) ? step : editor.steps.front().step;
 }
 
 // A chosen step that the new list lacks gives way to the band's. One that was not in the list
@@ -41,26 +43,28 @@ void UpdateSteps(ChannelEditor& editor) {
 }
 
 void UpdateTransmit(ChannelEditor& editor) {
-  const Frequency transmit = RecomputeTransmit(ReceiveOf(editor), editor.choices.shift,
-                                               OffsetOf(editor), ParseFrequency(editor.transmit));
+  const auto [receive, typed, offset] = FrequenciesOf(editor);
+  const Frequency transmit = RecomputeTransmit(receive, editor.choices.shift, offset, typed);
   // Both fields of a new channel stay empty.
-  const bool none = transmit == 0 && editor.receive.empty();
+  const bool none = transmit == Frequency{} && editor.receive.empty();
   editor.transmit = none ? std::string() : FormatFrequency(transmit);
 }
 
 void UpdateFrequencies(ChannelEditor& editor) {
   const Frequency receive = ReceiveOf(editor);
-  if (receive != 0) {
+  if (receive != Frequency{}) {
     editor.receive = FormatFrequency(receive);
   }
   UpdateTransmit(editor);
   UpdateSteps(editor);
 }
 
-void FillFromRecord(ChannelEditor& editor, const std::uint8_t* record) {
-  editor.choices = DecodeChannelRecord(record);
-  editor.receive = FormatFrequency(editor.choices.receive);
-  editor.transmit = FormatFrequency(editor.choices.transmit);
+void FillFromRecord(ChannelEditor& editor, RecordView record) {
+  const ChannelFrequencies frequencies = DecodeFrequencies(record, editor.region);
+  editor.choices = DecodeChoices(record, editor.region);
+  editor.receive = FormatFrequency(frequencies.receive);
+  editor.transmit = FormatFrequency(frequencies.transmit);
+  WriteOffset(editor, frequencies.offset);
 }
 
 void FillMemoryFields(ChannelEditor& editor, const CloneImage& image) {
@@ -70,47 +74,42 @@ void FillMemoryFields(ChannelEditor& editor, const CloneImage& image) {
   editor.option = (*GetChannelFlagByte(image, editor.n) & kFlagOption) != 0;
 }
 
-// What CheckOffset says of the offset that the field stands for. It checks a text, and an offset
-// beyond its range is refused whatever its size.
-OffsetCheck CheckOffsetOf(const ChannelEditor& editor) {
-  constexpr Frequency kBeyondRange = 9'999'990;
-  return editor.written_offset
-             ? CheckOffset(FormatFrequency(std::min(*editor.written_offset, kBeyondRange)))
-             : CheckOffset(editor.offset);
-}
-
 }  // namespace
 
-std::optional<ChannelEditor> OpenChannelEditor(const CloneImage& image, int n) {
+std::optional<ChannelEditor> OpenChannelEditor(const CloneImage& image, int n,
+                                               const RegionVariant& region) {
   const std::uint8_t* record = GetChannelRecord(image, n);
   if (n == 0 || record == nullptr) {
     return std::nullopt;
   }
   ChannelEditor editor;
   editor.n = n;
+  editor.region = region;
+  WriteOffset(editor, kDefaultOffset);
   if (IsSpecialSlot(n)) {
     FillFromRecord(editor, record);
   } else if (IsProgrammed(image, n)) {
     FillFromRecord(editor, record);
     FillMemoryFields(editor, image);
   }
-  WriteOffset(editor, editor.choices.offset);
   FillSteps(editor);
   return editor;
 }
 
 std::string EditorTitle(const CloneImage& image, int n) {
   const char* kind = n >= 1 ? "Edit Memory Channel " : IsVfoSlot(n) ? "Edit VFO " : "Edit Home ";
-  return kind + std::string(ChannelLabel(image, n));
+  return kind + ChannelLabel(image, n);
 }
 
 int EditorHelpContext(int n) { return IsSpecialSlot(n) ? 111 : 107; }
 
-bool HasTransmitField(const ChannelEditor& editor) { return editor.choices.shift == kOddSplit; }
+bool HasTransmitField(const ChannelEditor& editor) {
+  return editor.choices.shift == Shift::kOddSplit;
+}
 
 bool HasStepChoice(const ChannelEditor& editor) {
-  const bool mw_slot = IsSpecialSlot(editor.n) && SlotBand(editor.n) == kMw;
-  return !mw_slot && !InBand(kMw, ReceiveOf(editor));
+  const bool mw_slot = IsSpecialSlot(editor.n) && SlotBand(editor.n) == Band::kMw;
+  return !mw_slot && !InBand(Band::kMw, ReceiveOf(editor), editor.region);
 }
 
 bool HasNameField(const ChannelEditor& editor) { return !IsVfoSlot(editor.n); }
@@ -120,7 +119,7 @@ bool HasMaskedBox(const ChannelEditor& editor) { return HasMemoryFields(editor) 
 std::optional<int> StepPosition(const ChannelEditor& editor) {
   const auto choice =
       std::find_if(editor.steps.begin(), editor.steps.end(),
-                   [&](const StepChoice& listed) { return editor.choices.step == listed.index; });
+                   [&](const StepChoice& listed) { return editor.choices.step == listed.step; });
   if (choice == editor.steps.end()) {
     return std::nullopt;
   }
@@ -133,17 +132,15 @@ Frequency OffsetOf(const ChannelEditor& editor) {
   return editor.written_offset ? *editor.written_offset : ParseOffset(editor.offset);
 }
 
-ChannelFields ChosenFields(const ChannelEditor& editor) {
-  ChannelFields fields = editor.choices;
-  fields.receive = ReceiveOf(editor);
-  fields.transmit = ParseFrequency(editor.transmit);
-  fields.offset = OffsetOf(editor);
-  return fields;
+ChannelFrequencies FrequenciesOf(const ChannelEditor& editor) {
+  return {.receive = ReceiveOf(editor),
+          .transmit = ParseFrequency(editor.transmit),
+          .offset = OffsetOf(editor)};
 }
 
 void LeaveReceive(ChannelEditor& editor) { UpdateFrequencies(editor); }
 
-void ChangeShift(ChannelEditor& editor, int shift) {
+void ChangeShift(ChannelEditor& editor, Shift shift) {
   editor.choices.shift = shift;
   UpdateFrequencies(editor);
 }
@@ -159,19 +156,20 @@ void ChooseOffset(ChannelEditor& editor, int position) {
 }
 
 void TakeBandDefaults(ChannelEditor& editor) {
-  WriteOffset(editor, DefaultBandOffset(ReceiveOf(editor)));
+  WriteOffset(editor, DefaultBandOffset(ReceiveOf(editor), editor.region));
   FillSteps(editor);
   ChooseBandStep(editor);
   UpdateTransmit(editor);
 }
 
 bool LeaveOffset(ChannelEditor& editor) {
-  const OffsetCheck check = CheckOffsetOf(editor);
-  WriteOffset(editor, check.offset);
-  if (!check.accepted) {
-    ShowMessage(check.message, kOffsetErrorTitle, Buttons::kOk, Icon::kStop);
+  const Frequency offset = OffsetOf(editor);
+  if (const char* refusal = CheckOffset(offset)) {
+    WriteOffset(editor, kDefaultOffset);
+    ShowMessage(refusal, kOffsetErrorTitle, Buttons::kOk, Icon::kStop);
     return false;
   }
+  WriteOffset(editor, offset);
   UpdateTransmit(editor);
   return true;
 }

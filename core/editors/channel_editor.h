@@ -18,15 +18,14 @@ inline constexpr std::size_t kCommentTextLength = kCommentSize - 1;
 // What the controls of the channel editor hold, for memory channel or special slot n.
 struct ChannelEditor {
   int n = 0;
+  RegionVariant region;  // of the program
   std::string receive;
   std::string transmit;
   std::string offset;
   // The offset that the editor itself wrote into its field, as long as nobody touched the text: the
   // text of 1.05 MHz reads as 1.5 MHz and still stands for 1.05 MHz.
   std::optional<Frequency> written_offset;
-  // The choices, boxes and the name. Its three frequencies are worked out from the texts by
-  // ChosenFields alone.
-  ChannelFields choices;
+  ChannelChoices choices;
   std::vector<StepChoice> steps;
   std::string comment;
   bool skip = false;
@@ -36,7 +35,8 @@ struct ChannelEditor {
 
 // The editor of channel n, filled; nothing for a channel that is absent. An unprogrammed memory
 // channel has the defaults of a new one and empty frequencies.
-std::optional<ChannelEditor> OpenChannelEditor(const CloneImage& image, int n);
+std::optional<ChannelEditor> OpenChannelEditor(const CloneImage& image, int n,
+                                               const RegionVariant& region);
 
 // "Edit Memory Channel %s", "Edit Home %s" or "Edit VFO %s" with the channel's label.
 std::string EditorTitle(const CloneImage& image, int n);
@@ -51,16 +51,16 @@ bool HasMaskedBox(const ChannelEditor& editor);      // not for channel 1
 // Where the chosen step stands in the list of steps; nothing for a step that the list lacks.
 std::optional<int> StepPosition(const ChannelEditor& editor);
 
-// What the fields stand for.
+// What the texts stand for.
 Frequency ReceiveOf(const ChannelEditor& editor);
 Frequency OffsetOf(const ChannelEditor& editor);
-ChannelFields ChosenFields(const ChannelEditor& editor);
+ChannelFrequencies FrequenciesOf(const ChannelEditor& editor);
 
 // The user's doings. After leaving the receive field and after a change of shift, both frequencies
 // stand in canonical form, the transmit frequency and the list of steps follow. Text that is no
 // frequency stays as typed.
 void LeaveReceive(ChannelEditor& editor);
-void ChangeShift(ChannelEditor& editor, int shift);
+void ChangeShift(ChannelEditor& editor, Shift shift);
 void TypeOffset(ChannelEditor& editor, std::string_view text);
 void ChooseOffset(ChannelEditor& editor, int position);  // in kOffsetChoices
 // The usual offset and step of the receive frequency's band.

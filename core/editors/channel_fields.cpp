@@ -3,8 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
-#include <cstdio>
-#include <span>
+#include <iterator>
 
 #include "core/editors/icons.h"
 #include "core/image/channel_text.h"
@@ -39,37 +38,30 @@ WhyNot OneOf(const std::vector<std::string>& texts) {
   return list;
 }
 
-// Chooses a value from a list of texts. The empty value is a code that has no text, and keeps it.
-WhyNot Choose(std::optional<int>& choice, const std::vector<std::string>& texts,
+// The place of a value in a list of texts. The empty value is a code that has no text, and keeps
+// the choice.
+WhyNot Choose(std::optional<int>& place, const std::vector<std::string>& texts,
               std::string_view value) {
   const auto text = std::find(texts.begin(), texts.end(), value);
   if (text != texts.end()) {
-    choice = static_cast<int>(text - texts.begin());
+    place = static_cast<int>(text - texts.begin());
   }
   return value.empty() || text != texts.end() ? WhyNot() : OneOf(texts);
 }
 
+template <typename Code, std::size_t kCount>
+WhyNot ChooseCode(std::optional<Code>& choice, const std::array<const char*, kCount>& names,
+                  std::string_view value) {
+  std::optional<int> place = PlaceOf(choice);
+  WhyNot why_not = Choose(place, {names.begin(), names.end()}, value);
+  choice = CodeAt<Code>(names, place);
+  return why_not;
+}
+
 template <std::size_t kCount>
-std::vector<std::string> Texts(const std::array<const char*, kCount>& names) {
-  return {names.begin(), names.end()};
-}
-
-std::vector<std::string> ToneTexts() {
+std::vector<std::string> Texts(std::string (*text_of)(int), const std::array<int, kCount>& table) {
   std::vector<std::string> texts;
-  texts.reserve(kTones.size());
-  for (const int tenths : kTones) {
-    texts.push_back(std::to_string(tenths / 10) + "." + std::to_string(tenths % 10));
-  }
-  return texts;
-}
-
-std::vector<std::string> DcsTexts() {
-  std::vector<std::string> texts;
-  for (const int code : kDcsCodes) {
-    std::array<char, 8> text;
-    std::snprintf(text.data(), text.size(), "%03d", code);
-    texts.emplace_back(text.data());
-  }
+  std::transform(table.begin(), table.end(), std::back_inserter(texts), text_of);
   return texts;
 }
 
@@ -88,7 +80,7 @@ WhyNot SetReceive(ChannelEditor& editor, std::string_view value) {
   if (value.size() > kFrequencyTextLength) {
     return TooLong(kFrequencyTextLength);
   }
-  if (!value.empty() && ParseFrequency(value) == 0) {
+  if (!value.empty() && ParseFrequency(value) == Frequency{}) {
     return NoFrequency(value);
   }
   editor.receive = value;
@@ -108,7 +100,7 @@ WhyNot SetTransmit(ChannelEditor& editor, std::string_view value) {
   if (value.size() > kFrequencyTextLength) {
     return TooLong(kFrequencyTextLength);
   }
-  if (transmit == 0) {
+  if (transmit == Frequency{}) {
     return NoFrequency(value);
   }
   editor.transmit = FormatFrequency(transmit);
@@ -116,12 +108,11 @@ WhyNot SetTransmit(ChannelEditor& editor, std::string_view value) {
 }
 
 WhyNot SetShift(ChannelEditor& editor, std::string_view value) {
-  std::optional<int> shift = editor.choices.shift;
-  const std::vector<std::string> names(std::begin(kShiftNames), std::end(kShiftNames));
+  std::optional<Shift> shift = editor.choices.shift;
   if (value.empty()) {
-    return OneOf(names);
+    return OneOf({kShiftNames.begin(), kShiftNames.end()});
   }
-  WhyNot why_not = Choose(shift, names, value);
+  WhyNot why_not = ChooseCode(shift, kShiftNames, value);
   if (*shift != editor.choices.shift) {
     ChangeShift(editor, *shift);
   }
@@ -135,8 +126,8 @@ WhyNot SetOffset(ChannelEditor& editor, std::string_view value) {
   if (!HasDigit(value)) {
     return NoFrequency(value);
   }
-  if (const OffsetCheck check = CheckOffset(value); !check.accepted) {
-    return check.message;
+  if (const char* refusal = CheckOffset(ParseOffset(value))) {
+    return refusal;
   }
   TypeOffset(editor, value);
   LeaveOffset(editor);
@@ -144,43 +135,43 @@ WhyNot SetOffset(ChannelEditor& editor, std::string_view value) {
 }
 
 WhyNot SetToneMode(ChannelEditor& editor, std::string_view value) {
-  return Choose(editor.choices.tone_mode, Texts(kToneModeNames), value);
+  return ChooseCode(editor.choices.tone_mode, kToneModeNames, value);
 }
 WhyNot SetTone(ChannelEditor& editor, std::string_view value) {
-  return Choose(editor.choices.tone_index, ToneTexts(), value);
+  return Choose(editor.choices.tone_index, Texts(ToneText, kTones), value);
 }
 WhyNot SetDcs(ChannelEditor& editor, std::string_view value) {
-  return Choose(editor.choices.dcs_index, DcsTexts(), value);
+  return Choose(editor.choices.dcs_index, Texts(DcsText, kDcsCodes), value);
 }
 WhyNot SetMode(ChannelEditor& editor, std::string_view value) {
-  return Choose(editor.choices.mode, Texts(kModeNames), value);
+  return ChooseCode(editor.choices.mode, kModeNames, value);
 }
 WhyNot SetPower(ChannelEditor& editor, std::string_view value) {
-  return Choose(editor.choices.power, Texts(kPowerNames), value);
+  return ChooseCode(editor.choices.power, kPowerNames, value);
 }
 
 // The step that a text stands for in the list of steps. What the list calls "20 kHz" may be a
 // record's 15 kHz: both names of it are understood, the list's own first.
-std::optional<int> ListedStep(const ChannelEditor& editor, std::string_view value) {
+std::optional<Step> ListedStep(const ChannelEditor& editor, std::string_view value) {
   for (const StepChoice& choice : editor.steps) {
     if (choice.text == value) {
-      return choice.index;
+      return choice.step;
     }
   }
   for (const StepChoice& choice : editor.steps) {
-    if (kStepNames[static_cast<std::size_t>(choice.index)] == value) {
-      return choice.index;
+    if (NameOf(kStepNames, choice.step) == value) {
+      return choice.step;
     }
   }
   return std::nullopt;
 }
 
 WhyNot SetStep(ChannelEditor& editor, std::string_view value) {
-  const std::optional<int> chosen = editor.choices.step;
-  if (value.empty() || (chosen && kStepNames[static_cast<std::size_t>(*chosen)] == value)) {
+  const std::optional<Step> chosen = editor.choices.step;
+  if (value.empty() || (chosen && NameOf(kStepNames, *chosen) == value)) {
     return {};
   }
-  const std::optional<int> step = ListedStep(editor, value);
+  const std::optional<Step> step = ListedStep(editor, value);
   if (!step) {
     std::vector<std::string> texts;
     for (const StepChoice& choice : editor.steps) {
@@ -189,7 +180,7 @@ WhyNot SetStep(ChannelEditor& editor, std::string_view value) {
     return OneOf(texts);
   }
   // The choice is disabled in the MW band; what the band's defaults would give is taken.
-  if (!HasStepChoice(editor) && *step != DefaultStep(ReceiveOf(editor))) {
+  if (!HasStepChoice(editor) && *step != DefaultStep(ReceiveOf(editor), editor.region)) {
     return "cannot be chosen in the MW band";
   }
   editor.choices.step = step;
@@ -298,7 +289,7 @@ const Field* FindField(std::string_view name) {
 
 // A refusal in the system's own words stands as it is.
 bool IsSystemText(std::string_view value, std::string_view reason) {
-  const char* message = CheckOffset(value).message;
+  const char* message = CheckOffset(ParseOffset(value));
   return message != nullptr && reason == message;
 }
 

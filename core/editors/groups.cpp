@@ -29,7 +29,7 @@ void FillGroupList(CloneImage& image, GroupEditor& editor) {
     const std::uint8_t* entry = EntryOf(image, editor.group, i);
     const int n = entry[1] + 1;
     if (entry[0] != kGroupEmpty && GetChannelRecord(image, n) != nullptr) {
-      editor.rows.push_back(GroupRow(image, n));
+      editor.rows.push_back(GroupRow(image, n, editor.region));
     }
   }
 }
@@ -60,26 +60,28 @@ bool ListsChannel(const GroupEditor& editor, int n) {
 
 }  // namespace
 
-std::string GroupRow(const CloneImage& image, int n) {
+std::string GroupRow(const CloneImage& image, int n, const RegionVariant& region) {
   const std::uint8_t* record = GetChannelRecord(image, n);
   if (record == nullptr) {
     return {};
   }
   std::array<char, 64> row;
-  std::snprintf(row.data(), row.size(), "%-3s %9s %s", ChannelLabel(image, n),
-                FormatFrequency(ReadReceiveFrequency(record)).c_str(),
+  std::snprintf(row.data(), row.size(), "%-3s %9s %s", ChannelLabel(image, n).c_str(),
+                FormatFrequency(ReadReceiveFrequency(record, region)).c_str(),
                 GetChannelName(image, n).data());
   return row.data();
 }
 
-std::string GroupChannelRow(const CloneImage& image, int n) {
-  return IsProgrammed(image, n) && !IsMasked(image, n) ? GroupRow(image, n)
+std::string GroupChannelRow(const CloneImage& image, int n, const RegionVariant& region) {
+  return IsProgrammed(image, n) && !IsMasked(image, n) ? GroupRow(image, n, region)
                                                        : ChannelLabel(image, n);
 }
 
-GroupEditor OpenGroupEditor(const CloneImage& image, CloneImage& working_copy, int g) {
+GroupEditor OpenGroupEditor(const CloneImage& image, CloneImage& working_copy, int g,
+                            const RegionVariant& region) {
   working_copy = image;
   GroupEditor editor;
+  editor.region = region;
   editor.group = g;
   FillGroupList(working_copy, editor);
   return editor;
@@ -101,7 +103,7 @@ GroupEdit AddToGroupList(const CloneImage& working_copy, GroupEditor& editor,
     return GroupEdit::kBeep;
   }
   if (IsProgrammed(working_copy, n)) {
-    editor.rows.push_back(GroupRow(working_copy, n));
+    editor.rows.push_back(GroupRow(working_copy, n, editor.region));
   }
   return GroupEdit::kDone;
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
 
@@ -14,19 +15,21 @@ inline constexpr const char* kGroupNames[] = {"Group 1", "Group 2", "Group 3", "
 // The group editor: which group it shows, and the rows of that group's list.
 struct GroupEditor {
   int group = 0;
+  RegionVariant region;  // of the program
   std::vector<std::string> rows;
   bool changed = false;  // by any add or remove that found a row selected
 };
 
 // The row of a channel in both lists, "%-3s %s %s": label, receive frequency, name; empty for an
 // absent channel.
-std::string GroupRow(const CloneImage& image, int n);
+std::string GroupRow(const CloneImage& image, int n, const RegionVariant& region);
 // The row of memory channel n in the list of channels: the label alone unless it is programmed and
 // shown.
-std::string GroupChannelRow(const CloneImage& image, int n);
+std::string GroupChannelRow(const CloneImage& image, int n, const RegionVariant& region);
 
 // Copies the image into the working copy, on which the editor works, and shows group g = 0..4.
-GroupEditor OpenGroupEditor(const CloneImage& image, CloneImage& working_copy, int g);
+GroupEditor OpenGroupEditor(const CloneImage& image, CloneImage& working_copy, int g,
+                            const RegionVariant& region);
 
 enum class GroupEdit {
   kBeep,  // refused

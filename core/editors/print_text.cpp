@@ -53,9 +53,9 @@ std::string SectionHeading(std::string_view title) {
   return line.data();
 }
 
-void AppendChannel(PrintText& text, const CloneImage& image, int n) {
+void AppendChannel(PrintText& text, const CloneImage& image, int n, const RegionVariant& region) {
   std::string line;
-  if (FormatPrintLine(image, n, line)) {
+  if (FormatPrintLine(image, n, region, line)) {
     AppendLine(text, line);
   }
 }
@@ -65,19 +65,19 @@ void AppendColumns(PrintText& text) {
   AppendLine(text, std::string(kLineWidth, '-'));
 }
 
-void AppendMemories(PrintText& text, const CloneImage& image) {
+void AppendMemories(PrintText& text, const CloneImage& image, const RegionVariant& region) {
   AppendLine(text, SectionHeading("Memories"));
   AppendColumns(text);
   for (int n = 1; n <= GetChannelCount(image); ++n) {
-    AppendChannel(text, image, n);
+    AppendChannel(text, image, n, region);
   }
 }
 
-void AppendHomeMemories(PrintText& text, const CloneImage& image) {
+void AppendHomeMemories(PrintText& text, const CloneImage& image, const RegionVariant& region) {
   AppendLine(text, SectionHeading("Home Memories"));
   AppendColumns(text);
   for (int k = 2 * kBandCount; k < kSpecialSlotCount; ++k) {
-    AppendChannel(text, image, ~k);
+    AppendChannel(text, image, ~k, region);
   }
 }
 
@@ -140,13 +140,13 @@ std::vector<std::string> PrintLines(const PrintText& text) {
 }
 
 bool BuildPrintText(const CloneImage& image, const std::string& document_name, DtmfDisplay display,
-                    PrintText& text) {
+                    const RegionVariant& region, PrintText& text) {
   text = StartPrintText();
   AppendLine(text, std::string(kProgramTitle) + " file: " + document_name);
   AppendLine(text, "");
-  AppendMemories(text, image);
+  AppendMemories(text, image, region);
   AppendLine(text, "");
-  AppendHomeMemories(text, image);
+  AppendHomeMemories(text, image, region);
   AppendLine(text, "");
   AppendAutodial(text, image, display);
   FinishPrintText(text);

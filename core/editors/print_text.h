@@ -8,6 +8,7 @@
 
 #include "core/editors/autodial.h"
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
 
@@ -32,6 +33,6 @@ std::vector<std::string> PrintLines(const PrintText& text);
 // Fills `text` with the listing of a document: memory channels, home channels, autodial memories.
 // False after showing "Out of memory" when the list was discarded.
 bool BuildPrintText(const CloneImage& image, const std::string& document_name, DtmfDisplay display,
-                    PrintText& text);
+                    const RegionVariant& region, PrintText& text);
 
 }  // namespace qz7

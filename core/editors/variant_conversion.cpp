@@ -8,87 +8,76 @@
 namespace qz7 {
 namespace {
 
-constexpr int kTenKilohertzStep = 1;
-constexpr int kNineKilohertzStep = 8;
-
-Frequency RawReceive(const std::uint8_t* record) {
-  return DecodeBcdFrequency(record + kRecordReceive, kFrequencyDigits);
-}
-
-void StoreReceive(std::uint8_t* record, Frequency f) {
-  EncodeBcdFrequency(record + kRecordReceive, f, kFrequencyDigits);
-}
-
 void MakeSimplex(std::uint8_t* record) {
-  std::uint8_t& byte = record[kRecordShiftPowerTone];
-  byte = static_cast<std::uint8_t>(byte & ~3);
+  WriteBits({record, kRecordSize}, kRecordShiftBits, PlaceOf(Shift::kSimplex));
 }
 
 void ClearShift(std::uint8_t* record) {
-  if (RecordShift(record) != kSimplex) {
+  if (RecordShift(record) != Shift::kSimplex) {
     MakeSimplex(record);
-    EncodeBcdFrequency(record + kRecordOffset, 0, kFrequencyDigits);
+    StoreOffset(record, {});
   }
 }
 
-// The MW grid of the region. Elsewhere than in region 0 the step becomes 10 kHz, too, and not the
+// The MW grid of the region. Elsewhere than in variant 0 the step becomes 10 kHz, too, and not the
 // 9 kHz that the test asks for: wanted.
-void FitToMwGrid(std::uint8_t* record, Frequency f) {
-  constexpr Frequency kLowest = 504 * kKilohertz;
-  const bool region_0 = region_variant.region == 0;
-  const int right_step = region_0 ? kTenKilohertzStep : kNineKilohertzStep;
-  if (!InBand(kMw, f) || record[kRecordStep] == right_step) {
+void FitToMwGrid(std::uint8_t* record, Frequency f, const RegionVariant& region) {
+  constexpr Frequency kLowest = Kilohertz(504);
+  const bool variant_0 = region.variant == Variant::kZero;
+  const Step right_step = variant_0 ? Step::kKhz10 : Step::kKhz9;
+  if (!InBand(Band::kMw, f, region) || RecordStep(record) == right_step) {
     return;
   }
-  record[kRecordStep] = kTenKilohertzStep;
-  if (region_0) {
-    StoreReceive(record, f - f % 100);
+  record[kRecordStep] = static_cast<std::uint8_t>(Step::kKhz10);
+  if (variant_0) {
+    StoreReceive(record, f - f % Kilohertz(10));
   } else {
     const Frequency raised = std::max(f, kLowest);
-    StoreReceive(record, raised - raised % 9);
+    StoreReceive(record, raised - raised % HundredHertz(9));
   }
   ClearShift(record);
 }
 
-void ConvertSpecialSlot(std::uint8_t* record, int band) {
+void ConvertSpecialSlot(std::uint8_t* record, Band band, const RegionVariant& region) {
   Frequency f = RawReceive(record);
-  if (!InBand(band, f)) {
+  if (!InBand(band, f, region)) {
     f = DefaultBandFrequency(band);
     StoreReceive(record, f);
   }
-  const Frequency offset = DecodeBcdFrequency(record + kRecordOffset, kFrequencyDigits);
-  if (!InBand(band, offset)) {
+  const Frequency offset = RawOffset(record);
+  if (!InBand(band, offset, region)) {
     // The offset goes into the receive field, while the default goes on: the crossing is wanted.
     StoreReceive(record, offset);
     MakeSimplex(record);
     f = DefaultBandFrequency(band);
   }
-  FitToMwGrid(record, f);
+  FitToMwGrid(record, f, region);
 }
 
 // From channel number 0, the 22 bytes in front of channel 1, up to the last channel but one:
 // wanted.
-void ConvertMemoryChannels(CloneImage& image) {
+void ConvertMemoryChannels(CloneImage& image, const RegionVariant& region) {
   for (int n = 0; n < GetChannelCount(image); ++n) {
     std::uint8_t* record = GetChannelRecord(image, n);
     if (record != nullptr && IsProgrammed(image, n)) {
-      FitToMwGrid(record, RawReceive(record));
+      FitToMwGrid(record, RawReceive(record), region);
     }
   }
 }
 
 }  // namespace
 
-bool NeedsVariantConversion(const CloneImage& image) {
-  return image[kVersionType] != region_variant.region;
+bool NeedsVariantConversion(const CloneImage& image, const RegionVariant& region) {
+  return image[kVersionType] != PlaceOf(region.variant);
 }
 
-void ConvertChannelsForVariant(CloneImage& image, CloneImage& working_copy) {
+void ConvertChannelsForVariant(CloneImage& image, CloneImage& working_copy,
+                               const RegionVariant& region) {
   working_copy = image;
   for (int n = -1; n >= -kSpecialSlotCount; --n) {
-    ConvertSpecialSlot(GetChannelRecord(working_copy, n), SlotBand(n));
+    ConvertSpecialSlot(GetChannelRecord(working_copy, n), SlotBand(n), region);
   }
-  ConvertMemoryChannels(working_copy);
+  ConvertMemoryChannels(working_copy, region);
   image = working_copy;
 }
 

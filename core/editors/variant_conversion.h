@@ -1,15 +1,17 @@
 #pragma once
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
 
 // Whether the image comes from a radio of another version than the program's region.
-bool NeedsVariantConversion(const CloneImage& image);
+bool NeedsVariantConversion(const CloneImage& image, const RegionVariant& region);
 
 // Puts the special slots of a document from another version into their bands, and what lies in the
 // MW band onto the region's grid. It works on a fresh copy in `working_copy`; both are the same in
 // the end.
-void ConvertChannelsForVariant(CloneImage& image, CloneImage& working_copy);
+void ConvertChannelsForVariant(CloneImage& image, CloneImage& working_copy,
+                               const RegionVariant& region);
 
 }  // namespace qz7

@@ -3,16 +3,14 @@
 #include <algorithm>
 
 #include "core/image/settings_map.h"
+#include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
 
 constexpr int kModeCount = 3;
-constexpr std::string_view kCharacters = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ ()+-=*/";
 // What the radio finds for a character that it does not know.
 constexpr std::uint8_t kUnknownCharacter = 0x61;
-
-char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 }  // namespace
 
@@ -22,7 +20,7 @@ std::string DecodeIdentifier(std::span<const std::uint8_t> codes) {
     if (code == kTextEnd) {
       break;
     }
-    text += code < kCharacters.size() ? kCharacters[code] : ' ';
+    text += code < kIdentifierCharacters.size() ? kIdentifierCharacters[code] : ' ';
   }
   return text;
 }
@@ -30,9 +28,7 @@ std::string DecodeIdentifier(std::span<const std::uint8_t> codes) {
 void EncodeIdentifier(std::string_view text, std::span<std::uint8_t> codes) {
   auto code = codes.begin();
   for (const char c : text.substr(0, codes.size())) {
-    const std::size_t place = kCharacters.find(UpperCase(c));
-    *code++ =
-        place == std::string_view::npos ? kUnknownCharacter : static_cast<std::uint8_t>(place);
+    *code++ = IdentifierCode(UpperCase(c)).value_or(kUnknownCharacter);
   }
 }
 

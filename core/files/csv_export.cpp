@@ -7,15 +7,16 @@
 #include <span>
 #include <string_view>
 
-#include "core/files/channel_summary.h"
+#include "core/files/csv_columns.h"
 #include "core/files/file_output.h"
 #include "core/image/channel_record.h"
+#include "core/image/derived_tables.h"
+#include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
 
-constexpr std::size_t kColumns = 10;
-using Columns = std::array<std::string, kColumns>;
+using Columns = std::array<std::string, kCsvColumnCount>;
 
 constexpr std::uint32_t kMegahertzIn10Hz = 100'000;
 constexpr std::uint32_t kUhfIn10Hz = 28'000'000;
@@ -35,20 +36,20 @@ std::string MegahertzText(std::uint32_t frequency_10hz) {
 // channel, and the transmit frequency itself for an odd split alone: readers expect it so.
 std::uint32_t TransmitColumn(const ChannelSummary& channel) {
   switch (channel.shift) {
-    case kMinus:
+    case Shift::kMinus:
       return channel.receive_10hz - channel.transmit_10hz;
-    case kPlus:
+    case Shift::kPlus:
       return channel.transmit_10hz - channel.receive_10hz;
-    case kOddSplit:
+    case Shift::kOddSplit:
       return channel.transmit_10hz;
     default:
       return channel.receive_10hz < kUhfIn10Hz ? kVhfOffsetIn10Hz : kUhfOffsetIn10Hz;
   }
 }
 
-const char* ShiftSign(int shift) {
-  static constexpr std::array<const char*, 4> kSigns = {"", "-", "+", "\xB1"};
-  return kSigns[static_cast<std::size_t>(shift)];
+std::string ShiftSign(Shift shift) {
+  constexpr std::array<char, 4> kSigns = {' ', '-', '+', kPlusMinus};
+  return shift == Shift::kSimplex ? "" : std::string(1, kSigns[static_cast<std::size_t>(shift)]);
 }
 
 const char* ToneMark(const ChannelSummary& channel) {
@@ -58,10 +59,6 @@ const char* ToneMark(const ChannelSummary& channel) {
   return channel.tone_encoder ? "E" : "";
 }
 
-std::string ToneText(int tone) {
-  return std::to_string(tone / 10) + "." + std::to_string(tone % 10);
-}
-
 // The name as the name table has it: what channel 240 shows is whatever stands there.
 std::string_view TableName(const CloneImage& image, int n) {
   const std::uint8_t* entry = NameEntry(image, n);
@@ -69,7 +66,7 @@ std::string_view TableName(const CloneImage& image, int n) {
 }
 
 void AppendLine(std::string& csv, const Columns& columns) {
-  for (std::size_t c = 0; c < kColumns; ++c) {
+  for (std::size_t c = 0; c < columns.size(); ++c) {
     csv += c == 0 ? "\"" : ",\"";
     csv += columns[c];
     csv += '"';
@@ -80,25 +77,32 @@ void AppendLine(std::string& csv, const Columns& columns) {
 Columns ChannelColumns(const CloneImage& image, int n) {
   const ChannelSummary channel = DecodeSummary(SummaryEntry(image, n));
   const std::string tone = ToneText(channel.tone);
-  const auto power = static_cast<std::size_t>(RecordPower(GetChannelRecord(image, n)));
-  return {MegahertzText(channel.receive_10hz),
-          MegahertzText(TransmitColumn(channel)),
-          ShiftSign(channel.shift),
-          ToneMark(channel),
-          channel.skip ? "Skip" : "",
-          kPowerNames[power],
-          tone,
-          tone,
-          std::string(TableName(image, n)),
-          std::string(ChannelCommentText(image, n).substr(0, kCommentCharacters))};
+  Columns columns;
+  columns[kRxFrequency] = MegahertzText(channel.receive_10hz);
+  columns[kTxFrequency] = MegahertzText(TransmitColumn(channel));
+  columns[kOffsetColumn] = ShiftSign(channel.shift);
+  columns[kToneColumn] = ToneMark(channel);
+  columns[kSkipColumn] = channel.skip ? "Skip" : "";
+  columns[kPowerColumn] = NameOf(kPowerNames, RecordPower(GetChannelRecord(image, n)));
+  columns[kEncFrequency] = tone;
+  columns[kDecFrequency] = tone;
+  columns[kNameColumn] = TableName(image, n);
+  columns[kCommentColumn] = ChannelCommentText(image, n).substr(0, kCommentCharacters);
+  return columns;
+}
+
+Columns Titles() {
+  Columns titles;
+  std::transform(kCsvColumns.begin(), kCsvColumns.end(), titles.begin(),
+                 [](const CsvColumnName& column) { return column.title; });
+  return titles;
 }
 
 }  // namespace
 
 std::string ExportCsv(const CloneImage& image) {
   std::string csv;
-  AppendLine(csv, {"RX Frequency", "TX Frequency", "Offset", "Tone", "Skip", "Power",
-                   "Enc Frequency", "Dec Frequency", "Name", "Comment"});
+  AppendLine(csv, Titles());
   for (int n = 1; n <= std::min(GetChannelCount(image), kChannelCount); ++n) {
     if (IsProgrammed(image, n)) {
       AppendLine(csv, ChannelColumns(image, n));

@@ -5,7 +5,7 @@
 #include "core/files/messages.h"
 #include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
-#include "core/image/band_plan.h"
+#include "core/image/derived_tables.h"
 
 namespace qz7 {
 namespace {
@@ -173,7 +173,7 @@ bool CreateTemplate(Document& document, const std::string& name) {
   document.changed = true;
   document.untitled = true;
   if (document.working_copy[kVersionType] == kExtendedVersionType) {
-    region_variant.extended_version = true;
+    document.region.extended_version = true;
   }
   return true;
 }

@@ -5,6 +5,7 @@
 #include "core/files/defaults_record.h"
 #include "core/files/preferences.h"
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
 
@@ -21,6 +22,7 @@ struct Document {
   bool untitled = false;
   std::string last_file_name;    // of the last file chosen in a file box; never reset
   std::string last_export_name;  // the same for the box of Export
+  RegionVariant region;          // of the program, for the whole run
   Preferences preferences;
   DefaultsRecord defaults{};
 };

@@ -9,6 +9,7 @@
 #include "core/image/channel_description.h"
 #include "core/image/channel_record.h"
 #include "core/image/settings_map.h"
+#include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
@@ -17,6 +18,7 @@ namespace {
 struct Comparison {
   const CloneImage& a;
   const CloneImage& b;
+  const RegionVariant& region;
   std::vector<std::string> lines;
   std::vector<bool> told = std::vector<bool>(kCloneImageSize, false);
 };
@@ -59,8 +61,8 @@ void CompareChannel(Comparison& comparison, int n, bool with_comment) {
   if (!in_a && !in_b) {
     return;
   }
-  const std::vector<NamedValue> a = DescribeChannel(comparison.a, n);
-  const std::vector<NamedValue> b = DescribeChannel(comparison.b, n);
+  const std::vector<NamedValue> a = DescribeChannel(comparison.a, n, comparison.region);
+  const std::vector<NamedValue> b = DescribeChannel(comparison.b, n, comparison.region);
   if (in_a != in_b) {
     Tell(comparison, title, in_a ? a.front().second : "not programmed",
          in_b ? b.front().second : "not programmed");
@@ -110,10 +112,9 @@ std::string WxNameText(const CloneImage& image, Region name) {
 
 // The digits of an autodial memory, or the letters of the VORN identifier, as their codes.
 std::string CodesText(const CloneImage& image, Region codes) {
-  static constexpr std::string_view kCharacters = "0123456789ABCDEFGHIJKLMNOPQRSTUVWXYZ ()+-=*/";
   std::string text;
   for (std::size_t at = codes.offset; at < codes.end() && image[at] != kTextEnd; ++at) {
-    text += image[at] < kCharacters.size() ? kCharacters[image[at]] : '?';
+    text += image[at] < kIdentifierCharacters.size() ? kIdentifierCharacters[image[at]] : '?';
   }
   return Quoted(text);
 }
@@ -155,8 +156,9 @@ void CompareOtherBytes(Comparison& comparison) {
 
 }  // namespace
 
-std::vector<std::string> DocumentDifferences(const CloneImage& a, const CloneImage& b) {
-  Comparison comparison{.a = a, .b = b, .lines = {}};
+std::vector<std::string> DocumentDifferences(const CloneImage& a, const CloneImage& b,
+                                             const RegionVariant& region) {
+  Comparison comparison{.a = a, .b = b, .region = region, .lines = {}};
   if (FileComment(a) != FileComment(b)) {
     Tell(comparison, "file comment", Quoted(FileComment(a)), Quoted(FileComment(b)));
   }
@@ -166,8 +168,9 @@ std::vector<std::string> DocumentDifferences(const CloneImage& a, const CloneIma
   return comparison.lines;
 }
 
-std::vector<std::string> RadioDifferences(const CloneImage& a, const CloneImage& b) {
-  Comparison comparison{.a = a, .b = b, .lines = {}};
+std::vector<std::string> RadioDifferences(const CloneImage& a, const CloneImage& b,
+                                          const RegionVariant& region) {
+  Comparison comparison{.a = a, .b = b, .region = region, .lines = {}};
   CompareChannels(comparison, false);
   CompareSettings(comparison);
   CompareOtherBytes(comparison);

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
 
@@ -11,9 +12,11 @@ namespace qz7 {
 // with their comments, the groups, WX names, autodial numbers, and the other bytes of the radio
 // block by their image offset. Checksums, filler and the derived tables do not count: a save makes
 // them anew.
-std::vector<std::string> DocumentDifferences(const CloneImage& a, const CloneImage& b);
+std::vector<std::string> DocumentDifferences(const CloneImage& a, const CloneImage& b,
+                                             const RegionVariant& region);
 
 // The same for the radio's own memory alone: no file comment, no channel comments.
-std::vector<std::string> RadioDifferences(const CloneImage& a, const CloneImage& b);
+std::vector<std::string> RadioDifferences(const CloneImage& a, const CloneImage& b,
+                                          const RegionVariant& region);
 
 }  // namespace qz7

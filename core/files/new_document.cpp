@@ -21,37 +21,39 @@ void Fill(CloneImage& image, Region region, std::uint8_t byte) {
   std::fill_n(image.begin() + static_cast<std::ptrdiff_t>(region.offset), region.size, byte);
 }
 
-int UsualMode(int band) {
+Mode UsualMode(Band band) {
   switch (band) {
-    case kMw:
-    case kSw:
-    case kAir:
-      return kAm;
-    case kFm:
-    case kTv:
-      return kFmWide;
+    case Band::kMw:
+    case Band::kSw:
+    case Band::kAir:
+      return Mode::kAm;
+    case Band::kFm:
+    case Band::kTv:
+      return Mode::kFmWide;
     default:
-      return kFmNarrow;
+      return Mode::kFmNarrow;
   }
 }
 
-void ProgramChannel(CloneImage& image, int n, int band) {
-  ChannelFields fields;
-  fields.receive = DefaultBandFrequency(band);
-  fields.transmit = fields.receive;
-  fields.offset = DefaultBandOffset(fields.receive);
-  fields.step = DefaultStep(fields.receive);
-  fields.mode = UsualMode(band);
-  const ChannelRecord record = BuildChannelRecord(ChannelRecord{}, fields, n);
+// A factory radio is of the plain region, whatever the program's is.
+void ProgramChannel(CloneImage& image, int n, Band band) {
+  constexpr RegionVariant kPlain;
+  const Frequency f = DefaultBandFrequency(band);
+  ChannelChoices choices;
+  choices.step = DefaultStep(f, kPlain);
+  choices.mode = UsualMode(band);
+  const ChannelRecord record = BuildChannelRecord(
+      ChannelRecord{}, choices,
+      {.receive = f, .transmit = f, .offset = DefaultBandOffset(f, kPlain)}, n, kPlain);
   std::copy(record.begin(), record.end(), GetChannelRecord(image, n));
   *GetChannelFlagByte(image, n) = kFlagProgrammed | kFlagShown;
 }
 
 void WriteChannels(CloneImage& image) {
   Fill(image, kChannelRecords, 0xFF);
-  ProgramChannel(image, 1, kVHam);
+  ProgramChannel(image, 1, Band::kVHam);
   for (int k = 0; k < kSpecialSlotCount; ++k) {
-    ProgramChannel(image, ~k, k % kBandCount);
+    ProgramChannel(image, ~k, SlotBand(~k));
   }
 }
 

@@ -56,7 +56,6 @@ void LoadPreferences(Preferences& preferences, const std::string& program_folder
     WriteProfile(kDataFolderKey, program_folder);
   }
   preferences.template_path = ReadProfile(kTemplateKey, "", kLongestPath);
-  region_variant.extended_version = false;
   ReportBadTemplate(preferences.template_path);
   for (const PreferenceFlag& flag : kPreferenceFlags) {
     preferences.*flag.flag = ReadFlag(flag.key, "X");

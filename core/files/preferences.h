@@ -44,8 +44,8 @@ inline constexpr std::array<PreferenceFlag, 8> kPreferenceFlags = {{
 // Whether the preferences dialog opens with a flag's box checked.
 bool ShowsChecked(const Preferences& preferences, const PreferenceFlag& flag);
 
-// Reads everything at start-up, clears the extended version and reports a template file that is
-// named, exists and is bad. An empty data folder becomes `program_folder` and is written back.
+// Reads everything at start-up and reports a template file that is named, exists and is bad. An
+// empty data folder becomes `program_folder` and is written back.
 void LoadPreferences(Preferences& preferences, const std::string& program_folder);
 
 // Writes the flags of the preferences dialog as "0" or "1".

@@ -1,6 +1,7 @@
 #include "core/image/band_plan.h"
 
 #include <algorithm>
+#include <span>
 
 namespace qz7 {
 namespace {
@@ -8,7 +9,7 @@ namespace {
 // Megahertz to frequency units, exact for the borders of the tables below.
 constexpr Frequency Mhz(double megahertz) {
   // NOLINTNEXTLINE(bugprone-incorrect-roundings): every border is positive
-  return static_cast<Frequency>(megahertz * kMegahertz + 0.5);
+  return HundredHertz(static_cast<std::int64_t>(megahertz * 10'000 + 0.5));
 }
 
 struct Range {  // low <= f < high
@@ -18,7 +19,9 @@ struct Range {  // low <= f < high
 
 constexpr Range MhzRange(double low, double high) { return {Mhz(low), Mhz(high)}; }
 // A range whose upper end belongs to it.
-constexpr Range MhzInclusive(double low, double high) { return {Mhz(low), Mhz(high) + 1}; }
+constexpr Range MhzInclusive(double low, double high) {
+  return {Mhz(low), Mhz(high) + HundredHertz(1)};
+}
 
 bool Holds(Range range, Frequency f) { return range.low <= f && f < range.high; }
 
@@ -30,14 +33,14 @@ bool AnyHolds(std::span<const Range> ranges, Frequency f) {
 // no 6m, no TV and no Act2 band.
 enum class Limits { kVariant0, kVariant1, kVariant2, kNone };
 
-Limits CurrentLimits() {
-  if (region_variant.region == 1) {
+Limits LimitsOf(const RegionVariant& region) {
+  if (region.variant == Variant::kOne) {
     return Limits::kVariant1;
   }
-  if (region_variant.region != 2) {
+  if (region.variant != Variant::kTwo) {
     return Limits::kVariant0;
   }
-  switch (region_variant.sub_variant) {
+  switch (region.sub_variant) {
     case 0:
       return Limits::kVariant1;
     case 1:
@@ -52,10 +55,12 @@ Limits CurrentLimits() {
   }
 }
 
-bool InMw(Frequency f) { return Holds(MhzRange(region_variant.region == 0 ? 0.5 : 0.504, 1.8), f); }
+bool InMw(Frequency f, const RegionVariant& region) {
+  return Holds(MhzRange(region.variant == Variant::kZero ? 0.5 : 0.504, 1.8), f);
+}
 
-bool InFm(Frequency f) {
-  switch (CurrentLimits()) {
+bool InFm(Frequency f, const RegionVariant& region) {
+  switch (LimitsOf(region)) {
     case Limits::kVariant1:
       return Holds(MhzInclusive(76, 88), f);
     case Limits::kVariant0:
@@ -67,14 +72,14 @@ bool InFm(Frequency f) {
   }
 }
 
-bool InTv(Frequency f) {
-  if (CurrentLimits() == Limits::kNone) {
+bool InTv(Frequency f, const RegionVariant& region) {
+  if (LimitsOf(region) == Limits::kNone) {
     return false;
   }
   if (Holds(MhzRange(174, 222), f)) {
     return true;
   }
-  switch (CurrentLimits()) {
+  switch (LimitsOf(region)) {
     case Limits::kVariant1:
       return Holds(MhzRange(88, 108), f) || Holds(MhzRange(470, 770), f);
     case Limits::kVariant0:
@@ -84,8 +89,8 @@ bool InTv(Frequency f) {
   }
 }
 
-bool InSixMetres(Frequency f) {
-  switch (CurrentLimits()) {
+bool InSixMetres(Frequency f, const RegionVariant& region) {
+  switch (LimitsOf(region)) {
     case Limits::kVariant1:
       return Holds(MhzRange(48, 76), f);
     case Limits::kVariant0:
@@ -104,13 +109,12 @@ bool InCellularBlock(Frequency f) {
   return AnyHolds(kBlocks, f);
 }
 
-bool InAct2(Frequency f) {
-  switch (CurrentLimits()) {
+bool InAct2(Frequency f, const RegionVariant& region) {
+  switch (LimitsOf(region)) {
     case Limits::kVariant1:
       return Holds(MhzInclusive(770, 999), f);
     case Limits::kVariant0:
-      return Holds(MhzInclusive(800, 999), f) &&
-             (region_variant.extended_version || !InCellularBlock(f));
+      return Holds(MhzInclusive(800, 999), f) && (region.extended_version || !InCellularBlock(f));
     case Limits::kVariant2:
       return Holds(MhzInclusive(800, 999), f);
     default:
@@ -169,107 +173,116 @@ std::span<const Range> ValidRanges(const CloneImage& image) {
   return type == 2 ? Type2Ranges(subtype, wide) : std::span<const Range>();
 }
 
-constexpr std::array<StepChoice, 9> kFullSteps = {{{"5 kHz", 0},
-                                                   {"9 kHz", 8},
-                                                   {"10 kHz", 1},
-                                                   {"12.5 kHz", 2},
-                                                   {"15 kHz", 3},
-                                                   {"20 kHz", 4},
-                                                   {"25 kHz", 5},
-                                                   {"50 kHz", 6},
-                                                   {"100 kHz", 7}}};
+constexpr std::array<StepChoice, 9> kFullSteps = {{{"5 kHz", Step::kKhz5},
+                                                   {"9 kHz", Step::kKhz9},
+                                                   {"10 kHz", Step::kKhz10},
+                                                   {"12.5 kHz", Step::kKhz12Half},
+                                                   {"15 kHz", Step::kKhz15},
+                                                   {"20 kHz", Step::kKhz20},
+                                                   {"25 kHz", Step::kKhz25},
+                                                   {"50 kHz", Step::kKhz50},
+                                                   {"100 kHz", Step::kKhz100}}};
 // "20 kHz" of the short list stores 3 on purpose, which a record reads as 15 kHz.
-constexpr std::array<StepChoice, 6> kShortSteps = {
-    {{"10 kHz", 1}, {"12.5 kHz", 2}, {"20 kHz", 3}, {"25 kHz", 5}, {"50 kHz", 6}, {"100 kHz", 7}}};
+constexpr std::array<StepChoice, 6> kShortSteps = {{{"10 kHz", Step::kKhz10},
+                                                    {"12.5 kHz", Step::kKhz12Half},
+                                                    {"20 kHz", Step::kKhz15},
+                                                    {"25 kHz", Step::kKhz25},
+                                                    {"50 kHz", Step::kKhz50},
+                                                    {"100 kHz", Step::kKhz100}}};
 
-bool HasShortSteps(std::optional<Frequency> f, int n) {
+bool HasShortSteps(std::optional<Frequency> f, int n, const RegionVariant& region) {
+  constexpr std::array kShortBands = {Band::kSixMetres, Band::kFm, Band::kAct2};
+  const auto in = [&](Band band) { return InBand(band, *f, region); };
   if (!f) {
-    const int band = IsSpecialSlot(n) && SlotOf(n) < kSpecialSlotCount ? SlotBand(n) : -1;
-    return band == kFm || band == kSixMetres || band == kAct2;
+    const bool slot = IsSpecialSlot(n) && SlotOf(n) < kSpecialSlotCount;
+    return slot &&
+           std::find(kShortBands.begin(), kShortBands.end(), SlotBand(n)) != kShortBands.end();
   }
   static constexpr std::array kRanges = {MhzRange(48, 76), MhzRange(250, 300), MhzRange(580, 999)};
-  return InBand(kSixMetres, *f) || InBand(kFm, *f) || InBand(kAct2, *f) || AnyHolds(kRanges, *f);
+  return std::any_of(kShortBands.begin(), kShortBands.end(), in) || AnyHolds(kRanges, *f);
 }
 
 }  // namespace
 
-RegionVariant region_variant;
-
-bool InBand(int band, Frequency f) {
+bool InBand(Band band, Frequency f, const RegionVariant& region) {
   switch (band) {
-    case kMw:
-      return InMw(f);
-    case kSw:
+    case Band::kMw:
+      return InMw(f, region);
+    case Band::kSw:
       return Holds(MhzRange(1.8, 16), f);
-    case kFm:
-      return InFm(f);
-    case kTv:
-      return InTv(f);
-    case kSixMetres:
-      return InSixMetres(f);
-    case kVHam:
+    case Band::kFm:
+      return InFm(f, region);
+    case Band::kTv:
+      return InTv(f, region);
+    case Band::kSixMetres:
+      return InSixMetres(f, region);
+    case Band::kVHam:
       return Holds(MhzRange(137, 174), f);
-    case kUHam:
+    case Band::kUHam:
       return Holds(MhzRange(420, 470), f);
-    case kAir:
+    case Band::kAir:
       return Holds(MhzRange(108, 137), f);
-    case kAct1:
+    case Band::kAct1:
       return Holds(MhzRange(222, 420), f);
-    case kAct2:
-      return InAct2(f);
+    case Band::kAct2:
+      return InAct2(f, region);
     default:
       return false;
   }
 }
 
-int BandOf(Frequency f) {
-  int band = kMw;
-  while (band < kOutsideEveryBand && !InBand(band, f)) {
-    ++band;
+Band BandOf(Frequency f, const RegionVariant& region) {
+  for (int band = 0; band < kBandCount; ++band) {
+    if (InBand(static_cast<Band>(band), f, region)) {
+      return static_cast<Band>(band);
+    }
   }
-  return band;
+  return Band::kOutsideEveryBand;
 }
 
 bool IsValidFrequency(const CloneImage& image, Frequency f) {
   return AnyHolds(ValidRanges(image), f);
 }
 
-int DefaultStep(Frequency f) {
-  static constexpr std::array<int, kBandCount + 1> kSteps = {1, 0, 5, 6, 1, 0, 5, 5, 2, 1, 0};
-  const int band = BandOf(f);
-  if (band == kMw && region_variant.extended_version) {
-    return 8;
+Step DefaultStep(Frequency f, const RegionVariant& region) {
+  static constexpr std::array<Step, kBandCount + 1> kSteps = {
+      Step::kKhz10, Step::kKhz5,  Step::kKhz25,     Step::kKhz50, Step::kKhz10, Step::kKhz5,
+      Step::kKhz25, Step::kKhz25, Step::kKhz12Half, Step::kKhz10, Step::kKhz5};
+  const Band band = BandOf(f, region);
+  if (band == Band::kMw && region.extended_version) {
+    return Step::kKhz9;
   }
   return kSteps[static_cast<std::size_t>(band)];
 }
 
-Frequency DefaultBandOffset(Frequency f) {
-  switch (BandOf(f)) {
-    case kSixMetres:
-      return 500 * kKilohertz;
-    case kVHam:
-      return 600 * kKilohertz;
-    case kUHam:
-      return 5 * kMegahertz;
+Frequency DefaultBandOffset(Frequency f, const RegionVariant& region) {
+  switch (BandOf(f, region)) {
+    case Band::kSixMetres:
+      return Kilohertz(500);
+    case Band::kVHam:
+      return Kilohertz(600);
+    case Band::kUHam:
+      return Megahertz(5);
     default:
-      return 0;
+      return {};
   }
 }
 
-Frequency DefaultBandFrequency(int band) {
+Frequency DefaultBandFrequency(Band band) {
   static constexpr std::array<Frequency, kBandCount> kFrequencies = {
-      5'400,     18'000,    880'000,   1'740'000, 520'000,
-      1'450'000, 4'300'000, 1'080'000, 3'800'000, 8'000'000};
+      Kilohertz(540), Kilohertz(1800), Megahertz(88),  Megahertz(174), Megahertz(52),
+      Megahertz(145), Megahertz(430),  Megahertz(108), Megahertz(380), Megahertz(800)};
   return kFrequencies[static_cast<std::size_t>(band)];
 }
 
-std::vector<StepChoice> FillStepList(std::optional<Frequency> f, int n) {
-  if (HasShortSteps(f, n)) {
+std::vector<StepChoice> FillStepList(std::optional<Frequency> f, int n,
+                                     const RegionVariant& region) {
+  if (HasShortSteps(f, n, region)) {
     return {kShortSteps.begin(), kShortSteps.end()};
   }
   std::vector<StepChoice> steps(kFullSteps.begin(), kFullSteps.end());
-  if (!region_variant.extended_version) {
-    steps.erase(steps.begin() + 1);
+  if (!region.extended_version) {
+    std::erase_if(steps, [](const StepChoice& choice) { return choice.step == Step::kKhz9; });
   }
   return steps;
 }

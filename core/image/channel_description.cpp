@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
 #include <optional>
 
 #include "core/image/channel_record.h"
@@ -17,26 +16,15 @@ std::string WithoutLeadingBlanks(const std::string& text) {
 
 std::string OnOff(bool on) { return on ? "on" : "off"; }
 
+template <typename Code, std::size_t kCount>
+std::string Choice(const std::array<const char*, kCount>& names, std::optional<Code> code) {
+  return code ? NameOf(names, *code) : "";
+}
+
 template <std::size_t kCount>
-std::string Choice(const std::array<const char*, kCount>& names, std::optional<int> index) {
-  return index ? names[static_cast<std::size_t>(*index)] : "";
-}
-
-std::string ToneText(std::optional<int> index) {
-  if (!index) {
-    return "";
-  }
-  const int tenths = kTones[static_cast<std::size_t>(*index)];
-  return std::to_string(tenths / 10) + "." + std::to_string(tenths % 10);
-}
-
-std::string DcsText(std::optional<int> index) {
-  if (!index) {
-    return "";
-  }
-  std::array<char, 8> text;
-  std::snprintf(text.data(), text.size(), "%03d", kDcsCodes[static_cast<std::size_t>(*index)]);
-  return text.data();
+std::string TableText(std::string (*text_of)(int), const std::array<int, kCount>& table,
+                      std::optional<int> index) {
+  return index ? text_of(table[static_cast<std::size_t>(*index)]) : "";
 }
 
 bool HasOption(const CloneImage& image, int n) {
@@ -44,32 +32,34 @@ bool HasOption(const CloneImage& image, int n) {
   return flags != nullptr && (*flags & kFlagOption) != 0;
 }
 
-std::vector<NamedValue> DescribeFields(const ChannelFields& fields, bool has_frequencies) {
-  const auto frequency = [&](Frequency f) {
-    return has_frequencies ? WithoutLeadingBlanks(FormatFrequency(f)) : std::string();
+std::vector<NamedValue> DescribeFields(const ChannelChoices& choices,
+                                       const std::optional<ChannelFrequencies>& frequencies) {
+  const auto text = [&](Frequency ChannelFrequencies::*frequency) {
+    return frequencies ? WithoutLeadingBlanks(FormatFrequency(*frequencies.*frequency)) : "";
   };
-  return {{"rx", frequency(fields.receive)},
-          {"tx", frequency(fields.transmit)},
-          {"shift", kShiftNames[fields.shift]},
-          {"offset", FormatOffset(fields.offset)},
-          {"tone-mode", Choice(kToneModeNames, fields.tone_mode)},
-          {"tone", ToneText(fields.tone_index)},
-          {"dcs", DcsText(fields.dcs_index)},
-          {"mode", Choice(kModeNames, fields.mode)},
-          {"power", Choice(kPowerNames, fields.power)},
-          {"step", Choice(kStepNames, fields.step)}};
+  const Frequency offset = frequencies ? frequencies->offset : kDefaultOffset;
+  return {{"rx", text(&ChannelFrequencies::receive)},
+          {"tx", text(&ChannelFrequencies::transmit)},
+          {"shift", NameOf(kShiftNames, choices.shift)},
+          {"offset", FormatOffset(offset)},
+          {"tone-mode", Choice(kToneModeNames, choices.tone_mode)},
+          {"tone", TableText(ToneText, kTones, choices.tone_index)},
+          {"dcs", TableText(DcsText, kDcsCodes, choices.dcs_index)},
+          {"mode", Choice(kModeNames, choices.mode)},
+          {"power", Choice(kPowerNames, choices.power)},
+          {"step", Choice(kStepNames, choices.step)}};
 }
 
 // The fields that only memory channels have; the name, that VFO slots lack, comes first.
-void AppendMemoryFields(const CloneImage& image, int n, const ChannelFields& fields,
+void AppendMemoryFields(const CloneImage& image, int n, const ChannelChoices& choices,
                         std::vector<NamedValue>& values) {
   const bool memory = !IsSpecialSlot(n);
   const auto memory_only = [&](const std::string& value) { return memory ? value : ""; };
   const bool programmed = IsProgrammed(image, n);
-  values.emplace_back("name", IsVfoSlot(n) ? "" : fields.name);
+  values.emplace_back("name", IsVfoSlot(n) ? "" : choices.name);
   values.emplace_back("comment",
                       memory && programmed ? std::string(ChannelCommentText(image, n)) : "");
-  values.emplace_back("icon", memory_only(std::to_string(fields.icon)));
+  values.emplace_back("icon", memory_only(std::to_string(choices.icon)));
   values.emplace_back("skip", memory_only(OnOff(programmed && IsSkip(image, n))));
   values.emplace_back("masked", memory_only(OnOff(programmed && IsMasked(image, n))));
   values.emplace_back("option", memory_only(OnOff(programmed && HasOption(image, n))));
@@ -77,17 +67,22 @@ void AppendMemoryFields(const CloneImage& image, int n, const ChannelFields& fie
 
 }  // namespace
 
-std::vector<NamedValue> DescribeChannel(const CloneImage& image, int n) {
+std::vector<NamedValue> DescribeChannel(const CloneImage& image, int n,
+                                        const RegionVariant& region) {
   const std::uint8_t* record = GetChannelRecord(image, n);
   if (record == nullptr || n == 0) {
     return {};
   }
-  const bool in_use = IsSpecialSlot(n) || IsProgrammed(image, n);
-  const ChannelFields fields = in_use ? DecodeChannelRecord(record) : ChannelFields{};
-  std::vector<NamedValue> values = DescribeFields(fields, in_use);
-  AppendMemoryFields(image, n, fields, values);
-  values.emplace_back("option-a", OnOff(fields.option_a));
-  values.emplace_back("option-b", OnOff(fields.option_b));
+  ChannelChoices choices;
+  std::optional<ChannelFrequencies> frequencies;
+  if (IsSpecialSlot(n) || IsProgrammed(image, n)) {
+    choices = DecodeChoices(record, region);
+    frequencies = DecodeFrequencies(record, region);
+  }
+  std::vector<NamedValue> values = DescribeFields(choices, frequencies);
+  AppendMemoryFields(image, n, choices, values);
+  values.emplace_back("option-a", OnOff(choices.option_a));
+  values.emplace_back("option-b", OnOff(choices.option_b));
   return values;
 }
 

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
 
@@ -16,12 +17,11 @@ using NamedValue = std::pair<std::string, std::string>;
 // option, option-a, option-b. An unprogrammed memory channel has the editor's defaults and empty
 // frequencies; a field that the slot does not have, and a code without a meaning, is empty. No
 // fields at all for a number that names no channel.
-std::vector<NamedValue> DescribeChannel(const CloneImage& image, int n);
+std::vector<NamedValue> DescribeChannel(const CloneImage& image, int n,
+                                        const RegionVariant& region);
 
 // How the console program and the comparison name a slot: "channel 12", "channel L1",
 // "VFO A V Ham", "home 6m".
 std::string SlotTitle(const CloneImage& image, int n);
-
-inline constexpr const char* kShiftNames[] = {"simplex", "minus", "plus", "split"};
 
 }  // namespace qz7

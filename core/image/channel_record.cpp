@@ -8,33 +8,14 @@
 namespace qz7 {
 namespace {
 
-std::uint8_t WithBits(std::uint8_t byte, int mask, int bits) {
-  return static_cast<std::uint8_t>((byte & ~mask) | (bits & mask));
+std::optional<Step> ShownStep(RecordView record, const RegionVariant& region) {
+  const std::optional<Step> step = RecordStep(record);
+  return step == Step::kKhz9 && !region.extended_version ? Step::kKhz10 : step;
 }
 
-std::optional<int> KnownCode(int stored, int known) {
-  return stored < known ? std::optional(stored) : std::nullopt;
-}
-
-std::optional<int> ShownIndex(int stored, int count) {
-  if (stored > count) {
-    return 0;
-  }
-  return KnownCode(stored, count);
-}
-
-std::optional<int> ShownStep(int stored) {
-  constexpr int kTenKilohertz = 1;
-  constexpr int kNineKilohertz = 8;
-  if (stored == kNineKilohertz && !region_variant.extended_version) {
-    return kTenKilohertz;
-  }
-  return KnownCode(stored, static_cast<int>(kStepNames.size()));
-}
-
-std::string TrimmedName(const std::uint8_t* record) {
-  const auto* text = reinterpret_cast<const char*>(record + kRecordName);
-  std::string name(FieldText(text, kNameLength));
+std::string TrimmedName(RecordView record) {
+  const std::string_view stored = RecordName(record);
+  std::string name(FieldText(stored.data(), stored.size()));
   name.erase(name.find_last_not_of(' ') + 1);
   return name;
 }
@@ -45,176 +26,196 @@ void StoreIndex(std::uint8_t& byte, std::optional<int> index, int count) {
   }
 }
 
-void StoreName(std::uint8_t* name, std::string_view text) {
-  std::fill_n(name, kNameLength, std::uint8_t{' '});
-  std::copy_n(text.begin(), std::min(text.size(), kNameLength), name);
+template <typename Code>
+void StoreChoice(ChannelRecord& record, BitField field, std::optional<Code> choice) {
+  if (choice) {
+    WriteBits(record, field, PlaceOf(*choice));
+  }
 }
 
 }  // namespace
 
+Shift RecordShift(RecordView record) {
+  return static_cast<Shift>(ReadBits(record.bytes, kRecordShiftBits));
+}
+Power RecordPower(RecordView record) {
+  return static_cast<Power>(ReadBits(record.bytes, kRecordPowerBits));
+}
+std::optional<ToneMode> RecordToneMode(RecordView record) {
+  return CodeAt<ToneMode>(kToneModeNames, ReadBits(record.bytes, kRecordToneModeBits));
+}
+std::optional<Mode> RecordMode(RecordView record) {
+  return CodeAt<Mode>(kModeNames, ReadBits(record.bytes, kRecordModeBits));
+}
+std::optional<Step> RecordStep(RecordView record) {
+  return CodeAt<Step>(kStepNames, record.bytes[kRecordStep]);
+}
+int RecordIcon(RecordView record) { return ReadBits(record.bytes, kRecordIconBits); }
+std::string_view RecordName(RecordView record) {
+  return {reinterpret_cast<const char*>(record.bytes.data() + kRecordName), kNameLength};
+}
+
 Frequency DecodeBcdFrequency(const std::uint8_t* bytes, int digits) {
-  Frequency value = 0;
+  std::int64_t kilohertz = 0;
   for (int i = 0; i < digits; ++i) {
     const int byte = bytes[i / 2];
-    value = value * 10 + (i % 2 == 0 ? byte >> 4 : byte & 0x0F);
+    kilohertz = kilohertz * 10 + (i % 2 == 0 ? byte >> 4 : byte & 0x0F);
   }
-  return value * kKilohertz;
+  return Kilohertz(kilohertz);
 }
 
 void EncodeBcdFrequency(std::uint8_t* bytes, Frequency value, int digits) {
-  std::int64_t rest = std::abs(static_cast<std::int64_t>(value)) / kKilohertz;
+  const std::span field(bytes, static_cast<std::size_t>(digits + 1) / 2);
+  std::int64_t rest = std::abs(WholeKilohertz(value));
   for (int i = digits - 1; i >= 0; --i) {
-    const int digit = static_cast<int>(rest % 10);
-    std::uint8_t& byte = bytes[i / 2];
-    byte = i % 2 == 0 ? WithBits(byte, 0xF0, digit << 4) : WithBits(byte, 0x0F, digit);
+    const BitField nibble{
+        .byte = static_cast<std::size_t>(i / 2), .shift = i % 2 == 0 ? 4 : 0, .width = 4};
+    WriteBits(field, nibble, static_cast<int>(rest % 10));
     rest /= 10;
   }
 }
 
-Frequency RestoreHalfKilohertz(Frequency decoded) {
-  const Frequency end = decoded % 100;
-  const bool lost_half = end == 20 || end == 70;
-  return lost_half && !InBand(kMw, decoded) ? decoded + kKilohertz / 2 : decoded;
+Frequency RawReceive(RecordView record) {
+  return DecodeBcdFrequency(record.bytes.data() + kRecordReceive, kFrequencyDigits);
+}
+Frequency RawOffset(RecordView record) {
+  return DecodeBcdFrequency(record.bytes.data() + kRecordOffset, kFrequencyDigits);
+}
+void StoreReceive(std::uint8_t* record, Frequency receive) {
+  EncodeBcdFrequency(record + kRecordReceive, receive, kFrequencyDigits);
+}
+void StoreOffset(std::uint8_t* record, Frequency offset) {
+  EncodeBcdFrequency(record + kRecordOffset, offset, kFrequencyDigits);
 }
 
-Frequency ReadReceiveFrequency(const std::uint8_t* record) {
-  return RestoreHalfKilohertz(DecodeBcdFrequency(record + kRecordReceive, kFrequencyDigits));
+void StoreRecordName(std::uint8_t* record, std::string_view name) {
+  std::fill_n(record + kRecordName, kNameLength, std::uint8_t{' '});
+  std::copy_n(name.begin(), std::min(name.size(), kNameLength), record + kRecordName);
 }
 
-Frequency ReadOffsetField(const std::uint8_t* record) {
-  return RestoreHalfKilohertz(DecodeBcdFrequency(record + kRecordOffset, kFrequencyDigits));
+Frequency RestoreHalfKilohertz(Frequency decoded, const RegionVariant& region) {
+  const Frequency end = decoded % Kilohertz(10);
+  const bool lost_half = end == Kilohertz(2) || end == Kilohertz(7);
+  return lost_half && !InBand(Band::kMw, decoded, region) ? decoded + HundredHertz(5) : decoded;
 }
 
-Frequency TransmitFrequency(const std::uint8_t* record) {
-  constexpr Frequency kTooHigh = 99'999'901;
-  const Frequency receive = ReadReceiveFrequency(record);
-  const Frequency offset = ReadOffsetField(record);
+Frequency ReadReceiveFrequency(RecordView record, const RegionVariant& region) {
+  return RestoreHalfKilohertz(RawReceive(record), region);
+}
+
+Frequency ReadOffsetField(RecordView record, const RegionVariant& region) {
+  return RestoreHalfKilohertz(RawOffset(record), region);
+}
+
+Frequency TransmitFrequency(RecordView record, const RegionVariant& region) {
+  constexpr Frequency kTooHigh = HundredHertz(99'999'901);
+  const Frequency receive = ReadReceiveFrequency(record, region);
+  const Frequency offset = ReadOffsetField(record, region);
   Frequency transmit = receive;
   switch (RecordShift(record)) {
-    case kMinus:
+    case Shift::kMinus:
       transmit = receive - offset;
       break;
-    case kPlus:
+    case Shift::kPlus:
       transmit = receive + offset;
       break;
-    case kOddSplit:
+    case Shift::kOddSplit:
       transmit = offset;
       break;
     default:
       break;
   }
-  return transmit < 0 || transmit >= kTooHigh ? receive : transmit;
+  return transmit < Frequency{} || transmit >= kTooHigh ? receive : transmit;
 }
 
-int GridClass(Frequency frequency) {
-  const std::int64_t decahertz = std::int64_t{frequency} * 10;
-  if (region_variant.region != 0 && InBand(kMw, frequency)) {
-    return decahertz % 90 == 0 ? 2 : kNoGrid;
+int GridClass(Frequency frequency, const RegionVariant& region) {
+  if (region.variant != Variant::kZero && InBand(Band::kMw, frequency, region)) {
+    return IsMultipleOf(frequency, HundredHertz(9)) ? 2 : kNoGrid;
   }
-  if (frequency % 50 == 0) {
+  if (IsMultipleOf(frequency, Kilohertz(5))) {
     return 0;
   }
-  return decahertz % 625 == 0 ? 1 : kNoGrid;
+  return IsOnSixKilohertzGrid(frequency) ? 1 : kNoGrid;
 }
 
-bool IsOffStep(Frequency receive, int step) {
-  const int khz = receive / kKilohertz;
-  switch (step) {
-    case 0:
+bool IsOffStep(Frequency receive, std::optional<Step> step, const RegionVariant& region) {
+  const std::int64_t khz = WholeKilohertz(receive);
+  if (!step) {
+    return true;
+  }
+  switch (*step) {
+    case Step::kKhz5:
       return khz % 5 != 0;
-    case 1:
+    case Step::kKhz10:
       // A 5 kHz multiple counts as on the 10 kHz step, too: the leniency is wanted.
       return khz % 10 != 0 && khz % 5 != 0;
-    case 2: {
-      const Frequency adjusted = khz % 10 != 0 ? khz * kKilohertz + 5 : khz;
-      return GridClass(adjusted) != 1 && khz % 25 != 0;
+    case Step::kKhz12Half: {
+      // A multiple of 10 kHz is looked up as so many hundred hertz: as it stands.
+      const std::int64_t adjusted = khz % 10 != 0 ? khz * 10 + 5 : khz;
+      return GridClass(HundredHertz(adjusted), region) != 1 && khz % 25 != 0;
     }
-    case 3:
+    case Step::kKhz15:
       return khz % 15 != 0;
-    case 4:
+    case Step::kKhz20:
       return khz % 20 != 0;
-    case 5:
+    case Step::kKhz25:
       return khz % 25 != 0;
-    case 6:
+    case Step::kKhz50:
       return khz % 50 != 0;
-    case 7:
+    case Step::kKhz100:
       return khz % 100 != 0;
-    case 8:
+    case Step::kKhz9:
       return khz % 9 != 0;
-    default:
-      return true;
   }
+  return true;
 }
 
-int RecordShift(const std::uint8_t* record) { return record[kRecordShiftPowerTone] & 3; }
-int RecordPower(const std::uint8_t* record) { return record[kRecordShiftPowerTone] >> 2 & 3; }
-int RecordToneMode(const std::uint8_t* record) { return record[kRecordShiftPowerTone] >> 4; }
-int RecordMode(const std::uint8_t* record) { return record[kRecordModeIcon] & 3; }
-int RecordIcon(const std::uint8_t* record) { return record[kRecordModeIcon] >> 2; }
-
-std::optional<int> ShownToneIndex(int stored) { return ShownIndex(stored, kToneCount); }
-std::optional<int> ShownDcsIndex(int stored) { return ShownIndex(stored, kDcsCount); }
-
-std::optional<int> FindTone(int tenths_of_hertz) {
-  const auto* tone = std::find(kTones.begin(), kTones.end(), tenths_of_hertz);
-  if (tone == kTones.end()) {
-    return std::nullopt;
-  }
-  return static_cast<int>(tone - kTones.begin());
+ChannelChoices DecodeChoices(RecordView record, const RegionVariant& region) {
+  return {.shift = RecordShift(record),
+          .tone_mode = RecordToneMode(record),
+          .tone_index = ShownToneIndex(record.bytes[kRecordTone]),
+          .dcs_index = ShownDcsIndex(record.bytes[kRecordDcs]),
+          .mode = RecordMode(record),
+          .power = RecordPower(record),
+          .step = ShownStep(record, region),
+          .icon = RecordIcon(record),
+          .option_a = ReadBits(record.bytes, kOptionABits) != 0,
+          .option_b = ReadBits(record.bytes, kOptionBBits) != 0,
+          .name = TrimmedName(record)};
 }
 
-ChannelFields DecodeChannelRecord(const std::uint8_t* record) {
-  ChannelFields fields;
-  fields.receive = ReadReceiveFrequency(record);
-  fields.transmit = TransmitFrequency(record);
-  fields.shift = RecordShift(record);
-  fields.offset = fields.shift == kOddSplit ? kDefaultOffset : ReadOffsetField(record);
-  fields.tone_mode = KnownCode(RecordToneMode(record), static_cast<int>(kToneModeNames.size()));
-  fields.tone_index = ShownToneIndex(record[kRecordTone]);
-  fields.dcs_index = ShownDcsIndex(record[kRecordDcs]);
-  fields.mode = KnownCode(RecordMode(record), static_cast<int>(kModeNames.size()));
-  fields.power = RecordPower(record);
-  fields.step = ShownStep(record[kRecordStep]);
-  fields.icon = RecordIcon(record);
-  fields.option_a = (record[kRecordGrid] & kGridOptionA) != 0;
-  fields.option_b = (record[kRecordGrid] & kGridOptionB) != 0;
-  fields.name = TrimmedName(record);
-  return fields;
+ChannelFrequencies DecodeFrequencies(RecordView record, const RegionVariant& region) {
+  const bool split = RecordShift(record) == Shift::kOddSplit;
+  return {.receive = ReadReceiveFrequency(record, region),
+          .transmit = TransmitFrequency(record, region),
+          .offset = split ? kDefaultOffset : ReadOffsetField(record, region)};
 }
 
-ChannelRecord BuildChannelRecord(const ChannelRecord& old, const ChannelFields& fields, int n) {
+ChannelRecord BuildChannelRecord(const ChannelRecord& old, const ChannelChoices& choices,
+                                 const ChannelFrequencies& frequencies, int n,
+                                 const RegionVariant& region) {
   ChannelRecord record = old;
-  std::uint8_t& grid = record[kRecordGrid];
-  std::uint8_t& packed = record[kRecordShiftPowerTone];
-  std::uint8_t& mode_icon = record[kRecordModeIcon];
-
-  grid = WithBits(grid, 0x0C, GridClass(fields.transmit) << 2);
-  EncodeBcdFrequency(record.data() + kRecordReceive, fields.receive, kFrequencyDigits);
-  grid = WithBits(grid, 0x03, GridClass(fields.receive));
-  const Frequency second = fields.shift == kOddSplit ? fields.transmit : fields.offset;
-  packed = WithBits(packed, 0x03, fields.shift);
-  EncodeBcdFrequency(record.data() + kRecordOffset, second, kFrequencyDigits);
-  StoreIndex(record[kRecordTone], fields.tone_index, kToneCount);
-  StoreIndex(record[kRecordDcs], fields.dcs_index, kDcsCount);
-  if (fields.tone_mode) {
-    packed = WithBits(packed, 0xF0, *fields.tone_mode << 4);
+  const bool split = choices.shift == Shift::kOddSplit;
+  WriteBits(record, kTransmitGridBits, GridClass(frequencies.transmit, region));
+  StoreReceive(record.data(), frequencies.receive);
+  WriteBits(record, kReceiveGridBits, GridClass(frequencies.receive, region));
+  WriteBits(record, kRecordShiftBits, PlaceOf(choices.shift));
+  StoreOffset(record.data(), split ? frequencies.transmit : frequencies.offset);
+  StoreIndex(record[kRecordTone], choices.tone_index, kToneCount);
+  StoreIndex(record[kRecordDcs], choices.dcs_index, kDcsCount);
+  StoreChoice(record, kRecordToneModeBits, choices.tone_mode);
+  StoreChoice(record, kRecordPowerBits, choices.power);
+  StoreChoice(record, kRecordModeBits, choices.mode);
+  if (choices.step) {
+    record[kRecordStep] = static_cast<std::uint8_t>(*choices.step);
   }
-  if (fields.power) {
-    packed = WithBits(packed, 0x0C, *fields.power << 2);
-  }
-  if (fields.mode) {
-    mode_icon = WithBits(mode_icon, 0x03, *fields.mode);
-  }
-  if (fields.step) {
-    record[kRecordStep] = static_cast<std::uint8_t>(*fields.step);
-  }
-  grid = WithBits(grid, kGridOffStep,
-                  IsOffStep(fields.receive, record[kRecordStep]) ? kGridOffStep : 0);
-  grid = WithBits(grid, kGridOptionA, fields.option_a ? kGridOptionA : 0);
-  grid = WithBits(grid, kGridOptionB, fields.option_b ? kGridOptionB : 0);
-  StoreName(record.data() + kRecordName, fields.name);
+  const bool off_step = IsOffStep(frequencies.receive, RecordStep(record), region);
+  WriteBits(record, kOffStepBits, off_step ? 1 : 0);
+  WriteBits(record, kOptionABits, choices.option_a ? 1 : 0);
+  WriteBits(record, kOptionBBits, choices.option_b ? 1 : 0);
+  StoreRecordName(record.data(), choices.name);
   // Home and VFO records keep only the mode bits.
-  mode_icon = WithBits(mode_icon, 0xFC, IsSpecialSlot(n) ? 0 : fields.icon << 2);
+  WriteBits(record, kRecordIconBits, IsSpecialSlot(n) ? 0 : choices.icon);
   return record;
 }
 

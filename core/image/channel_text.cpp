@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
-#include <cstdint>
 #include <cstdio>
 #include <limits>
 
 #include "core/image/channel_record.h"
+#include "core/image/decimal.h"
+#include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
@@ -19,65 +19,38 @@ std::string Format(const char* format, Values... values) {
   return text.data();
 }
 
-const char* ToneMark(int tone_mode) {
-  switch (tone_mode) {
-    case kToneEncode:
+const char* ToneMark(std::optional<ToneMode> tone_mode) {
+  switch (tone_mode.value_or(ToneMode::kNone)) {
+    case ToneMode::kEncode:
       return "E  ";
-    case kToneSquelch:
+    case ToneMode::kSquelch:
       return "ED ";
-    case kToneDcs:
+    case ToneMode::kDcs:
       return "DCS";
     default:
       return "   ";
   }
 }
 
-const char* ListShiftMark(int shift) {
-  static constexpr std::array<const char*, 4> kMarks = {" ", "-", "+", "\xB1"};
+char ListShiftMark(Shift shift) {
+  constexpr std::array<char, 4> kMarks = {' ', '-', '+', kPlusMinus};
   return kMarks[static_cast<std::size_t>(shift)];
 }
 
-char PrintShiftMark(int shift) { return " -+/"[shift]; }
+char PrintShiftMark(Shift shift) { return shift == Shift::kOddSplit ? '/' : ListShiftMark(shift); }
 
 // The tone is printed even when no tone is sent: the field follows the index, not the mode alone.
-std::string ToneValue(const std::uint8_t* record) {
-  const int tone = record[kRecordTone];
-  const int dcs = record[kRecordDcs];
-  switch (RecordToneMode(record)) {
-    case kToneNone:
-    case kToneEncode:
-    case kToneSquelch:
-      if (tone < kToneCount) {
-        const int tenths = kTones[static_cast<std::size_t>(tone)];
-        return Format("%3d.%01d ", tenths / 10, tenths % 10);
-      }
-      break;
-    case kToneDcs:
-      if (dcs < kDcsCount) {
-        return Format("%03d   ", kDcsCodes[static_cast<std::size_t>(dcs)]);
-      }
-      break;
-    default:
-      break;
+std::string ToneValue(RecordView record) {
+  const std::size_t tone = record.bytes[kRecordTone];
+  const std::size_t dcs = record.bytes[kRecordDcs];
+  const std::optional<ToneMode> mode = RecordToneMode(record);
+  if (mode == ToneMode::kDcs && dcs < kDcsCodes.size()) {
+    return DcsText(kDcsCodes[dcs]) + "   ";
+  }
+  if (mode && mode != ToneMode::kDcs && tone < kTones.size()) {
+    return Format("%5s ", ToneText(kTones[tone]).c_str());
   }
   return "     ";
-}
-
-// A decimal integer with leading blanks and sign, up to the first other character; beyond the range
-// of any frequency it stays at that range's end.
-std::int64_t DecimalOf(std::string_view text) {
-  constexpr std::int64_t kEnough = std::numeric_limits<Frequency>::max();
-  std::size_t at = std::min(text.find_first_not_of(" \t\n\v\f\r"), text.size());
-  bool negative = false;
-  if (at < text.size() && (text[at] == '-' || text[at] == '+')) {
-    negative = text[at] == '-';
-    ++at;
-  }
-  std::int64_t value = 0;
-  for (; at < text.size() && text[at] >= '0' && text[at] <= '9'; ++at) {
-    value = std::min(value * 10 + (text[at] - '0'), kEnough);
-  }
-  return negative ? -value : value;
 }
 
 // The four decimals of a typed fraction.
@@ -88,82 +61,84 @@ std::string Fraction(std::string_view text) {
   return fraction;
 }
 
+long long WholeMegahertz(Frequency f) { return f.hundred_hertz / 10'000; }
+long long RestOfMegahertz(Frequency f) { return f.hundred_hertz % 10'000; }
+
 }  // namespace
 
 std::string FormatFrequency(Frequency value) {
-  return Format("%3ld.%04ld", static_cast<long>(value / kMegahertz),
-                static_cast<long>(value % kMegahertz));
+  return Format("%3lld.%04lld", WholeMegahertz(value), RestOfMegahertz(value));
 }
 
 std::string FormatOffset(Frequency value) {
-  if (value % 100 == 0 && value < 9'991) {
-    return Format("%ld kHz", static_cast<long>(value / kKilohertz));
+  if (IsMultipleOf(value, Kilohertz(10)) && value < HundredHertz(9'991)) {
+    return Format("%lld kHz", static_cast<long long>(WholeKilohertz(value)));
   }
-  if (value % kMegahertz == 0) {
-    return Format("%ld MHz", static_cast<long>(value / kMegahertz));
+  if (IsMultipleOf(value, Megahertz(1))) {
+    return Format("%lld MHz", WholeMegahertz(value));
   }
   // Three places for a remainder of four digits: wanted, though 1.05 MHz shows as "1.500 MHz".
-  return Format("%ld.%03ld MHz", static_cast<long>(value / kMegahertz),
-                static_cast<long>(value % kMegahertz));
+  return Format("%lld.%03lld MHz", WholeMegahertz(value), RestOfMegahertz(value));
 }
 
 Frequency ParseFrequency(std::string_view text) {
   constexpr std::size_t kTypedLength = 20;
-  constexpr std::int64_t kLargestMegahertz = 9'999;
-  std::string typed(text.substr(0, kTypedLength));
-  std::transform(typed.begin(), typed.end(), typed.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+  constexpr int kLargestMegahertz = 9'999;
+  std::string typed = UpperCase(text.substr(0, kTypedLength));
   const bool kilohertz = typed.find('K') != std::string::npos;
   typed.erase(std::min(typed.find('K'), typed.size()));
   typed.erase(std::min(typed.find('M'), typed.size()));
 
   const std::size_t point = typed.find('.');
-  std::int64_t integer = DecimalOf(std::string_view(typed).substr(0, point));
-  std::int64_t fraction = point == std::string::npos
-                              ? 0
-                              : DecimalOf(Fraction(std::string_view(typed).substr(point + 1)));
+  const int integer = DecimalValue(std::string_view(typed).substr(0, point));
+  const int fraction = point == std::string::npos
+                           ? 0
+                           : DecimalValue(Fraction(std::string_view(typed).substr(point + 1)));
   if (integer < 0 || fraction < 0) {
-    return 0;
+    return {};
   }
   const bool as_kilohertz = kilohertz || (fraction == 0 && integer > kLargestMegahertz);
-  const std::int64_t value = as_kilohertz ? integer * kKilohertz : integer * kMegahertz + fraction;
-  return static_cast<Frequency>(
-      std::min<std::int64_t>(value, std::numeric_limits<Frequency>::max()));
+  const Frequency value =
+      as_kilohertz ? Kilohertz(integer) : Megahertz(integer) + HundredHertz(fraction);
+  return std::min(value, HundredHertz(std::numeric_limits<int>::max()));
 }
 
 Frequency ParseOffset(std::string_view text) {
   constexpr std::size_t kFieldLength = 25;
-  constexpr Frequency kKilohertzTyped = 10'000'000;
+  constexpr Frequency kKilohertzTyped = Megahertz(1000);
   const Frequency value = ParseFrequency(text.substr(0, kFieldLength));
-  return value >= kKilohertzTyped ? value / 1000 : value;
+  return value >= kKilohertzTyped ? HundredHertz(value.hundred_hertz / 1000) : value;
 }
 
-std::string FormatListRow(const CloneImage& image, int n) {
+std::string FormatListRow(const CloneImage& image, int n, const RegionVariant& region) {
   const std::uint8_t* record = GetChannelRecord(image, n);
+  const std::string label = ChannelLabel(image, n);
   if (record == nullptr || !IsProgrammed(image, n)) {
-    return ChannelLabel(image, n);
+    return label;
   }
   // A frequency text has at least 8 characters, so that the column needs no padding.
-  return Format("%-3s\t%s%s\t%s\t%s\t%s\t%s\t%s", ChannelLabel(image, n),
-                FormatFrequency(ReadReceiveFrequency(record)).c_str(),
+  return Format("%-3s\t%s%c\t%s\t%s\t%s\t%s\t%s", label.c_str(),
+                FormatFrequency(ReadReceiveFrequency(record, region)).c_str(),
                 ListShiftMark(RecordShift(record)), ToneMark(RecordToneMode(record)),
                 IsSkip(image, n) ? "S" : " ", IsMasked(image, n) ? "M" : " ",
-                RecordPower(record) == kHigh ? "H" : "L", GetChannelName(image, n).data());
+                RecordPower(record) == Power::kHigh ? "H" : "L", GetChannelName(image, n).data());
 }
 
-bool FormatPrintLine(const CloneImage& image, int n, std::string& line) {
-  line += Format("%3.3s", ChannelLabel(image, n));
+bool FormatPrintLine(const CloneImage& image, int n, const RegionVariant& region,
+                     std::string& line) {
+  line += Format("%3.3s", ChannelLabel(image, n).c_str());
   const std::uint8_t* record = GetChannelRecord(image, n);
   if (record == nullptr || (!IsSpecialSlot(n) && !IsProgrammed(image, n))) {
     return false;
   }
-  const int shift = RecordShift(record);
-  const std::string split =
-      shift == kOddSplit ? FormatFrequency(TransmitFrequency(record)) : std::string(8, ' ');
-  line += Format(" %s", FormatFrequency(ReadReceiveFrequency(record)).c_str());
+  const Shift shift = RecordShift(record);
+  const std::string split = shift == Shift::kOddSplit
+                                ? FormatFrequency(TransmitFrequency(record, region))
+                                : std::string(8, ' ');
+  line += Format(" %s", FormatFrequency(ReadReceiveFrequency(record, region)).c_str());
   line += Format("%c%s", PrintShiftMark(shift), split.c_str());
   line += Format(" %s%s %s %c %c", ToneValue(record).c_str(), ToneMark(RecordToneMode(record)),
-                 RecordPower(record) == kHigh ? "H " : "L ", IsMasked(image, n) ? 'M' : ' ',
+                 RecordPower(record) == Power::kHigh ? "H " : "L ", IsMasked(image, n) ? 'M' : ' ',
                  IsSkip(image, n) ? 'S' : ' ');
   if (!IsSpecialSlot(n)) {
     line += Format(" %-8.8s ", GetChannelName(image, n).data());

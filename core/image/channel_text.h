@@ -5,6 +5,7 @@
 
 #include "core/image/clone_image.h"
 #include "core/image/frequency.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
 
@@ -15,8 +16,8 @@ std::string FormatFrequency(Frequency value);
 // shows as "1.500 MHz".
 std::string FormatOffset(Frequency value);
 
-// What the user typed, as a frequency; 0 for text that does not parse. Values beyond the range of
-// Frequency come back as its largest value.
+// What the user typed, as a frequency; 0 for text that does not parse. A number beyond
+// 2147483647 counts as that, and so does the result in hundred hertz.
 Frequency ParseFrequency(std::string_view text);
 
 // The offset field's text: at most 25 characters, parsed like a frequency; a result of 10,000,000
@@ -25,10 +26,11 @@ Frequency ParseOffset(std::string_view text);
 
 // The row of memory channel n in the memory list, its columns separated by tabs; the label alone
 // for a channel that is not programmed. The odd-split mark is the byte 0xB1.
-std::string FormatListRow(const CloneImage& image, int n);
+std::string FormatListRow(const CloneImage& image, int n, const RegionVariant& region);
 
 // Appends the printed line of channel n, special slots included. False for a memory channel that is
 // not programmed: then only its label has been appended.
-bool FormatPrintLine(const CloneImage& image, int n, std::string& line);
+bool FormatPrintLine(const CloneImage& image, int n, const RegionVariant& region,
+                     std::string& line);
 
 }  // namespace qz7

@@ -1,11 +1,9 @@
 #include "core/image/clone_image.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <cstring>
 #include <optional>
 
-#include "core/image/band_plan.h"
 #include "core/image/channel_record.h"
 
 namespace qz7 {
@@ -75,67 +73,6 @@ void SetFlag(CloneImage& image, int n, std::uint8_t flag, bool on) {
   }
 }
 
-// What the radio transmits on, in 10 Hz units, from the raw fields of a record: other readers of
-// the tables expect neither the half kilohertz nor the range check of TransmitFrequency here.
-std::uint32_t SummaryTransmit(int shift, std::uint32_t receive, std::uint32_t offset) {
-  switch (shift) {
-    case kMinus:
-      return receive - offset;
-    case kPlus:
-      return receive + offset;
-    case kOddSplit:
-      return offset;
-    default:
-      return receive;
-  }
-}
-
-int SummaryTone(std::uint8_t tone_index) {
-  constexpr int kNoToneValue = 1000;
-  return tone_index < kToneCount ? kTones[tone_index] : kNoToneValue;
-}
-
-// The summary word: bits 0..6 are flags, 7..13 the DCS index, 14..15 the mode.
-std::uint16_t SummaryWord(const std::uint8_t* record, bool skip) {
-  int word = 0x01;
-  switch (RecordToneMode(record)) {
-    case kToneSquelch:
-      word |= 0x06;
-      break;
-    case kToneEncode:
-      word |= 0x02;
-      break;
-    case kToneDcs:
-      word |= 0x40;
-      break;
-    default:
-      break;
-  }
-  word |= skip ? 0x08 : 0;
-  word |= RecordShift(record) << 4;
-  word |= (record[kRecordDcs] & 0x7F) << 7;
-  word |= RecordMode(record) << 14;
-  return static_cast<std::uint16_t>(word);
-}
-
-void FillSummaryEntry(CloneImage& image, int n, const std::uint8_t* record) {
-  std::uint8_t* entry = SummaryEntry(image, n);
-  const auto receive = static_cast<std::uint32_t>(
-      DecodeBcdFrequency(record + kRecordReceive, kFrequencyDigits) * 10);
-  const auto offset =
-      static_cast<std::uint32_t>(DecodeBcdFrequency(record + kRecordOffset, kFrequencyDigits) * 10);
-  WriteU16(entry, SummaryWord(record, IsSkip(image, n)));
-  WriteU32(entry + 2, receive);
-  WriteU32(entry + 6, SummaryTransmit(RecordShift(record), receive, offset));
-  WriteU16(entry + 10, static_cast<std::uint16_t>(SummaryTone(record[kRecordTone])));
-}
-
-// The record's name and a 0 byte; the entry's tenth byte is never written.
-void StoreNameEntry(CloneImage& image, int n) {
-  const ChannelName name = GetChannelName(image, n);
-  std::copy(name.begin(), name.end(), NameEntry(image, n));
-}
-
 }  // namespace
 
 int GetChannelCount(const CloneImage& image) { return ReadU16(image.data() + kChannelCountOffset); }
@@ -190,22 +127,19 @@ void SetChannelName(CloneImage& image, int n, std::string_view text) {
   std::copy(name.begin(), name.end(), record + kRecordName);
 }
 
-const char* ChannelLabel(const CloneImage& image, int n) {
-  static std::array<char, 16> label;
+std::string ChannelLabel(const CloneImage& image, int n) {
   const int count = GetChannelCount(image);
   const int pms = n - (count - kPmsChannelCount) - 1;
   if (IsSpecialSlot(n) && SlotOf(n) < kSpecialSlotCount) {
     return kBandNames[static_cast<std::size_t>(SlotBand(n))];
   }
   if (n <= 0 || n > count) {
-    return "";
+    return {};
   }
   if (pms >= 0) {
-    std::snprintf(label.data(), label.size(), "%c%d", pms % 2 == 0 ? 'L' : 'U', pms / 2 + 1);
-  } else {
-    std::snprintf(label.data(), label.size(), "%2d", n);
+    return (pms % 2 == 0 ? "L" : "U") + std::to_string(pms / 2 + 1);
   }
-  return label.data();
+  return (n < 10 ? " " : "") + std::to_string(n);
 }
 
 std::uint8_t* SummaryEntry(CloneImage& image, int n) {
@@ -234,26 +168,6 @@ std::string_view FieldText(const char* field, std::size_t width) {
 std::string_view ChannelCommentText(const CloneImage& image, int n) {
   const char* comment = ChannelComment(image, n);
   return comment != nullptr ? FieldText(comment, kCommentSize) : std::string_view{};
-}
-
-void RebuildDerivedTables(CloneImage& image) {
-  WriteU16(image.data() + kChannelCountOffset, kChannelCount);
-  std::fill_n(image.begin() + kSummaryTable.offset, kSummaryTable.size, std::uint8_t{0});
-  // Channel 240 is left out on purpose: readers of the tables expect its entry empty.
-  for (int n = 1; n < GetChannelCount(image); ++n) {
-    if (!IsProgrammed(image, n)) {
-      continue;
-    }
-    const std::uint8_t* record = GetChannelRecord(image, n);
-    FillSummaryEntry(image, n, record);
-    StoreNameEntry(image, n);
-  }
-}
-
-void CopyNamesToTable(CloneImage& image) {
-  for (int n = 1; n <= std::min(GetChannelCount(image), kChannelCount); ++n) {
-    StoreNameEntry(image, n);
-  }
 }
 
 std::uint16_t ReadU16(const std::uint8_t* bytes) {

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 namespace qz7 {
@@ -79,6 +80,23 @@ inline constexpr std::size_t kVersionSubtype = 3067;
 inline constexpr std::size_t kVersionType = 3068;
 inline constexpr std::size_t kWideCoverage = 3073;
 
+// The bands of the special slots, in the order in which they lie in the image and are looked up.
+enum class Band : std::uint8_t {
+  kMw,
+  kSw,
+  kFm,
+  kTv,
+  kSixMetres,
+  kVHam,
+  kUHam,
+  kAir,
+  kAct1,
+  kAct2,
+  kOutsideEveryBand
+};
+inline constexpr std::array<const char*, kBandCount> kBandNames = {
+    "MW", "SW", "FM", "TV", "6m", "V Ham", "U Ham", "Air", "Act1", "Act2"};
+
 // A channel number names a slot:
 //    1..count  memory channel; the last 20 are the PMS pairs "L1" "U1" .. "L10" "U10"
 //   -1..-10    VFO of the first bank, one per band (slot k = ~n = 0..9)
@@ -87,7 +105,7 @@ inline constexpr std::size_t kWideCoverage = 3073;
 // The band of a special slot is k mod 10.
 constexpr int SlotOf(int n) { return ~n; }
 constexpr bool IsSpecialSlot(int n) { return n < 0; }
-constexpr int SlotBand(int n) { return SlotOf(n) % kBandCount; }
+constexpr Band SlotBand(int n) { return static_cast<Band>(SlotOf(n) % kBandCount); }
 
 // Flag byte of a slot; bits 4..7 are never touched.
 inline constexpr std::uint8_t kFlagProgrammed = 0x01;
@@ -132,8 +150,8 @@ ChannelName GetChannelName(const CloneImage& image, int n);
 void SetChannelName(CloneImage& image, int n, std::string_view text);
 
 // "MW".."Act2" for a special slot, "L1".."U10" for the last 20 channels, "%2d" for other memory
-// channels, empty for 0 and for numbers above the count. Valid until the next call.
-const char* ChannelLabel(const CloneImage& image, int n);
+// channels, empty for 0 and for numbers above the count.
+std::string ChannelLabel(const CloneImage& image, int n);
 
 // Entries of the tables beside the radio block, addressed by ChannelIndex; null where a hostile
 // count names an entry behind its table. A comment is zero-terminated text.
@@ -148,13 +166,6 @@ std::string_view ChannelCommentText(const CloneImage& image, int n);
 
 // The text of a zero-terminated field that may use its whole width.
 std::string_view FieldText(const char* field, std::size_t width);
-
-// Stores 240 into the channel count and makes the summary and name tables anew from the records.
-void RebuildDerivedTables(CloneImage& image);
-
-// Copies the 8 name bytes of every memory channel into its name table entry, programmed or not:
-// after a read from the radio.
-void CopyNamesToTable(CloneImage& image);
 
 std::uint16_t ReadU16(const std::uint8_t* bytes);
 std::uint32_t ReadU32(const std::uint8_t* bytes);

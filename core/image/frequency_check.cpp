@@ -2,62 +2,56 @@
 
 #include "core/image/band_plan.h"
 #include "core/image/channel_record.h"
-#include "core/image/channel_text.h"
 
 namespace qz7 {
 namespace {
 
-bool IsUsable(const CloneImage& image, Frequency f) {
-  return IsValidFrequency(image, f) && GridClass(f) != kNoGrid;
+bool IsUsable(const CloneImage& image, Frequency f, const RegionVariant& region) {
+  return IsValidFrequency(image, f) && GridClass(f, region) != kNoGrid;
 }
 
 }  // namespace
 
-OffsetCheck CheckOffset(std::string_view text) {
-  constexpr Frequency kLargestOffset = 999'500;
-  constexpr Frequency kOffsetStep = 5 * kKilohertz;
-  const Frequency offset = ParseOffset(text);
+const char* CheckOffset(Frequency offset) {
+  constexpr Frequency kLargestOffset = Kilohertz(99'950);
   if (offset > kLargestOffset) {
-    return {false, kDefaultOffset, "Tx Shift must be less than 99.95MHz."};
+    return "Tx Shift must be less than 99.95MHz.";
   }
-  if (offset % kOffsetStep != 0) {
-    return {false, kDefaultOffset, "Tx Shift must be a 50kHz step."};
-  }
-  return {true, offset, nullptr};
+  return IsMultipleOf(offset, Kilohertz(5)) ? nullptr : "Tx Shift must be a 50kHz step.";
 }
 
-Frequency RecomputeTransmit(Frequency receive, int shift, Frequency offset, Frequency transmit) {
-  constexpr Frequency kTooHigh = 9'999'001;
-  std::int64_t result = receive;
+Frequency RecomputeTransmit(Frequency receive, Shift shift, Frequency offset, Frequency transmit) {
+  constexpr Frequency kTooHigh = HundredHertz(9'999'001);
+  Frequency result = receive;
   switch (shift) {
-    case kMinus:
-      result = std::int64_t{receive} - offset;
+    case Shift::kMinus:
+      result = receive - offset;
       break;
-    case kPlus:
-      result = std::int64_t{receive} + offset;
+    case Shift::kPlus:
+      result = receive + offset;
       break;
-    case kOddSplit:
+    case Shift::kOddSplit:
       return transmit;
     default:
       break;
   }
-  return receive == 0 || result < 0 || result >= kTooHigh ? receive
-                                                          : static_cast<Frequency>(result);
+  return receive == Frequency{} || result < Frequency{} || result >= kTooHigh ? receive : result;
 }
 
-ReceiveCheck CheckReceive(const CloneImage& image, int n, std::string_view receive_text) {
-  const Frequency receive = ParseFrequency(receive_text);
-  if (!IsUsable(image, receive)) {
-    return IsSpecialSlot(n) || receive != 0 ? ReceiveCheck::kRefused : ReceiveCheck::kClearChannel;
+ReceiveCheck CheckReceive(const CloneImage& image, int n, Frequency receive,
+                          const RegionVariant& region) {
+  if (!IsUsable(image, receive, region)) {
+    return IsSpecialSlot(n) || receive != Frequency{} ? ReceiveCheck::kRefused
+                                                      : ReceiveCheck::kClearChannel;
   }
-  if (IsSpecialSlot(n) && !InBand(SlotBand(n), receive)) {
+  if (IsSpecialSlot(n) && !InBand(SlotBand(n), receive, region)) {
     return ReceiveCheck::kRefused;
   }
   return ReceiveCheck::kAccepted;
 }
 
-bool CheckTransmit(const CloneImage& image, int n, std::string_view receive_text) {
-  return IsSpecialSlot(n) || IsUsable(image, ParseFrequency(receive_text));
+bool CheckTransmit(const CloneImage& image, int n, Frequency receive, const RegionVariant& region) {
+  return IsSpecialSlot(n) || IsUsable(image, receive, region);
 }
 
 }  // namespace qz7

@@ -52,13 +52,13 @@ void Unpack(CloneImage& image, const ChannelRecord& record) {
     image[offset] = static_cast<std::uint8_t>(value);
   };
   put(kOperatingGrid, record[kRecordGrid]);
-  put(kOperatingPower, RecordPower(record.data()));
+  put(kOperatingPower, ReadBits(record, kRecordPowerBits));
   put(kOperatingStep, record[kRecordStep]);
-  put(kOperatingShift, RecordShift(record.data()));
-  put(kOperatingToneMode, RecordToneMode(record.data()));
+  put(kOperatingShift, ReadBits(record, kRecordShiftBits));
+  put(kOperatingToneMode, ReadBits(record, kRecordToneModeBits));
   put(kOperatingTone, record[kRecordTone]);
   put(kOperatingDcs, record[kRecordDcs]);
-  put(kOperatingRadioMode, RecordMode(record.data()));
+  put(kOperatingRadioMode, ReadBits(record, kRecordModeBits));
   copy(kRecordReceive, kFrequencyBytes, kOperatingReceive);
   copy(kRecordOffset, kFrequencyBytes, kOperatingOffset);
   copy(kRecordName, kNameLength, kOperatingName);

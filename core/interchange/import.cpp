@@ -45,7 +45,7 @@ std::optional<ImportResult> ImportIntoImage(CloneImage& image, ImportSession& se
   }
   const std::vector<int> rows = request.rows.value_or(AllRows(*list));
   const int start = request.start.value_or(DefaultStartChannel(image));
-  if (AcceptSelection(image, *list, rows, start) != ImportAnswer::kPlaced) {
+  if (AcceptSelection(image, *list, rows, start, request.region) != ImportAnswer::kPlaced) {
     return std::nullopt;
   }
   return ImportResult{.listed = list->listed, .placed = rows.size(), .start = start};

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 #include "core/interchange/import_lines.h"
 #include "core/interchange/import_selection.h"
 #include "core/interchange/import_session.h"
@@ -20,6 +21,7 @@ struct ImportRequest {
   ColumnAssignment columns{};
   std::optional<std::vector<int>> rows;  // listed records to take, from 0; nothing for all
   std::optional<int> start;              // nothing for the default start channel
+  RegionVariant region;
 };
 
 struct ImportResult {

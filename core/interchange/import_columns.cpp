@@ -42,7 +42,7 @@ std::string NameOfColumn(const ColumnAssignment& columns, std::uint32_t column) 
   const auto field = std::find(columns.begin(), columns.end(), column);
   return field == columns.end()
              ? ""
-             : kImportFields[static_cast<std::size_t>(field - columns.begin())].name;
+             : kCsvColumns[static_cast<std::size_t>(field - columns.begin())].title;
 }
 
 void ReadFirstDataLine(ImportSession& session, ImportLines& lines, ColumnDialog& dialog) {
@@ -61,9 +61,9 @@ void ReadFirstDataLine(ImportSession& session, ImportLines& lines, ColumnDialog&
 }  // namespace
 
 int FieldOfHeader(std::string_view cell) {
-  for (int k = 0; k < kImportFieldCount; ++k) {
-    const ImportFieldName& field = kImportFields[static_cast<std::size_t>(k)];
-    if (cell == field.name || (field.second_name != nullptr && cell == field.second_name)) {
+  for (int k = 0; k < kCsvColumnCount; ++k) {
+    const CsvColumnName& field = kCsvColumns[static_cast<std::size_t>(k)];
+    if (cell == field.title || (field.second_title != nullptr && cell == field.second_title)) {
       return k;
     }
   }
@@ -86,7 +86,7 @@ ColumnDialog OpenColumnDialog(ImportSession& session, ImportLines& lines) {
 }
 
 void SelectColumn(ColumnDialog& dialog, int row) {
-  for (std::size_t k = 0; k < kImportFieldCount; ++k) {
+  for (std::size_t k = 0; k < kCsvColumnCount; ++k) {
     if (dialog.columns[k] == ColumnOfRow(row)) {
       dialog.columns[k] = 0;
       SetName(dialog, row, "");
@@ -102,7 +102,7 @@ void PressFieldButton(ColumnDialog& dialog, int field, int row) {
   std::replace(dialog.columns.begin(), dialog.columns.end(), ColumnOfRow(row), std::uint32_t{0});
   dialog.columns[k] = dialog.columns[k] != 0 ? 0 : ColumnOfRow(row);
   // The row shows the field's name also where the button took the field away: so it is meant.
-  SetName(dialog, row, kImportFields[k].name);
+  SetName(dialog, row, kCsvColumns[k].title);
   dialog.enabled.fill(false);
 }
 

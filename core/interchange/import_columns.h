@@ -15,7 +15,7 @@ struct ColumnDialog {
   ColumnAssignment columns{};      // becomes the session's with OK
   std::vector<std::string> names;  // the left list: the field of a column, or nothing
   std::vector<std::string> texts;  // the right list: the column of the first data line
-  std::array<bool, kImportFieldCount> enabled{};
+  std::array<bool, kCsvColumnCount> enabled{};
 };
 
 // Opens the dialog on rewound lines: clears the session's assignment, reads the header line where

@@ -9,42 +9,29 @@
 namespace qz7 {
 namespace {
 
-constexpr Frequency kOffsetStep = 5 * kKilohertz;
-
-Frequency ReceiveOf(const ImportRecord& record) { return static_cast<Frequency>(record.rx); }
-
 bool IsUhf(const ImportRecord& record) { return record.rx >= kImportUhf; }
 
-// A record without an offset gets a tenth of the usual one: 60 kHz or 500 kHz, as it stands.
+// A record without an offset gets a tenth of the usual one: as it stands.
 Frequency OffsetOrDefault(const ImportRecord& record) {
-  constexpr Frequency kUhfOffset = 5'000;
-  constexpr Frequency kVhfOffset = 600;
-  if (record.tx != 0) {
-    return static_cast<Frequency>(record.tx);
+  if (record.tx != Frequency{}) {
+    return record.tx;
   }
-  return IsUhf(record) ? kUhfOffset : kVhfOffset;
+  return IsUhf(record) ? Kilohertz(500) : Kilohertz(60);
 }
 
 Frequency SplitTransmit(const CloneImage& image, const ImportRecord& record) {
-  constexpr Frequency kUhfTransmit = 50'000;
-  constexpr Frequency kVhfTransmit = 6'000;
   const Frequency transmit = OffsetOrDefault(record);
   if (IsValidFrequency(image, transmit)) {
     return transmit;
   }
-  return IsUhf(record) ? kUhfTransmit : kVhfTransmit;
+  return IsUhf(record) ? Megahertz(5) : Kilohertz(600);
 }
 
 // Whether an odd split's transmit frequency is stored as it is: on a 500 Hz step, or a 6.25 kHz
 // frequency whose half kilohertz is cut.
 bool IsStoredWhole(Frequency transmit) {
   constexpr std::int64_t kGrid = 625;
-  return transmit % 5 == 0 || (std::int64_t{transmit} * 10 + 5) * 10 % kGrid == 0;
-}
-
-int PackedByte(const ImportRecord& record) {
-  const int power = record.power == kImportLow ? kLow3 : kHigh;
-  return record.shift | power << 2 | record.tone_mode << 4;
+  return IsMultipleOf(transmit, HundredHertz(5)) || (InTensOfHertz(transmit) + 5) * 10 % kGrid == 0;
 }
 
 // A tone that the radio does not have is stored as 255.
@@ -59,32 +46,28 @@ std::string_view RadioName(const ImportRecord& record) {
   return FieldText(record.name.data(), kNameLength);
 }
 
-ChannelRecord MakeRecord(const CloneImage& image, const ImportRecord& imported) {
-  constexpr int kGridBits = 3;
+ChannelRecord MakeRecord(const CloneImage& image, const ImportRecord& imported,
+                         const RegionVariant& region) {
   ChannelRecord record{};
-  const auto encode = [&](std::size_t at, Frequency value) {
-    EncodeBcdFrequency(record.data() + at, value, kFrequencyDigits);
-  };
-  const Frequency receive = ReceiveOf(imported);
   const Frequency offset = OffsetOrDefault(imported);
-  const int receive_grid = GridClass(receive) & kGridBits;
-  int transmit_grid = receive_grid;
-  encode(kRecordReceive, receive);
-  encode(kRecordOffset, offset - offset % kOffsetStep);
-  if (imported.shift == kOddSplit) {
-    const Frequency transmit = SplitTransmit(image, imported);
-    transmit_grid = GridClass(transmit) & kGridBits;
-    if (IsStoredWhole(transmit)) {
-      encode(kRecordOffset, transmit);
+  Frequency gridded = imported.rx;  // the frequency of the transmit grid
+  StoreReceive(record.data(), imported.rx);
+  StoreOffset(record.data(), offset - offset % Kilohertz(5));
+  if (imported.shift == Shift::kOddSplit) {
+    gridded = SplitTransmit(image, imported);
+    if (IsStoredWhole(gridded)) {
+      StoreOffset(record.data(), gridded);
     }
   }
-  record[kRecordGrid] = static_cast<std::uint8_t>(receive_grid | transmit_grid << 2);
-  record[kRecordStep] = static_cast<std::uint8_t>(DefaultStep(receive));
-  record[kRecordShiftPowerTone] = static_cast<std::uint8_t>(PackedByte(imported));
+  const Power power = imported.power == ImportPower::kLow ? Power::kLow3 : Power::kHigh;
+  WriteBits(record, kReceiveGridBits, GridClass(imported.rx, region));
+  WriteBits(record, kTransmitGridBits, GridClass(gridded, region));
+  record[kRecordStep] = static_cast<std::uint8_t>(DefaultStep(imported.rx, region));
+  WriteBits(record, kRecordShiftBits, PlaceOf(imported.shift));
+  WriteBits(record, kRecordPowerBits, PlaceOf(power));
+  WriteBits(record, kRecordToneModeBits, PlaceOf(imported.tone_mode));
   record[kRecordTone] = ToneIndex(imported);
-  const std::string_view name = RadioName(imported);
-  std::fill_n(record.begin() + kRecordName, kNameLength, std::uint8_t{' '});
-  std::copy(name.begin(), name.end(), record.begin() + kRecordName);
+  StoreRecordName(record.data(), RadioName(imported));
   return record;
 }
 
@@ -124,12 +107,13 @@ int DefaultStartChannel(const CloneImage& image) {
   return best_start != 0 ? best_start : 1;
 }
 
-void PlaceImportRecord(CloneImage& image, const ImportRecord& record, int n) {
+void PlaceImportRecord(CloneImage& image, const ImportRecord& record, int n,
+                       const RegionVariant& region) {
   std::uint8_t* target = GetChannelRecord(image, n);
-  if (n < 1 || target == nullptr || !IsValidFrequency(image, ReceiveOf(record))) {
+  if (n < 1 || target == nullptr || !IsValidFrequency(image, record.rx)) {
     return;
   }
-  const ChannelRecord made = MakeRecord(image, record);
+  const ChannelRecord made = MakeRecord(image, record, region);
   SetSkip(image, n, record.skip);
   StoreTableName(image, n, RadioName(record));
   std::uint8_t* flags = GetChannelFlagByte(image, n);

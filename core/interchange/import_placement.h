@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 #include "core/interchange/import_reader.h"
 
 namespace qz7 {
@@ -17,6 +18,7 @@ int DefaultStartChannel(const CloneImage& image);
 
 // Writes a record into memory channel n: record, flags, name table entry and comment. Nothing is
 // written for a frequency that the radio does not accept or a channel that there is not.
-void PlaceImportRecord(CloneImage& image, const ImportRecord& record, int n);
+void PlaceImportRecord(CloneImage& image, const ImportRecord& record, int n,
+                       const RegionVariant& region);
 
 }  // namespace qz7

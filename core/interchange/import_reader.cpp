@@ -1,25 +1,24 @@
 #include "core/interchange/import_reader.h"
 
 #include <algorithm>
-#include <cstdlib>
+#include <limits>
 #include <optional>
 #include <string>
 
-#include "core/image/channel_record.h"
-#include "core/interchange/decimal.h"
+#include "core/image/channel_codes.h"
+#include "core/image/decimal.h"
+#include "core/image/text_codec.h"
 #include "core/interchange/field_splitter.h"
 
 namespace qz7 {
 namespace {
 
 // A transmit cell up to this value is an offset, above it a frequency.
-constexpr std::uint32_t kLargestOffset = 995'000;
-constexpr std::array<std::int64_t, 6> kUsualOffsets = {6'000,  10'000, 16'000,
-                                                       30'000, 50'000, 76'000};
+constexpr Frequency kLargestOffset = Kilohertz(99'500);
+constexpr std::array kUsualOffsets = {Kilohertz(600),  Kilohertz(1000), Kilohertz(1600),
+                                      Kilohertz(3000), Kilohertz(5000), Kilohertz(7600)};
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-
-char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 // Cuts the text at the first such character; whether there is one.
 bool CutAt(std::string& text, char c) {
@@ -49,39 +48,38 @@ std::optional<int> FieldOfColumn(const ColumnAssignment& columns, std::uint32_t 
 }
 
 void ReadTransmit(ImportRecord& record, std::string_view text) {
-  const int direction = ParseDirection(text);
-  if (direction != kSimplex) {
+  const Shift direction = ParseDirection(text);
+  if (direction != Shift::kSimplex) {
     record.shift = direction;
   } else {
     record.tx = ParseImportFrequency(text);
   }
 }
 
-int ToneModeOf(std::string_view text) {
+ToneMode ToneModeOf(std::string_view text) {
   if (!text.empty() && IsDigit(text.front())) {
-    const int mode = text.front() - '0';
-    return mode <= kToneDcs ? mode : kToneNone;
+    return CodeAt<ToneMode>(kToneModeNames, text.front() - '0').value_or(ToneMode::kNone);
   }
   if (text.starts_with("ED")) {
-    return kToneSquelch;
+    return ToneMode::kSquelch;
   }
   if (text.starts_with('E')) {
-    return kToneEncode;
+    return ToneMode::kEncode;
   }
-  return text.starts_with("DCS") ? kToneDcs : kToneNone;
+  return text.starts_with("DCS") ? ToneMode::kDcs : ToneMode::kNone;
 }
 
 // The power that a cell names; what it held before for a text that names none.
-int PowerOf(std::string_view text, int before) {
+ImportPower PowerOf(std::string_view text, ImportPower before) {
   switch (text.empty() ? 'L' : UpperCase(text.front())) {
     case 'L':
-      return kImportLow;
+      return ImportPower::kLow;
     case 'M':
     case '\x01':
-      return kImportMid;
+      return ImportPower::kMid;
     case 'H':
     case '\x02':
-      return kImportHigh;
+      return ImportPower::kHigh;
     default:
       return before;
   }
@@ -104,8 +102,8 @@ std::uint16_t ToneDigits(std::string_view text) {
 }
 
 // Reads a tone cell. Where tones are checked, one of the radio's own tones switches its mode on.
-void ReadTone(const ImportSession& session, ImportRecord& record, std::uint16_t& tone, int mode,
-              std::string_view text) {
+void ReadTone(const ImportSession& session, ImportRecord& record, std::uint16_t& tone,
+              ToneMode mode, std::string_view text) {
   tone = ToneDigits(text);
   if (session.check_tones && FindTone(tone)) {
     record.tone_mode = mode;
@@ -127,28 +125,28 @@ void ReadField(const ImportSession& session, ImportRecord& record, int field,
     case kTxFrequency:
       ReadTransmit(record, text);
       break;
-    case kOffsetField:
+    case kOffsetColumn:
       record.shift = ParseDirection(text);
       break;
-    case kToneField:
+    case kToneColumn:
       record.tone_mode = ToneModeOf(text);
       break;
-    case kSkipField:
+    case kSkipColumn:
       record.skip |= text.starts_with('s') || text.starts_with('S');
       break;
-    case kPowerField:
+    case kPowerColumn:
       record.power = PowerOf(text, record.power);
       break;
     case kEncFrequency:
-      ReadTone(session, record, record.encode_tone, kToneEncode, text);
+      ReadTone(session, record, record.encode_tone, ToneMode::kEncode, text);
       break;
     case kDecFrequency:
-      ReadTone(session, record, record.decode_tone, kToneSquelch, text);
+      ReadTone(session, record, record.decode_tone, ToneMode::kSquelch, text);
       break;
-    case kNameField:
+    case kNameColumn:
       StoreText(record.name, text);
       break;
-    case kCommentField:
+    case kCommentColumn:
       StoreText(record.comment, text);
       break;
     default:
@@ -156,34 +154,31 @@ void ReadField(const ImportSession& session, ImportRecord& record, int field,
   }
 }
 
-bool IsUsualOffset(std::int64_t value) {
+bool IsUsualOffset(Frequency value) {
   return std::find(kUsualOffsets.begin(), kUsualOffsets.end(), value) != kUsualOffsets.end();
 }
 
 // A transmit frequency at a usual distance is an offset with its direction, any other an odd split.
 void ApplyDifference(ImportRecord& record) {
-  const std::int64_t difference = std::int64_t{record.rx} - record.tx;
-  if (IsUsualOffset(difference)) {
-    record.shift = kMinus;
-    record.tx = static_cast<std::uint32_t>(difference);
-  } else if (IsUsualOffset(-difference)) {
-    record.shift = kPlus;
-    record.tx = static_cast<std::uint32_t>(-difference);
+  if (IsUsualOffset(record.rx - record.tx)) {
+    record.shift = Shift::kMinus;
+    record.tx = record.rx - record.tx;
+  } else if (IsUsualOffset(record.tx - record.rx)) {
+    record.shift = Shift::kPlus;
+    record.tx = record.tx - record.rx;
   } else {
-    record.shift = kOddSplit;
+    record.shift = Shift::kOddSplit;
   }
 }
 
 void ApplyDefaultOffset(ImportRecord& record) {
-  constexpr std::uint32_t kUhfOffset = 50'000;
-  constexpr std::uint32_t kVhfOffset = 6'000;
-  record.tx = record.rx >= kImportUhf ? kUhfOffset : kVhfOffset;
+  record.tx = record.rx >= kImportUhf ? Megahertz(5) : Kilohertz(600);
 }
 
 void NormaliseShift(ImportRecord& record) {
   const bool absolute = record.tx > kLargestOffset;
-  const bool needs_default =
-      record.shift == kSimplex ? absolute && record.tx == record.rx : record.tx == 0;
+  const bool needs_default = record.shift == Shift::kSimplex ? absolute && record.tx == record.rx
+                                                             : record.tx == Frequency{};
   if (needs_default) {
     ApplyDefaultOffset(record);
   } else if (absolute) {
@@ -193,45 +188,44 @@ void NormaliseShift(ImportRecord& record) {
 
 }  // namespace
 
-std::uint32_t ParseImportFrequency(std::string_view text) {
+Frequency ParseImportFrequency(std::string_view text) {
   constexpr std::size_t kCharacters = 17;
-  constexpr std::int64_t kLargestMegahertz = 9'999;
-  constexpr std::int64_t kLargest = 0x7FFFFFFF;
-  std::string typed(text.substr(0, kCharacters));
-  std::transform(typed.begin(), typed.end(), typed.begin(), UpperCase);
+  constexpr int kLargestMegahertz = 9'999;
+  std::string typed = UpperCase(text.substr(0, kCharacters));
   const bool kilo = CutAt(typed, 'K');
   CutAt(typed, 'M');
   const std::size_t point = typed.find('.');
   const int fraction = point == std::string::npos ? 0 : FractionValue(typed.substr(point + 1));
   CutAt(typed, '.');
-  const std::int64_t integer = DecimalValue(typed);
+  const int integer = DecimalValue(typed);
   if (integer < 0 || fraction < 0) {
-    return 0;
+    return {};
   }
   const bool as_it_stands = kilo || (fraction == 0 && integer > kLargestMegahertz);
-  const std::int64_t value = as_it_stands ? integer : integer * kMegahertz + fraction;
-  return static_cast<std::uint32_t>(std::min(value, kLargest));
+  const Frequency value =
+      as_it_stands ? HundredHertz(integer) : Megahertz(integer) + HundredHertz(fraction);
+  return std::min(value, HundredHertz(std::numeric_limits<int>::max()));
 }
 
-int ParseDirection(std::string_view text) {
+Shift ParseDirection(std::string_view text) {
   if (text.size() != 1) {
-    return kSimplex;
+    return Shift::kSimplex;
   }
   switch (UpperCase(text.front())) {
     case 'M':
     case '1':
     case '-':
-      return kMinus;
+      return Shift::kMinus;
     case 'P':
     case '2':
     case '+':
-      return kPlus;
+      return Shift::kPlus;
     case 'S':
     case '3':
-    case '\xB1':
-      return kOddSplit;
+    case kPlusMinus:
+      return Shift::kOddSplit;
     default:
-      return kSimplex;
+      return Shift::kSimplex;
   }
 }
 

@@ -7,7 +7,8 @@
 
 #include "core/files/messages.h"
 #include "core/image/band_plan.h"
-#include "core/image/frequency.h"
+#include "core/image/derived_tables.h"
+#include "core/image/text_codec.h"
 #include "core/interchange/import_placement.h"
 
 namespace qz7 {
@@ -15,11 +16,11 @@ namespace {
 
 // A file with something in its fourth column brings its tone modes itself, it is supposed; the
 // check stays off for the rest of the run.
-constexpr std::uint32_t kToneColumn = 4;
+constexpr std::uint32_t kFourthColumn = 4;
 
 void SwitchToneCheck(ImportSession& session) {
   const auto& columns = session.columns;
-  if (std::find(columns.begin(), columns.end(), kToneColumn) != columns.end()) {
+  if (std::find(columns.begin(), columns.end(), kFourthColumn) != columns.end()) {
     session.check_tones = false;
   }
 }
@@ -44,7 +45,7 @@ void ListRecords(const CloneImage& image, ImportSession& session, ImportLines& l
       break;
     }
     list.records[list.listed] = ParseRecord(session, *line);
-    if (IsValidFrequency(image, static_cast<Frequency>(list.records[list.listed].rx))) {
+    if (IsValidFrequency(image, list.records[list.listed].rx)) {
       ++list.listed;
     } else {
       --list.record_count;
@@ -74,23 +75,22 @@ std::optional<ImportList> OpenSelection(const CloneImage& image, ImportSession& 
 }
 
 std::string FormatImportRow(const ImportRecord& record) {
-  constexpr std::string_view kShiftMarks = " -+\xB1";
+  constexpr std::array<char, 4> kShiftMarks = {' ', '-', '+', kPlusMinus};
   constexpr int kTooHighTone = 9'999;
   const int tone = record.encode_tone;
-  std::array<char, 16> tone_text = {"     "};
-  if (tone > 0 && tone < kTooHighTone) {
-    std::snprintf(tone_text.data(), tone_text.size(), "%d.%01d", tone / 10, tone % 10);
-  }
+  const std::string tone_text = tone > 0 && tone < kTooHighTone ? ToneText(tone) : "     ";
   std::array<char, 100> row;
   std::snprintf(row.data(), row.size(), "%d.%04d\t%c\t%s\t%s\t%s",
-                static_cast<int>(record.rx / kMegahertz), static_cast<int>(record.rx % kMegahertz),
-                kShiftMarks[static_cast<std::size_t>(record.shift)], tone_text.data(),
+                static_cast<int>(record.rx.hundred_hertz / 10'000),
+                static_cast<int>(record.rx.hundred_hertz % 10'000),
+                kShiftMarks[static_cast<std::size_t>(record.shift)], tone_text.c_str(),
                 record.name.data(), record.comment.data());
   return row.data();
 }
 
 ImportAnswer AcceptSelection(CloneImage& image, const ImportList& list,
-                             const std::vector<int>& selected, int start) {
+                             const std::vector<int>& selected, int start,
+                             const RegionVariant& region) {
   if (start < 1) {
     ShowMessage("Illegal Start Channel", "Import Error", Buttons::kOk, Icon::kWarning);
     return ImportAnswer::kIllegalStart;
@@ -107,7 +107,7 @@ ImportAnswer AcceptSelection(CloneImage& image, const ImportList& list,
   int n = start;
   for (const int row : selected) {
     if (row >= 0 && static_cast<std::size_t>(row) < rows.size()) {
-      PlaceImportRecord(image, rows[static_cast<std::size_t>(row)], n);
+      PlaceImportRecord(image, rows[static_cast<std::size_t>(row)], n, region);
     }
     ++n;
   }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 #include "core/interchange/import_lines.h"
 #include "core/interchange/import_reader.h"
 #include "core/interchange/import_session.h"
@@ -44,6 +45,7 @@ enum class ImportAnswer {
 // whatever stands there, and rebuilds the derived tables. Refused without a change when they reach
 // behind the last channel or the start is below 1.
 ImportAnswer AcceptSelection(CloneImage& image, const ImportList& list,
-                             const std::vector<int>& selected, int start);
+                             const std::vector<int>& selected, int start,
+                             const RegionVariant& region);
 
 }  // namespace qz7

@@ -6,44 +6,13 @@
 #include <string>
 #include <string_view>
 
+#include "core/files/csv_columns.h"
 #include "core/files/file_boxes.h"
 
 namespace qz7 {
 
-// The fields that a line of an import file can hold, in the order in which they are looked up.
-enum ImportField : int {
-  kRxFrequency,
-  kTxFrequency,
-  kOffsetField,
-  kToneField,
-  kSkipField,
-  kPowerField,
-  kEncFrequency,
-  kDecFrequency,
-  kNameField,
-  kCommentField
-};
-inline constexpr int kImportFieldCount = 10;
-
-struct ImportFieldName {
-  const char* name;
-  const char* second_name;  // what a header line may call it, too; null for none
-};
-inline constexpr std::array<ImportFieldName, kImportFieldCount> kImportFields = {{
-    {"RX Frequency", "Output Frequency"},
-    {"TX Frequency", "Input Frequency"},
-    {"Offset", nullptr},
-    {"Tone", nullptr},
-    {"Skip", nullptr},
-    {"Power", nullptr},
-    {"Enc Frequency", "CTCSS Tones"},
-    {"Dec Frequency", nullptr},
-    {"Name", "Call Sign"},
-    {"Comment", "Location"},
-}};
-
 // The column of each field, counted from 1; 0 for a field that the file lacks.
-using ColumnAssignment = std::array<std::uint32_t, kImportFieldCount>;
+using ColumnAssignment = std::array<std::uint32_t, kCsvColumnCount>;
 
 struct ImportOptions {
   std::string path;

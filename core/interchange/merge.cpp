@@ -5,19 +5,12 @@
 
 #include "core/image/band_plan.h"
 #include "core/image/channel_record.h"
+#include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
 
 constexpr std::uint32_t kMegahertzIn10Hz = 100'000;
-
-std::string UpperCase(std::string_view text) {
-  std::string upper(text);
-  std::transform(upper.begin(), upper.end(), upper.begin(), [](char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-  });
-  return upper;
-}
 
 // 144 to 148 and 430 to 450 MHz, both ends included.
 bool IsHam(std::uint32_t receive_10hz) {
@@ -36,28 +29,20 @@ bool MatchesKey(const MergeSource& source, const MergeOptions& options, int s) {
   return UpperCase(text.substr(0, kSearchedLength)).find(options.upper_key) != std::string::npos;
 }
 
-Frequency In100Hz(std::int64_t frequency_10hz) {
-  return static_cast<Frequency>(frequency_10hz / 10);
-}
-
 // The offset field of a channel of another model; for an odd split its transmit frequency.
-Frequency OffsetField(const ChannelSummary& channel) {
-  constexpr Frequency kUhfOffset = 50'000;
-  constexpr Frequency kVhfOffset = 6'000;
+Frequency OffsetField(const ChannelSummary& channel, const RegionVariant& region) {
+  const std::int64_t receive = channel.receive_10hz;
+  const std::int64_t transmit = channel.transmit_10hz;
   switch (channel.shift) {
-    case kMinus:
-      return In100Hz(std::int64_t{channel.receive_10hz} - channel.transmit_10hz);
-    case kPlus:
-      return In100Hz(std::int64_t{channel.transmit_10hz} - channel.receive_10hz);
-    case kOddSplit:
-      return In100Hz(channel.transmit_10hz);
+    case Shift::kMinus:
+      return TensOfHertz(receive - transmit);
+    case Shift::kPlus:
+      return TensOfHertz(transmit - receive);
+    case Shift::kOddSplit:
+      return TensOfHertz(transmit);
     default:
-      return InBand(kVHam, In100Hz(channel.receive_10hz)) ? kVhfOffset : kUhfOffset;
+      return InBand(Band::kVHam, TensOfHertz(receive), region) ? Kilohertz(600) : Megahertz(5);
   }
-}
-
-void SetBits(std::uint8_t& byte, int mask, int bits) {
-  byte = static_cast<std::uint8_t>((byte & ~mask) | bits);
 }
 
 // A tone that the radio does not have leaves the base record's tone and tone mode.
@@ -66,22 +51,22 @@ void StoreTone(ChannelRecord& record, const ChannelSummary& channel) {
   if (!index) {
     return;
   }
-  const int encode = channel.tone_encoder ? kToneEncode : kToneNone;
-  const int mode = channel.tone_squelch ? kToneSquelch : encode;
+  const ToneMode encode = channel.tone_encoder ? ToneMode::kEncode : ToneMode::kNone;
+  const ToneMode mode = channel.tone_squelch ? ToneMode::kSquelch : encode;
   record[kRecordTone] = static_cast<std::uint8_t>(*index);
-  SetBits(record[kRecordShiftPowerTone], 0xF0, mode << 4);
+  WriteBits(record, kRecordToneModeBits, PlaceOf(mode));
 }
 
 // A channel of another model: what the summary tells, on a record of this radio.
-ChannelRecord BuildRecord(const CloneImage& working_copy, const ChannelSummary& channel) {
+ChannelRecord BuildRecord(const CloneImage& working_copy, const ChannelSummary& channel,
+                          const RegionVariant& region) {
   ChannelRecord record{};
   if (const std::uint8_t* base = GetChannelRecord(working_copy, 1)) {
     std::copy_n(base, kRecordSize, record.begin());
   }
-  EncodeBcdFrequency(record.data() + kRecordReceive, In100Hz(channel.receive_10hz),
-                     kFrequencyDigits);
-  EncodeBcdFrequency(record.data() + kRecordOffset, OffsetField(channel), kFrequencyDigits);
-  SetBits(record[kRecordShiftPowerTone], 0x03, channel.shift);
+  StoreReceive(record.data(), TensOfHertz(channel.receive_10hz));
+  StoreOffset(record.data(), OffsetField(channel, region));
+  WriteBits(record, kRecordShiftBits, PlaceOf(channel.shift));
   StoreTone(record, channel);
   return record;
 }
@@ -111,7 +96,7 @@ void CopyTexts(CloneImage& image, int t, const MergeSource& source, int s) {
 std::optional<ChannelRecord> MergedRecord(const CloneImage& working_copy, const MergeSource& source,
                                           int s) {
   if (!IsSameModel(source)) {
-    return BuildRecord(working_copy, *SourceSummary(source, s));
+    return BuildRecord(working_copy, *SourceSummary(source, s), source.region);
   }
   const std::uint8_t* stored = SourceRecord(source, s);
   if (stored == nullptr) {
@@ -131,7 +116,8 @@ void SetMergeKey(MergeOptions& options, std::string_view text) {
 
 bool IsAvailable(const MergeSource& source, int s) {
   const std::optional<ChannelSummary> channel = SourceSummary(source, s);
-  return channel && channel->in_use && BandOf(In100Hz(channel->receive_10hz)) <= kAir;
+  return channel && channel->in_use &&
+         BandOf(TensOfHertz(channel->receive_10hz), source.region) <= Band::kAir;
 }
 
 bool IsSelectedForMerge(const MergeSource& source, const MergeOptions& options, int s) {

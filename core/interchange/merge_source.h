@@ -9,9 +9,10 @@
 #include <string>
 #include <string_view>
 
-#include "core/files/channel_summary.h"
 #include "core/files/file_boxes.h"
 #include "core/image/clone_image.h"
+#include "core/image/derived_tables.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
 
@@ -21,6 +22,7 @@ namespace qz7 {
 struct MergeSource {
   std::unique_ptr<std::uint8_t[]> bytes;
   std::size_t size = 0;
+  RegionVariant region;  // of the program: its bands tell what can be merged
 
   bool IsLoaded() const { return bytes != nullptr; }
   std::span<const std::uint8_t> View() const { return {bytes.get(), size}; }

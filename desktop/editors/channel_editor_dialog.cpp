@@ -2,8 +2,6 @@
 
 #include <windows.h>
 
-#include <array>
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -97,10 +95,10 @@ void ShowChannel(HWND dialog) {
   SetWindowTextA(dialog, EditorTitle(window.document.image, editor.n).c_str());
   ShowFollowers(dialog);
   CheckRadioButton(dialog, ID_SHIFT_SIMPLEX, ID_SHIFT_ODD_SPLIT,
-                   ID_SHIFT_SIMPLEX + editor.choices.shift);
-  SelectInList(dialog, ID_MODE, editor.choices.mode.value_or(-1));
-  SelectInList(dialog, ID_POWER, editor.choices.power.value_or(-1));
-  SelectInList(dialog, ID_TONE_TYPE, editor.choices.tone_mode.value_or(-1));
+                   ID_SHIFT_SIMPLEX + PlaceOf(editor.choices.shift));
+  SelectInList(dialog, ID_MODE, PlaceOf(editor.choices.mode).value_or(-1));
+  SelectInList(dialog, ID_POWER, PlaceOf(editor.choices.power).value_or(-1));
+  SelectInList(dialog, ID_TONE_TYPE, PlaceOf(editor.choices.tone_mode).value_or(-1));
   SelectInList(dialog, ID_TONE, editor.choices.tone_index.value_or(-1));
   SelectInList(dialog, ID_DCS, editor.choices.dcs_index.value_or(-1));
   Check(dialog, ID_OPTION_A, editor.choices.option_a);
@@ -130,13 +128,13 @@ void TakeFields(HWND dialog) {
   ChannelEditor& editor = WindowOf(dialog).editor;
   editor.receive = ControlText(dialog, ID_RECEIVE);
   editor.transmit = ControlText(dialog, ID_TRANSMIT);
-  editor.choices.mode = ChosenInList(dialog, ID_MODE);
-  editor.choices.power = ChosenInList(dialog, ID_POWER);
-  editor.choices.tone_mode = ChosenInList(dialog, ID_TONE_TYPE);
+  editor.choices.mode = CodeAt<Mode>(kModeNames, ChosenInList(dialog, ID_MODE));
+  editor.choices.power = CodeAt<Power>(kPowerNames, ChosenInList(dialog, ID_POWER));
+  editor.choices.tone_mode = CodeAt<ToneMode>(kToneModeNames, ChosenInList(dialog, ID_TONE_TYPE));
   editor.choices.tone_index = ChosenInList(dialog, ID_TONE);
   editor.choices.dcs_index = ChosenInList(dialog, ID_DCS);
   if (const auto step = ChosenInList(dialog, ID_STEP)) {
-    editor.choices.step = editor.steps[static_cast<std::size_t>(*step)].index;
+    editor.choices.step = editor.steps[static_cast<std::size_t>(*step)].step;
   }
   editor.choices.option_a = IsChecked(dialog, ID_OPTION_A);
   editor.choices.option_b = IsChecked(dialog, ID_OPTION_B);
@@ -248,7 +246,8 @@ void OnOffsetLeft(HWND dialog) {
 
 void OnShift(HWND dialog, int control) {
   if (IsChecked(dialog, control)) {
-    Do(dialog, [=](ChannelEditor& editor) { ChangeShift(editor, control - ID_SHIFT_SIMPLEX); });
+    const auto shift = static_cast<Shift>(control - ID_SHIFT_SIMPLEX);
+    Do(dialog, [=](ChannelEditor& editor) { ChangeShift(editor, shift); });
   }
 }
 
@@ -264,14 +263,14 @@ void FillLists(HWND dialog) {
   FillList(dialog, ID_MODE, kModeNames);
   FillList(dialog, ID_POWER, kPowerNames);
   FillList(dialog, ID_TONE_TYPE, kToneModeNames);
-  std::array<char, 16> text{};
+  const auto add = [=](int control, const std::string& text) {
+    SendDlgItemMessageA(dialog, control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+  };
   for (const int tone : kTones) {
-    std::snprintf(text.data(), text.size(), "%d.%d", tone / 10, tone % 10);
-    SendDlgItemMessageA(dialog, ID_TONE, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.data()));
+    add(ID_TONE, ToneText(tone));
   }
   for (const int code : kDcsCodes) {
-    std::snprintf(text.data(), text.size(), "%03d", code);
-    SendDlgItemMessageA(dialog, ID_DCS, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.data()));
+    add(ID_DCS, DcsText(code));
   }
 }
 
@@ -365,7 +364,7 @@ INT_PTR CALLBACK DlgProcEditChannel(HWND dialog, UINT message, WPARAM w, LPARAM 
 }  // namespace
 
 bool ShowChannelEditorDialog(Document& document, int n, const EditorListener& listener) {
-  auto editor = OpenChannelEditor(document.image, n);
+  auto editor = OpenChannelEditor(document.image, n, document.region);
   if (!editor) {
     return false;
   }

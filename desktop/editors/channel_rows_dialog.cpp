@@ -42,21 +42,22 @@ void SelectRow(HWND list, int row) {
   Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(top));
 }
 
-void FillRows(HWND list, const CloneImage& image) {
+void FillRows(HWND list, const CloneImage& image, const RegionVariant& region) {
   const int count = GetChannelCount(image);
   constexpr int kRowBytes = 40;
   Ask(list, LB_INITSTORAGE, static_cast<WPARAM>(count), LPARAM{count} * kRowBytes);
   for (int n = 1; n <= count; ++n) {
-    Ask(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(FormatListRow(image, n).c_str()));
+    Ask(list, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(FormatListRow(image, n, region).c_str()));
   }
 }
 
-void WriteRows(HWND list, const CloneImage& image, int first, int count) {
+void WriteRows(HWND list, const CloneImage& image, const RegionVariant& region, int first,
+               int count) {
   const int top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
   for (int row = first; row < first + count; ++row) {
     Ask(list, LB_DELETESTRING, static_cast<WPARAM>(row));
     Ask(list, LB_INSERTSTRING, static_cast<WPARAM>(row),
-        reinterpret_cast<LPARAM>(FormatListRow(image, row + 1).c_str()));
+        reinterpret_cast<LPARAM>(FormatListRow(image, row + 1, region).c_str()));
   }
   Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(top));
 }

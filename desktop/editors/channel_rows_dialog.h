@@ -6,14 +6,16 @@
 #include <vector>
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 
 namespace qz7 {
 
 // The list box of the memory list: row 0 is channel 1.
 
-void FillRows(HWND list, const CloneImage& image);
+void FillRows(HWND list, const CloneImage& image, const RegionVariant& region);
 // Writes `count` rows anew; the list stays where it was scrolled to.
-void WriteRows(HWND list, const CloneImage& image, int first, int count);
+void WriteRows(HWND list, const CloneImage& image, const RegionVariant& region, int first,
+               int count);
 
 std::vector<int> SelectedRows(HWND list);
 // Selects one row alone, without scrolling.

@@ -40,10 +40,11 @@ void AddRow(HWND dialog, int list, const std::string& row) {
 }
 
 void FillChannelList(HWND dialog) {
-  const CloneImage& image = WindowOf(dialog).working_copy;
+  const auto& window = WindowOf(dialog);
+  const CloneImage& image = window.working_copy;
   Ask(dialog, ID_GROUP_CHANNELS, WM_SETREDRAW, FALSE);
   for (int n = 1; n <= GetChannelCount(image); ++n) {
-    AddRow(dialog, ID_GROUP_CHANNELS, GroupChannelRow(image, n));
+    AddRow(dialog, ID_GROUP_CHANNELS, GroupChannelRow(image, n, window.editor.region));
   }
   Ask(dialog, ID_GROUP_CHANNELS, WM_SETREDRAW, TRUE);
 }
@@ -231,9 +232,10 @@ INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l)
 
 }  // namespace
 
-bool ShowGroupsDialog(const CloneImage& image, CloneImage& working_copy, int g) {
+bool ShowGroupsDialog(const CloneImage& image, CloneImage& working_copy, int g,
+                      const RegionVariant& region) {
   GroupsWindow window{.image = image, .working_copy = working_copy};
-  window.editor = OpenGroupEditor(image, working_copy, g);
+  window.editor = OpenGroupEditor(image, working_copy, g, region);
   return RunDialog("DLLDlgGroupList", DlgProcGroupList, &window) == 0;
 }
 

@@ -55,7 +55,8 @@ void ShowChange(HWND dialog, const ListChange& change, std::optional<int> select
   }
   const HWND list = ListOf(dialog);
   ChangeRows(list, [&] {
-    WriteRows(list, StateOf<ListWindow>(dialog).document.image, change.first_row, change.row_count);
+    const Document& document = StateOf<ListWindow>(dialog).document;
+    WriteRows(list, document.image, document.region, change.first_row, change.row_count);
     if (change.selection) {
       SelectRow(list, *change.selection);
       if (change.selection != selected_before) {
@@ -102,7 +103,7 @@ void OnEdit(HWND dialog) {
   const auto written = [&](int n) {
     ChangeRows(list, [&] {
       const std::vector<int> selected = SelectedRows(list);
-      WriteRows(list, window.document.image, n - 1, 1);
+      WriteRows(list, window.document.image, window.document.region, n - 1, 1);
       if (!selected.empty()) {
         SelectRow(list, selected.front());
       }
@@ -206,7 +207,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   UseFont(dialog, ID_CHANNEL_LIST, window.font);
   SetColumns(dialog, window);
   const HWND list = ListOf(dialog);
-  ChangeRows(list, [&] { FillRows(list, window.document.image); });
+  ChangeRows(list, [&] { FillRows(list, window.document.image, window.document.region); });
   SelectRow(list, 0);
   SetFocus(list);
   return FALSE;

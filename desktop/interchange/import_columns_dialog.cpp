@@ -50,7 +50,7 @@ void ShowButtons(HWND dialog) {
   const ColumnDialog& columns = StateOf<ColumnsWindow>(dialog).columns;
   // A button that is switched off must not keep the keyboard.
   SetFocus(GetDlgItem(dialog, ID_COLUMN_TEXTS));
-  for (int k = 0; k < kImportFieldCount; ++k) {
+  for (int k = 0; k < kCsvColumnCount; ++k) {
     EnableWindow(GetDlgItem(dialog, ID_FIRST_FIELD + k),
                  columns.enabled[static_cast<std::size_t>(k)] ? TRUE : FALSE);
   }
@@ -116,7 +116,7 @@ void OnCommand(HWND dialog, int control, int notification) {
       ShowHelp(kHelpImportColumns);
       break;
     default:
-      if (control >= ID_FIRST_FIELD && control < ID_FIRST_FIELD + kImportFieldCount) {
+      if (control >= ID_FIRST_FIELD && control < ID_FIRST_FIELD + kCsvColumnCount) {
         OnField(dialog, control - ID_FIRST_FIELD);
       }
       break;

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "core/interchange/decimal.h"
+#include "core/image/decimal.h"
 #include "core/interchange/merge_dialog_rules.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help.h"

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/interchange/decimal.h"
+#include "core/image/decimal.h"
 #include "core/interchange/import_placement.h"
 #include "core/interchange/import_selection.h"
 #include "desktop/toolkit/dialog_support.h"
@@ -28,6 +28,7 @@ struct SelectionWindow {
   CloneImage& image;
   ImportSession& session;
   ImportLines& lines;
+  const RegionVariant& region;
   ImportList list;
   HFONT row_font = nullptr;
 };
@@ -136,7 +137,7 @@ std::vector<int> SelectedRows(HWND dialog) {
 void OnOk(HWND dialog) {
   auto& window = StateOf<SelectionWindow>(dialog);
   const int start = DecimalValue(ControlText(dialog, ID_START_MEMORY));
-  switch (AcceptSelection(window.image, window.list, SelectedRows(dialog), start)) {
+  switch (AcceptSelection(window.image, window.list, SelectedRows(dialog), start, window.region)) {
     case ImportAnswer::kPlaced:
       EndDialog(dialog, kPlaced);
       break;
@@ -188,8 +189,10 @@ INT_PTR CALLBACK DlgProcSelectList(HWND dialog, UINT message, WPARAM w, LPARAM l
 
 }  // namespace
 
-bool ShowSelectionDialog(CloneImage& image, ImportSession& session, ImportLines& lines) {
-  SelectionWindow window{.image = image, .session = session, .lines = lines, .list = {}};
+bool ShowSelectionDialog(CloneImage& image, ImportSession& session, ImportLines& lines,
+                         const RegionVariant& region) {
+  SelectionWindow window{
+      .image = image, .session = session, .lines = lines, .region = region, .list = {}};
   const INT_PTR end = RunDialog("DlgSelectList", DlgProcSelectList, &window);
   DeleteObject(window.row_font);
   return end == kPlaced;

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "core/image/clone_image.h"
+#include "core/image/region_variant.h"
 #include "core/interchange/import_lines.h"
 #include "core/interchange/import_session.h"
 
@@ -8,6 +9,7 @@ namespace qz7 {
 
 // Lists what the lines hold by the session's columns, and writes what the user selects into the
 // image; true with OK, otherwise the image is unchanged.
-bool ShowSelectionDialog(CloneImage& image, ImportSession& session, ImportLines& lines);
+bool ShowSelectionDialog(CloneImage& image, ImportSession& session, ImportLines& lines,
+                         const RegionVariant& region);
 
 }  // namespace qz7

@@ -132,7 +132,7 @@ void PrintLinesOn(const ChosenPrinter& chosen, const std::vector<std::string>& l
 
 void PrintDocument(const Document& document, DtmfDisplay display) {
   PrintText text;
-  if (!BuildPrintText(document.image, document.name, display, text)) {
+  if (!BuildPrintText(document.image, document.name, display, document.region, text)) {
     return;
   }
   const auto chosen = ShowPrintBox();

@@ -9,7 +9,7 @@ namespace {
 
 class ImportColumnsDialogTest : public InterchangeWindowTest {
  protected:
-  static std::uint32_t ColumnOf(ImportField field) {
+  static std::uint32_t ColumnOf(CsvColumn field) {
     return app.import_session.columns[static_cast<std::size_t>(field)];
   }
 };
@@ -20,7 +20,7 @@ std::vector<std::string> TextsOf(HWND dialog) { return RowsOf(dialog, ID_COLUMN_
 // The numbers of the buttons that can be pressed, from 0.
 std::vector<int> EnabledFields(HWND dialog) {
   std::vector<int> fields;
-  for (int k = 0; k < kImportFieldCount; ++k) {
+  for (int k = 0; k < kCsvColumnCount; ++k) {
     if (IsEnabled(dialog, ID_FIRST_FIELD + k)) {
       fields.push_back(k);
     }
@@ -34,10 +34,10 @@ TEST_F(ImportColumnsDialogTest, TheButtonsAreTheFieldsInOrder) {
   ChooseText("list.csv", "146.52,CALL\n");
   const DialogScript import(BrowseAndAccept);
   const DialogScript script([](HWND dialog) {
-    for (int k = 0; k < kImportFieldCount; ++k) {
+    for (int k = 0; k < kCsvColumnCount; ++k) {
       std::string text = TextOf(dialog, ID_FIRST_FIELD + k);
       std::erase(text, '&');
-      EXPECT_EQ(text, kImportFields[static_cast<std::size_t>(k)].name);
+      EXPECT_EQ(text, kCsvColumns[static_cast<std::size_t>(k)].title);
     }
     CancelDialog(dialog);
   });
@@ -59,9 +59,9 @@ TEST_F(ImportColumnsDialogTest, TheHeaderLineAssignsItsColumns) {
   });
   const DialogScript selection(CancelDialog);
   Import();
-  EXPECT_EQ(ColumnOf(kCommentField), 1U);
+  EXPECT_EQ(ColumnOf(kCommentColumn), 1U);
   EXPECT_EQ(ColumnOf(kEncFrequency), 6U);
-  EXPECT_EQ(ColumnOf(kOffsetField), 0U);
+  EXPECT_EQ(ColumnOf(kOffsetColumn), 0U);
 }
 
 TEST_F(ImportColumnsDialogTest, AButtonGivesTheSelectedColumnItsField) {
@@ -71,7 +71,7 @@ TEST_F(ImportColumnsDialogTest, AButtonGivesTheSelectedColumnItsField) {
     EXPECT_EQ(FieldsOf(dialog), (std::vector<std::string>{"", ""}));
     EXPECT_EQ(EnabledFields(dialog), kAllFields);
     ClickRow(dialog, ID_COLUMN_TEXTS, 1);
-    Press(dialog, ID_FIRST_FIELD + kNameField);
+    Press(dialog, ID_FIRST_FIELD + kNameColumn);
     EXPECT_EQ(FieldsOf(dialog), (std::vector<std::string>{"", "Name"}));
     EXPECT_TRUE(EnabledFields(dialog).empty());
     ClickRow(dialog, ID_COLUMN_TEXTS, 0);
@@ -82,7 +82,7 @@ TEST_F(ImportColumnsDialogTest, AButtonGivesTheSelectedColumnItsField) {
   const DialogScript selection(CancelDialog);
   Import();
   EXPECT_EQ(ColumnOf(kRxFrequency), 1U);
-  EXPECT_EQ(ColumnOf(kNameField), 2U);
+  EXPECT_EQ(ColumnOf(kNameColumn), 2U);
 }
 
 TEST_F(ImportColumnsDialogTest, SelectingAColumnTakesItsFieldAway) {
@@ -92,20 +92,20 @@ TEST_F(ImportColumnsDialogTest, SelectingAColumnTakesItsFieldAway) {
     ClickRow(dialog, ID_COLUMN_TEXTS, 0);
     EXPECT_EQ(FieldsOf(dialog), (std::vector<std::string>{"", "Name"}));
     EXPECT_TRUE(IsEnabled(dialog, ID_FIRST_FIELD + kRxFrequency));
-    EXPECT_FALSE(IsEnabled(dialog, ID_FIRST_FIELD + kNameField));
+    EXPECT_FALSE(IsEnabled(dialog, ID_FIRST_FIELD + kNameColumn));
     AcceptDialog(dialog);
   });
   const DialogScript selection(CancelDialog);
   Import();
   EXPECT_EQ(ColumnOf(kRxFrequency), 0U);
-  EXPECT_EQ(ColumnOf(kNameField), 2U);
+  EXPECT_EQ(ColumnOf(kNameColumn), 2U);
 }
 
 TEST_F(ImportColumnsDialogTest, AButtonWithoutASelectedColumnAssignsNothing) {
   ChooseText("list.csv", "146.52,CALL\n");
   const DialogScript import(BrowseAndAccept);
   const DialogScript script([](HWND dialog) {
-    Press(dialog, ID_FIRST_FIELD + kNameField);
+    Press(dialog, ID_FIRST_FIELD + kNameColumn);
     EXPECT_EQ(FieldsOf(dialog), (std::vector<std::string>{"", ""}));
     EXPECT_TRUE(EnabledFields(dialog).empty());
     AcceptDialog(dialog);
@@ -183,7 +183,7 @@ TEST_F(ImportColumnsDialogTest, ClosingItEndsTheImport) {
   const DialogScript script([](HWND dialog) { SendMessageA(dialog, WM_CLOSE, 0, 0); });
   Import();
   EXPECT_EQ(Image(), before);
-  EXPECT_EQ(ColumnOf(kNameField), 5U);  // as the header line has it
+  EXPECT_EQ(ColumnOf(kNameColumn), 5U);  // as the header line has it
 }
 
 TEST_F(ImportColumnsDialogTest, BothListsScrollTogether) {

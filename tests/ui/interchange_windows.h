@@ -38,8 +38,7 @@ class InterchangeWindowTest : public WindowTest {
 
 // A list of the program's samples.
 inline Bytes Sample(const std::string& name) {
-  const auto top = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
-  return FileBytes((top / "samples" / name).string());
+  return FileBytes((std::filesystem::path(QZ7_SAMPLES) / name).string());
 }
 
 inline std::vector<std::string> RowsOf(HWND dialog, int list) {

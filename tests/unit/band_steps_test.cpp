@@ -15,7 +15,7 @@ using namespace image_fixture;
 
 TEST(DefaultStep, FollowsTheBand) {
   struct Case {
-    Frequency f;
+    Units f;
     int step;
   };
   constexpr std::array kCases = {
@@ -39,8 +39,8 @@ TEST(DefaultStep, OfMwIs9KilohertzForTheExtendedVersion) {
 
 TEST(DefaultBandOffset, IsSetForThreeBandsOnly) {
   struct Case {
-    Frequency f;
-    Frequency offset;
+    Units f;
+    Units offset;
   };
   constexpr std::array kCases = {
       Case{520'000, 5'000},
@@ -75,10 +75,10 @@ constexpr const char* kFullList =
 constexpr const char* kExtendedList =
     "5 kHz=0 9 kHz=8 10 kHz=1 12.5 kHz=2 15 kHz=3 20 kHz=4 25 kHz=5 50 kHz=6 100 kHz=7 ";
 
-std::string ListText(std::optional<Frequency> f, int n) {
+std::string ListText(std::optional<Units> f, int n) {
   std::string text;
   for (const StepChoice& choice : FillStepList(f, n)) {
-    text += std::string(choice.text) + "=" + std::to_string(choice.index) + " ";
+    text += std::string(choice.text) + "=" + std::to_string(static_cast<int>(choice.step)) + " ";
   }
   return text;
 }
@@ -87,7 +87,7 @@ TEST(StepList, Stores20KilohertzOfTheShortListAsThe15KilohertzStep) {
   const std::vector<StepChoice> choices = FillStepList(500'000, 1);
   ASSERT_EQ(choices.size(), 6U);
   EXPECT_STREQ(choices[2].text, "20 kHz");
-  EXPECT_EQ(choices[2].index, 3);
+  EXPECT_EQ(choices[2].step, 3);
   EXPECT_STREQ(kStepNames[3], "15 kHz");
 }
 
@@ -111,7 +111,7 @@ TEST(StepList, IsShortForTheFm6mAndAct2SlotsWithoutAFrequency) {
 }
 
 struct ListBorder {
-  Frequency from;
+  Units from;
   bool is_short;
 };
 
@@ -139,7 +139,7 @@ TEST(StepList, FollowsTheFrequencyAloneOnceThereIsOne) {
 
 TEST(StepList, FollowsTheBandsOfTheOtherRegions) {
   {
-    const RegionGuard guard({.region = 1});
+    const RegionGuard guard({.variant = Variant::kOne});
     ExpectListBorders({{480'000, true},
                        {880'001, false},
                        {2'500'000, true},
@@ -147,7 +147,7 @@ TEST(StepList, FollowsTheBandsOfTheOtherRegions) {
                        {5'800'000, true},
                        {9'990'001, false}});
   }
-  const RegionGuard guard({.region = 2, .sub_variant = 6});
+  const RegionGuard guard({.variant = Variant::kTwo, .sub_variant = 6});
   ExpectListBorders({{480'000, true},
                      {760'000, false},
                      {2'500'000, true},

@@ -37,10 +37,10 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "145.0125");
-             ChangeShift(e, 1);
-             e.choices.tone_mode = 1;
+             ChangeShift(e, Shift::kMinus);
+             e.choices.tone_mode = ToneMode::kEncode;
              e.choices.tone_index = 8;
-             e.choices.step = 2;
+             e.choices.step = Step::kKhz12Half;
              e.choices.name = "RPT1";
              e.choices.icon = 5;
              e.choices.option_a = true;
@@ -52,12 +52,12 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "438.95");
-             ChangeShift(e, 1);
+             ChangeShift(e, Shift::kMinus);
              ChooseOffset(e, 5);
-             e.choices.tone_mode = 2;
+             e.choices.tone_mode = ToneMode::kSquelch;
              e.choices.tone_index = 38;
-             e.choices.power = 1;
-             e.choices.step = 5;
+             e.choices.power = Power::kLow2;
+             e.choices.step = Step::kKhz25;
              e.choices.icon = 26;
              e.choices.name = "12345678";
            },
@@ -68,13 +68,13 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "433.5");
-             ChangeShift(e, 3);
+             ChangeShift(e, Shift::kOddSplit);
              e.transmit = "146.5125";
-             e.choices.tone_mode = 3;
+             e.choices.tone_mode = ToneMode::kDcs;
              e.choices.dcs_index = 103;
-             e.choices.mode = 1;
-             e.choices.power = 1;
-             e.choices.step = 5;
+             e.choices.mode = Mode::kAm;
+             e.choices.power = Power::kLow2;
+             e.choices.step = Step::kKhz25;
              e.choices.option_b = true;
            },
        .record = {0xA4, 0x05, 0x43, 0x35, 0x00, 0x01, ' ',  ' ',  ' ',  ' ',  ' ',
@@ -84,7 +84,7 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "145.0125");
-             ChangeShift(e, 2);
+             ChangeShift(e, Shift::kPlus);
              TypeOffset(e, "1.605");
            },
        // 145012 is no multiple of 5 kHz; 146.6175 MHz is on the 6.25 kHz grid no less.
@@ -95,7 +95,7 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "145");
-             ChangeShift(e, 3);
+             ChangeShift(e, Shift::kOddSplit);
              e.transmit = "146.001";
            },
        .record = {0x84, 0x00, 0x14, 0x50, 0x00, 0x00, ' ',  ' ',  ' ',  ' ',  ' ',
@@ -106,7 +106,7 @@ std::vector<Entry> Entries() {
            [](ChannelEditor& e) {
              Receive(e, "1.000");
              TakeBandDefaults(e);
-             e.choices.mode = 1;
+             e.choices.mode = Mode::kAm;
            },
        .record = {0x80, 0x01, 0x00, 0x10, 0x00, 0x01, ' ',  ' ',  ' ',  ' ',  ' ',
                   ' ',  ' ',  ' ',  0x00, 0x00, 0x00, 0x0C, 0x0C, 0x00, 0xFF, 0xFF}},
@@ -115,8 +115,8 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "98.1");
-             e.choices.mode = 2;
-             e.choices.power = 0;
+             e.choices.mode = Mode::kFmWide;
+             e.choices.power = Power::kLow1;
            },
        .record = {0x80, 0x05, 0x09, 0x81, 0x00, 0x02, ' ',  ' ',  ' ',  ' ',  ' ',
                   ' ',  ' ',  ' ',  0x00, 0x06, 0x00, 0x00, 0x0C, 0x00, 0xFF, 0xFF}},
@@ -125,8 +125,8 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "51.02");
-             e.choices.step = e.steps[2].index;
-             e.choices.power = 2;
+             e.choices.step = e.steps[2].step;
+             e.choices.power = Power::kLow3;
            },
        .record = {0xC0, 0x03, 0x05, 0x10, 0x20, 0x00, ' ',  ' ',  ' ',  ' ',  ' ',
                   ' ',  ' ',  ' ',  0x00, 0x06, 0x00, 0x08, 0x0C, 0x00, 0xFF, 0xFF}},
@@ -135,7 +135,7 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "145.005");
-             e.choices.step = 1;
+             e.choices.step = Step::kKhz10;
            },
        .record = {0x80, 0x01, 0x14, 0x50, 0x05, 0x00, ' ',  ' ',  ' ',  ' ',  ' ',
                   ' ',  ' ',  ' ',  0x00, 0x06, 0x00, 0x0C, 0x0C, 0x00, 0xFF, 0xFF}},
@@ -144,7 +144,7 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "145.3");
-             e.choices = {.shift = 2, .step = 5, .icon = 9, .name = "HOME"};
+             e.choices = {.shift = Shift::kPlus, .step = Step::kKhz25, .icon = 9, .name = "HOME"};
              TypeOffset(e, "600k");
            },
        .record = {0x80, 0x05, 0x14, 0x53, 0x00, 0x00, 'H',  'O',  'M',  'E',  ' ',
@@ -154,7 +154,7 @@ std::vector<Entry> Entries() {
        .enter =
            [](ChannelEditor& e) {
              Receive(e, "446.0125");
-             e.choices = {.shift = 0, .step = 2, .name = ""};
+             e.choices = {.shift = Shift::kSimplex, .step = Step::kKhz12Half, .name = ""};
              TypeOffset(e, "5");
            },
        .record = {0x85, 0x02, 0x44, 0x60, 0x12, 0x00, ' ',  ' ',  ' ',  ' ',  ' ',
@@ -167,7 +167,7 @@ TEST(ChannelEditorBytes, AreTheOnesOfTheTables) {
     SCOPED_TRACE(entry.what);
     auto image = MakeWideImage();
     PutBytes(*image, RecordPlace(entry.n), Bytes(22, 0xFF));
-    ChannelEditor editor = *OpenChannelEditor(*image, entry.n);
+    ChannelEditor editor = *OpenChannelEditor(*image, entry.n, test_region);
     entry.enter(editor);
     EXPECT_EQ(AcceptChannel(*image, editor).refused, EditorField::kNone);
     EXPECT_EQ(BytesAt(*image, RecordPlace(entry.n), 22), entry.record);
@@ -177,11 +177,11 @@ TEST(ChannelEditorBytes, AreTheOnesOfTheTables) {
 
 // The 9 kHz grid of the regions that have it: class 2 for both frequencies.
 TEST(ChannelEditorBytes, HaveTheNineKilohertzGridOutsideRegion0) {
-  const RegionGuard guard({.region = 1, .extended_version = true});
+  const RegionGuard guard({.variant = Variant::kOne, .extended_version = true});
   auto image = MakeImage();
   (*image)[3068] = 1;
   PutBytes(*image, RecordPlace(7), Bytes(22, 0xFF));
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   Receive(editor, "1.602");
   TakeBandDefaults(editor);
   EXPECT_EQ(AcceptChannel(*image, editor).refused, EditorField::kNone);
@@ -199,7 +199,7 @@ TEST(ChannelEditorBytes, ShowAgainAsTheyWereEntered) {
     } else {
       PutBytes(*image, RecordPlace(entry.n), entry.record);
     }
-    ChannelEditor editor = *OpenChannelEditor(*image, entry.n);
+    ChannelEditor editor = *OpenChannelEditor(*image, entry.n, test_region);
     EXPECT_FALSE(AcceptChannel(*image, editor).record_changed);
     EXPECT_EQ(BytesAt(*image, RecordPlace(entry.n), 22), entry.record);
   }

@@ -42,20 +42,20 @@ void ExpectRefused(CloneImage& image, ChannelEditor& editor, const char* text, c
 
 void ExpectReceiveRefused(CloneImage& image, int n, const std::string& receive) {
   SCOPED_TRACE(receive);
-  ChannelEditor editor = *OpenChannelEditor(image, n);
+  ChannelEditor editor = *OpenChannelEditor(image, n, test_region);
   editor.receive = receive;
   ExpectRefused(image, editor, kReceiveText, "QZ-7H Programmer", EditorField::kReceive);
 }
 
 ChannelEnd AcceptReceive(CloneImage& image, int n, const std::string& receive) {
-  ChannelEditor editor = *OpenChannelEditor(image, n);
+  ChannelEditor editor = *OpenChannelEditor(image, n, test_region);
   editor.receive = receive;
   return AcceptChannel(image, editor);
 }
 
 TEST(ChannelEditorOk, ChecksTheOffsetFirst) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   editor.receive = "20";  // invalid as well
   TypeOffset(editor, "100");
   ExpectRefused(*image, editor, "Tx Shift must be less than 99.95MHz.", "Tx Shift Error",
@@ -67,7 +67,7 @@ TEST(ChannelEditorOk, ChecksTheOffsetFirst) {
 
 TEST(ChannelEditorOk, ChecksTheOffsetOfASimplexChannelToo) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   TypeOffset(editor, "0.6012");
   ExpectRefused(*image, editor, "Tx Shift must be a 50kHz step.", "Tx Shift Error",
                 EditorField::kOffset);
@@ -144,8 +144,8 @@ TEST(ChannelEditorOk, RefusesTextThatIsNoFrequencyInsteadOfClearing) {
 
 TEST(ChannelEditorOk, DoesNotRangeCheckTheTransmitFrequency) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
-  ChangeShift(editor, 3);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
+  ChangeShift(editor, Shift::kOddSplit);
   editor.transmit = "20.0013";
   EXPECT_EQ(AcceptChannel(*image, editor).refused, EditorField::kNone);
   EXPECT_EQ(BytesAt(*image, RecordPlace(7) + 14, 3), (Bytes{0x02, 0x00, 0x01}));
@@ -153,8 +153,8 @@ TEST(ChannelEditorOk, DoesNotRangeCheckTheTransmitFrequency) {
 
 TEST(ChannelEditorOk, TakesTheTextsAsTheyStandWhileTheFocusIsStillInThem) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
-  ChangeShift(editor, 2);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
+  ChangeShift(editor, Shift::kPlus);
   editor.receive = "146.94";
   TypeOffset(editor, "1.6");
   EXPECT_TRUE(AcceptChannel(*image, editor).record_changed);
@@ -167,7 +167,7 @@ TEST(ChannelEditorOk, TakesTheTextsAsTheyStandWhileTheFocusIsStillInThem) {
 TEST(ChannelEditorOk, WritesFlagsNameAndComment) {
   auto image = ImageWithChannel7();
   (*image)[3357 + 7] = 0xA3;
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   editor.choices.name = "NEW";
   editor.comment = "on the hill";
   editor.skip = true;
@@ -184,7 +184,7 @@ TEST(ChannelEditorOk, WritesFlagsNameAndComment) {
 TEST(ChannelEditorOk, ClearsTheFlagsThatAreOff) {
   auto image = ImageWithChannel7();
   (*image)[3357 + 7] = 0xFD;
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   editor.skip = editor.masked = editor.option = false;
   AcceptChannel(*image, editor);
   EXPECT_EQ((*image)[3357 + 7], 0xF3);
@@ -198,7 +198,7 @@ TEST(ChannelEditorOk, MakesAnUnprogrammedChannelProgrammedAndShown) {
 
 TEST(ChannelEditorOk, MakesAProgrammedChannelProgrammedAgainThoughNothingElseChanged) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   (*image)[3357 + 7] = 0x02;
   EXPECT_FALSE(AcceptChannel(*image, editor).record_changed);
   EXPECT_EQ((*image)[3357 + 7], 0x03);
@@ -207,7 +207,7 @@ TEST(ChannelEditorOk, MakesAProgrammedChannelProgrammedAgainThoughNothingElseCha
 TEST(ChannelEditorOk, TakesAMaskedChannelOutOfItsGroups) {
   auto image = ImageWithChannel7();
   PutGroups(*image, {{3, 6, 9}, {}, {6}, {9}, {}});
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   editor.masked = true;
   AcceptChannel(*image, editor);
   EXPECT_EQ(GroupsOf(*image), (Groups{{3, 9}, {}, {}, {9}, {}}));
@@ -218,7 +218,7 @@ TEST(ChannelEditorOk, TakesAMaskedChannelOutOfItsGroups) {
 TEST(ChannelEditorOk, LeavesTheGroupsOfAShownChannelAlone) {
   auto image = ImageWithChannel7();
   PutGroups(*image, {{3, 6, 9}, {}, {6}, {9}, {}});
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   AcceptChannel(*image, editor);
   EXPECT_EQ(GroupsOf(*image), (Groups{{3, 6, 9}, {}, {6}, {9}, {}}));
 }
@@ -226,7 +226,7 @@ TEST(ChannelEditorOk, LeavesTheGroupsOfAShownChannelAlone) {
 TEST(ChannelEditorOk, LeavesTheNameTableEntryOfABlankNameEmpty) {
   auto image = ImageWithChannel7();
   for (const char* name : {"", "   ", "        "}) {
-    ChannelEditor editor = *OpenChannelEditor(*image, 7);
+    ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
     editor.choices.name = name;
     AcceptChannel(*image, editor);
     EXPECT_EQ(BytesAt(*image, RecordPlace(7) + 6, 8), Bytes(8, ' '));
@@ -237,7 +237,7 @@ TEST(ChannelEditorOk, LeavesTheNameTableEntryOfABlankNameEmpty) {
 
 TEST(ChannelEditorOk, StoresANameOfAllEightCharacters) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   editor.choices.name = " ABCDEF\xFE";
   AcceptChannel(*image, editor);
   EXPECT_EQ(BytesAt(*image, 11202 + 60, 10),
@@ -248,7 +248,7 @@ TEST(ChannelEditorOk, StoresACommentOnlyWhenItChanged) {
   auto image = ImageWithChannel7();
   const std::size_t place = 13602 + 32 * 6;
   PutBytes(*image, place, Bytes(32, 'c'));  // without an end
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   EXPECT_EQ(editor.comment.size(), 32U);
   AcceptChannel(*image, editor);
   EXPECT_EQ(BytesAt(*image, place, 32), Bytes(32, 'c'));
@@ -269,7 +269,7 @@ TEST(ChannelEditorOk, OfASpecialSlotWritesTheRecordAlone) {
     const std::size_t place = RecordPlace(n);
     PutBytes(*image, place, Simplex());
     const CloneImage before = *image;
-    ChannelEditor editor = *OpenChannelEditor(*image, n);
+    ChannelEditor editor = *OpenChannelEditor(*image, n, test_region);
     editor.receive = "146";
     editor.comment = "none";
     editor.skip = editor.masked = editor.option = true;
@@ -283,7 +283,7 @@ TEST(ChannelEditorOk, OfASpecialSlotWritesTheRecordAlone) {
 
 TEST(ChannelEditorOk, DoesNotMarkAnUntouchedChannelAsChanged) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   const CloneImage before = *image;
   EXPECT_FALSE(AcceptChannel(*image, editor).record_changed);
   EXPECT_EQ(*image, before);
@@ -292,7 +292,7 @@ TEST(ChannelEditorOk, DoesNotMarkAnUntouchedChannelAsChanged) {
 TEST(ChannelEditorOk, KeepsAnUntouchedOffsetWhoseTextReadsAsAnother) {
   auto image = ImageWithChannel7();
   PutBytes(*image, RecordPlace(7) + 14, {0x00, 0x10, 0x50});
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   EXPECT_EQ(editor.offset, "1.500 MHz");
   EXPECT_FALSE(AcceptChannel(*image, editor).record_changed);
   EXPECT_EQ(BytesAt(*image, RecordPlace(7) + 14, 3), (Bytes{0x00, 0x10, 0x50}));
@@ -308,7 +308,7 @@ TEST(ChannelEditorOk, KeepsUntouchedCodesWithoutAMeaning) {
   record[18] = 39;
   record[19] = 104;
   PutChannel(*image, 7, record);
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   EXPECT_EQ(editor.choices.tone_mode, std::nullopt);
   EXPECT_EQ(editor.choices.tone_index, std::nullopt);
   EXPECT_EQ(editor.choices.dcs_index, std::nullopt);
@@ -316,9 +316,9 @@ TEST(ChannelEditorOk, KeepsUntouchedCodesWithoutAMeaning) {
   EXPECT_EQ(StepPosition(editor), std::nullopt);
   EXPECT_FALSE(AcceptChannel(*image, editor).record_changed);
   EXPECT_EQ(BytesAt(*image, RecordPlace(7), 22), record);
-  editor.choices.tone_mode = 3;
-  editor.choices.mode = 1;
-  editor.choices.step = 5;
+  editor.choices.tone_mode = ToneMode::kDcs;
+  editor.choices.mode = Mode::kAm;
+  editor.choices.step = Step::kKhz25;
   editor.choices.dcs_index = 103;
   editor.choices.tone_index = 38;
   EXPECT_TRUE(AcceptChannel(*image, editor).record_changed);
@@ -329,7 +329,7 @@ TEST(ChannelEditorOk, KeepsUntouchedCodesWithoutAMeaning) {
 
 TEST(ChannelTurn, AcceptsTheChannelAndShowsTheNext) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   editor.receive = "146.5";
   const ChannelTurn turn = TurnToNext(*image, editor);
   EXPECT_FALSE(turn.beep);
@@ -343,7 +343,7 @@ TEST(ChannelTurn, AcceptsTheChannelAndShowsTheNext) {
 
 TEST(ChannelTurn, StaysOnARefusedChannel) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   editor.receive = "20";
   const ChannelTurn turn = TurnToNext(*image, editor);
   EXPECT_FALSE(turn.beep);
@@ -354,11 +354,11 @@ TEST(ChannelTurn, StaysOnARefusedChannel) {
 
 TEST(ChannelTurn, OnlyBeepsInFrontOfTheFirstAndBehindTheLastChannel) {
   auto image = ImageWithChannel7();
-  ChannelEditor first = *OpenChannelEditor(*image, 1);
+  ChannelEditor first = *OpenChannelEditor(*image, 1, test_region);
   first.receive = "20";  // would be refused
   EXPECT_TRUE(TurnToPrevious(*image, first).beep);
   EXPECT_EQ(first.n, 1);
-  ChannelEditor last = *OpenChannelEditor(*image, 240);
+  ChannelEditor last = *OpenChannelEditor(*image, 240, test_region);
   last.receive = "145";
   const CloneImage before = *image;
   EXPECT_TRUE(TurnToNext(*image, last).beep);
@@ -369,7 +369,7 @@ TEST(ChannelTurn, OnlyBeepsInFrontOfTheFirstAndBehindTheLastChannel) {
 
 TEST(ChannelTurn, IsForMemoryChannelsOnly) {
   auto image = ImageWithChannel7();
-  ChannelEditor editor = *OpenChannelEditor(*image, -6);
+  ChannelEditor editor = *OpenChannelEditor(*image, -6, test_region);
   EXPECT_TRUE(TurnToNext(*image, editor).beep);
   EXPECT_TRUE(TurnToPrevious(*image, editor).beep);
   EXPECT_EQ(editor.n, -6);

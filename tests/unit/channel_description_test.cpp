@@ -8,6 +8,7 @@
 
 #include "core/files/new_document.h"
 #include "core/image/channel_record.h"
+#include "tests/unit/plain_numbers.h"
 
 namespace qz7 {
 namespace {
@@ -17,7 +18,7 @@ class ChannelDescription : public testing::Test {
   void SetUp() override { MakeNewImage(*image_); }
 
   std::map<std::string, std::string> Describe(int n) {
-    const std::vector<NamedValue> values = DescribeChannel(*image_, n);
+    const std::vector<NamedValue> values = DescribeChannel(*image_, n, test_region);
     return {values.begin(), values.end()};
   }
 
@@ -26,7 +27,7 @@ class ChannelDescription : public testing::Test {
 
 TEST_F(ChannelDescription, HasEveryFieldInOrder) {
   std::string names;
-  for (const auto& [name, value] : DescribeChannel(*image_, 1)) {
+  for (const auto& [name, value] : DescribeChannel(*image_, 1, test_region)) {
     names += name + " ";
   }
   EXPECT_EQ(
@@ -89,8 +90,8 @@ TEST_F(ChannelDescription, LeavesEmptyWhatASlotLacks) {
 
 TEST_F(ChannelDescription, LeavesEmptyWhatHasNoMeaning) {
   std::uint8_t* record = GetChannelRecord(*image_, 1);
-  record[kRecordModeIcon] = 3;
-  record[kRecordShiftPowerTone] = 0xF0;
+  record[5] = 3;
+  record[17] = 0xF0;
   record[kRecordStep] = 9;
   record[kRecordTone] = 39;
   record[kRecordDcs] = 104;
@@ -102,7 +103,7 @@ TEST_F(ChannelDescription, LeavesEmptyWhatHasNoMeaning) {
 
 TEST_F(ChannelDescription, IsEmptyForWhatNamesNoChannel) {
   for (const int n : {0, 241, -31, 1000}) {
-    EXPECT_TRUE(DescribeChannel(*image_, n).empty()) << n;
+    EXPECT_TRUE(DescribeChannel(*image_, n, test_region).empty()) << n;
   }
 }
 

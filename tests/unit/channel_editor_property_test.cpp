@@ -83,7 +83,7 @@ TEST(ChannelEditorProperty, OpenAndOkRewritesOnlyWhatItShowsInAnotherForm) {
     const int n = RandomChannel(dice);
     PutAcceptableRecord(dice, *image, n);
     const CloneImage before = *image;
-    ChannelEditor editor = *OpenChannelEditor(*image, n);
+    ChannelEditor editor = *OpenChannelEditor(*image, n, test_region);
     ASSERT_EQ(AcceptChannel(*image, editor).refused, EditorField::kNone) << n;
     ExpectRecord(BytesAt(*image, RecordPlace(n), 22),
                  Rewritten(BytesAt(before, RecordPlace(n), 22), n));
@@ -104,10 +104,10 @@ TEST(ChannelEditorProperty, OpenAndOkChangesNothingOfAChannelThatItWrote) {
     MakeWide(*image);
     const int n = RandomChannel(dice);
     PutAcceptableRecord(dice, *image, n);
-    ChannelEditor editor = *OpenChannelEditor(*image, n);
+    ChannelEditor editor = *OpenChannelEditor(*image, n, test_region);
     AcceptChannel(*image, editor);
     const CloneImage before = *image;
-    editor = *OpenChannelEditor(*image, n);
+    editor = *OpenChannelEditor(*image, n, test_region);
     EXPECT_FALSE(AcceptChannel(*image, editor).record_changed);
     EXPECT_EQ(DifferingOffsets(before, *image), std::vector<std::size_t>{});
   }
@@ -117,19 +117,19 @@ void ChooseAtRandom(Dice& dice, ChannelEditor& editor) {
   static const std::vector<const char*> receives = {"145.0125", "51.02", "439",  "98.1",
                                                     "1.000",    "7.1",   "121.5"};
   editor.receive = receives[static_cast<std::size_t>(dice.Below(7))];
-  ChangeShift(editor, dice.Below(4));
+  ChangeShift(editor, static_cast<Shift>(dice.Below(4)));
   editor.transmit = receives[static_cast<std::size_t>(dice.Below(7))];
   ChooseOffset(editor, dice.Below(6));
   LeaveReceive(editor);
-  ChannelFields& choices = editor.choices;
-  choices.tone_mode = dice.Below(4);
+  ChannelChoices& choices = editor.choices;
+  choices.tone_mode = static_cast<ToneMode>(dice.Below(4));
   choices.tone_index = dice.Below(39);
   choices.dcs_index = dice.Below(104);
-  choices.mode = dice.Below(3);
-  choices.power = dice.Below(4);
+  choices.mode = static_cast<Mode>(dice.Below(3));
+  choices.power = static_cast<Power>(dice.Below(4));
   choices.step =
       editor.steps[static_cast<std::size_t>(dice.Below(static_cast<int>(editor.steps.size())))]
-          .index;
+          .step;
   choices.icon = dice.Below(27);
   choices.option_a = dice.Heads();
   choices.option_b = dice.Heads();
@@ -148,11 +148,11 @@ TEST(ChannelEditorProperty, WhatIsChosenShowsAgainAndNothingElseIsTouched) {
     MakeWide(*image);
     const CloneImage before = *image;
     const int n = 1 + dice.Below(240);
-    ChannelEditor chosen = *OpenChannelEditor(*image, n);
+    ChannelEditor chosen = *OpenChannelEditor(*image, n, test_region);
     ChooseAtRandom(dice, chosen);
     ASSERT_EQ(AcceptChannel(*image, chosen).refused, EditorField::kNone);
     EXPECT_EQ(Unexpected(before, *image, PlacesOf(*image, n)), std::vector<std::size_t>{});
-    const ChannelEditor shown = *OpenChannelEditor(*image, n);
+    const ChannelEditor shown = *OpenChannelEditor(*image, n, test_region);
     EXPECT_EQ(shown.receive, chosen.receive);
     EXPECT_EQ(shown.transmit, chosen.transmit);
     if (chosen.choices.shift != 3) {
@@ -186,7 +186,7 @@ TEST(ChannelEditorProperty, ARefusalWritesNothing) {
     (*image)[3068] = static_cast<std::uint8_t>(dice.Below(4));
     const int n = RandomChannel(dice);
     const CloneImage before = *image;
-    ChannelEditor editor = *OpenChannelEditor(*image, n);
+    ChannelEditor editor = *OpenChannelEditor(*image, n, test_region);
     if (AcceptChannel(*image, editor).refused != EditorField::kNone) {
       ++refused;
       EXPECT_EQ(DifferingOffsets(before, *image), std::vector<std::size_t>{});
@@ -202,15 +202,15 @@ TEST(ChannelFieldsProperty, TakeTheDescriptionOfTheChannelItself) {
     Dice dice(seed);
     auto image = MakeRandomImage(dice);
     const int n = RandomChannel(dice);
-    const ChannelEditor before = *OpenChannelEditor(*image, n);
+    const ChannelEditor before = *OpenChannelEditor(*image, n, test_region);
     ChannelEditor editor = before;
     std::string why_not;
-    std::vector<NamedValue> values = DescribeChannel(*image, n);
+    std::vector<NamedValue> values = DescribeChannel(*image, n, test_region);
     if (dice.Heads()) {
       std::reverse(values.begin(), values.end());
     }
     ASSERT_TRUE(SetEditorFields(editor, values, why_not)) << why_not;
-    for (const auto& [name, value] : DescribeChannel(*image, n)) {
+    for (const auto& [name, value] : DescribeChannel(*image, n, test_region)) {
       ASSERT_TRUE(SetEditorField(editor, name, value, why_not)) << why_not;
     }
     EXPECT_EQ(editor.receive, before.receive);
@@ -240,13 +240,14 @@ TEST(ChannelFieldsProperty, TakeTheDescriptionOfAnotherChannel) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     Dice dice(seed);
     auto image = MakeWideImage();
-    ChannelEditor source = *OpenChannelEditor(*image, 20);
+    ChannelEditor source = *OpenChannelEditor(*image, 20, test_region);
     ChooseAtRandom(dice, source);
     TakeBandDefaults(source);
     ASSERT_EQ(AcceptChannel(*image, source).refused, EditorField::kNone);
-    ChannelEditor target = *OpenChannelEditor(*image, 30);
+    ChannelEditor target = *OpenChannelEditor(*image, 30, test_region);
     std::string why_not;
-    ASSERT_TRUE(SetEditorFields(target, DescribeChannel(*image, 20), why_not)) << why_not;
+    ASSERT_TRUE(SetEditorFields(target, DescribeChannel(*image, 20, test_region), why_not))
+        << why_not;
     ASSERT_EQ(AcceptChannel(*image, target).refused, EditorField::kNone);
     EXPECT_EQ(ChannelOf(*image, 30), ChannelOf(*image, 20));
   }

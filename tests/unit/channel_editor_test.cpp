@@ -33,13 +33,13 @@ std::vector<std::string> StepTexts(const ChannelEditor& editor) {
   return texts;
 }
 
-ChannelEditor NewChannel(int n = 7) { return *OpenChannelEditor(*MakeWideImage(), n); }
+ChannelEditor NewChannel(int n = 7) { return *OpenChannelEditor(*MakeWideImage(), n, test_region); }
 
 TEST(ChannelEditor, ShowsEveryFieldOfAProgrammedChannel) {
   auto image = MakeWideImage();
   PutChannel(*image, 12, Repeater(), 0x0D);
   PutBytes(*image, 13602 + 32 * 11, {'o', 'n', ' ', 't', 'o', 'p', 0, 'x'});
-  const auto editor = OpenChannelEditor(*image, 12);
+  const auto editor = OpenChannelEditor(*image, 12, test_region);
   ASSERT_TRUE(editor);
   EXPECT_EQ(editor->n, 12);
   EXPECT_EQ(editor->receive, "145.0125");
@@ -67,7 +67,7 @@ TEST(ChannelEditor, ShowsTheDefaultsOfAnUnprogrammedChannel) {
   auto image = MakeWideImage();
   PutChannel(*image, 12, Repeater(), 0x0C);
   PutBytes(*image, 13602 + 32 * 11, {'x', 0});
-  const auto editor = OpenChannelEditor(*image, 12);
+  const auto editor = OpenChannelEditor(*image, 12, test_region);
   ASSERT_TRUE(editor);
   EXPECT_EQ(editor->receive, "");
   EXPECT_EQ(editor->transmit, "");
@@ -93,7 +93,7 @@ TEST(ChannelEditor, ShowsASpecialSlotWhateverItsProgrammedFlag) {
   auto image = MakeWideImage();
   PutBytes(*image, RecordPlace(-26), Repeater());
   (*image)[3578 + 25] = 0x0C;
-  const auto editor = OpenChannelEditor(*image, -26);
+  const auto editor = OpenChannelEditor(*image, -26, test_region);
   ASSERT_TRUE(editor);
   EXPECT_EQ(editor->receive, "145.0125");
   EXPECT_EQ(editor->choices.name, "RPT1");
@@ -105,13 +105,13 @@ TEST(ChannelEditor, ShowsASpecialSlotWhateverItsProgrammedFlag) {
 
 TEST(ChannelEditor, IsNotThereForAnAbsentChannel) {
   auto image = MakeWideImage();
-  EXPECT_FALSE(OpenChannelEditor(*image, 0));
-  EXPECT_FALSE(OpenChannelEditor(*image, 241));
-  EXPECT_FALSE(OpenChannelEditor(*image, -31));
+  EXPECT_FALSE(OpenChannelEditor(*image, 0, test_region));
+  EXPECT_FALSE(OpenChannelEditor(*image, 241, test_region));
+  EXPECT_FALSE(OpenChannelEditor(*image, -31, test_region));
   (*image)[57] = 0xFF;
-  EXPECT_FALSE(OpenChannelEditor(*image, 241));
-  EXPECT_TRUE(OpenChannelEditor(*image, 240));
-  EXPECT_TRUE(OpenChannelEditor(*image, -30));
+  EXPECT_FALSE(OpenChannelEditor(*image, 241, test_region));
+  EXPECT_TRUE(OpenChannelEditor(*image, 240, test_region));
+  EXPECT_TRUE(OpenChannelEditor(*image, -30, test_region));
 }
 
 TEST(ChannelEditor, NamesItsChannelInTheTitle) {
@@ -153,7 +153,7 @@ TEST(ChannelEditor, CannotMaskChannel1) {
 TEST(ChannelEditor, EnablesTheTransmitFieldForAnOddSplitOnly) {
   ChannelEditor editor = NewChannel();
   for (int shift = 0; shift < 4; ++shift) {
-    ChangeShift(editor, shift);
+    ChangeShift(editor, static_cast<Shift>(shift));
     EXPECT_EQ(HasTransmitField(editor), shift == 3) << shift;
   }
 }
@@ -162,14 +162,16 @@ TEST(ChannelEditor, DisablesTheStepOfTheMwSlotsAndInTheMwBand) {
   auto image = MakeWideImage();
   for (int n = -1; n >= -30; --n) {
     PutBytes(*image, RecordPlace(n), RecordOn(0x14, 0x50, 0x00));
-    EXPECT_EQ(HasStepChoice(*OpenChannelEditor(*image, n)), n != -1 && n != -11 && n != -21) << n;
+    EXPECT_EQ(HasStepChoice(*OpenChannelEditor(*image, n, test_region)),
+              n != -1 && n != -11 && n != -21)
+        << n;
   }
   PutChannel(*image, 7, RecordOn(0x00, 0x10, 0x00));
-  EXPECT_FALSE(HasStepChoice(*OpenChannelEditor(*image, 7)));
+  EXPECT_FALSE(HasStepChoice(*OpenChannelEditor(*image, 7, test_region)));
   PutChannel(*image, 7, RecordOn(0x00, 0x17, 0x99));
-  EXPECT_FALSE(HasStepChoice(*OpenChannelEditor(*image, 7)));
+  EXPECT_FALSE(HasStepChoice(*OpenChannelEditor(*image, 7, test_region)));
   PutChannel(*image, 7, RecordOn(0x00, 0x18, 0x00));
-  EXPECT_TRUE(HasStepChoice(*OpenChannelEditor(*image, 7)));
+  EXPECT_TRUE(HasStepChoice(*OpenChannelEditor(*image, 7, test_region)));
   EXPECT_TRUE(HasStepChoice(NewChannel()));
 }
 
@@ -187,8 +189,8 @@ TEST(ChannelEditor, ListsTheStepsOfItsFrequency) {
   LeaveReceive(editor);
   EXPECT_EQ(StepTexts(editor), full);
   const auto image = MakeWideImage();
-  EXPECT_EQ(StepTexts(*OpenChannelEditor(*image, -3)), few);
-  EXPECT_EQ(StepTexts(*OpenChannelEditor(*image, -6)), full);
+  EXPECT_EQ(StepTexts(*OpenChannelEditor(*image, -3, test_region)), few);
+  EXPECT_EQ(StepTexts(*OpenChannelEditor(*image, -6, test_region)), full);
 }
 
 TEST(ChannelEditor, TakesTheStepOfTheBandWhereItsListLacksTheChosenOne) {
@@ -215,13 +217,13 @@ TEST(ChannelEditor, KeepsAStepThatTheRadioStoredAndTheListLacks) {
   Bytes record = RecordOn(0x09, 0x81, 0x00);
   record[1] = 4;
   PutChannel(*image, 7, record);
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   EXPECT_EQ(StepPosition(editor), std::nullopt);
   LeaveReceive(editor);
   EXPECT_EQ(editor.choices.step, 4);
   record[1] = 200;
   PutChannel(*image, 7, record);
-  editor = *OpenChannelEditor(*image, 7);
+  editor = *OpenChannelEditor(*image, 7, test_region);
   EXPECT_EQ(StepPosition(editor), std::nullopt);
   editor.receive = "145";
   LeaveReceive(editor);
@@ -248,7 +250,7 @@ TEST(ChannelEditor, LeavesAnEmptyReceiveFieldEmpty) {
   LeaveReceive(editor);
   EXPECT_EQ(editor.receive, "");
   EXPECT_EQ(editor.transmit, "");
-  ChangeShift(editor, 2);
+  ChangeShift(editor, Shift::kPlus);
   EXPECT_EQ(editor.receive, "");
   EXPECT_EQ(editor.transmit, "");
 }
@@ -264,35 +266,35 @@ TEST(ChannelEditor, LeavesTextThatIsNoFrequencyAsTyped) {
 TEST(ChannelEditor, RecomputesTheTransmitFrequencyWithTheShift) {
   ChannelEditor editor = NewChannel();
   editor.receive = "145";
-  ChangeShift(editor, 1);
+  ChangeShift(editor, Shift::kMinus);
   EXPECT_EQ(editor.receive, "145.0000");
   EXPECT_EQ(editor.transmit, "144.4000");
-  ChangeShift(editor, 2);
+  ChangeShift(editor, Shift::kPlus);
   EXPECT_EQ(editor.transmit, "145.6000");
-  ChangeShift(editor, 0);
+  ChangeShift(editor, Shift::kSimplex);
   EXPECT_EQ(editor.transmit, "145.0000");
 }
 
 TEST(ChannelEditor, StartsAnOddSplitFromTheTransmitFrequencyShown) {
   ChannelEditor editor = NewChannel();
   editor.receive = "145";
-  ChangeShift(editor, 1);
-  ChangeShift(editor, 3);
+  ChangeShift(editor, Shift::kMinus);
+  ChangeShift(editor, Shift::kOddSplit);
   EXPECT_EQ(editor.transmit, "144.4000");
   editor.transmit = "446.1";
   LeaveReceive(editor);
   EXPECT_EQ(editor.transmit, "446.1000");
-  ChangeShift(editor, 2);
+  ChangeShift(editor, Shift::kPlus);
   EXPECT_EQ(editor.transmit, "145.6000");
 }
 
 TEST(ChannelEditor, FallsBackToTheReceiveFrequencyOutOfRange) {
   ChannelEditor editor = NewChannel();
   editor.receive = "0.55";
-  ChangeShift(editor, 1);
+  ChangeShift(editor, Shift::kMinus);
   EXPECT_EQ(editor.transmit, "  0.5500");
   editor.receive = "999.3000";
-  ChangeShift(editor, 2);
+  ChangeShift(editor, Shift::kPlus);
   EXPECT_EQ(editor.transmit, "999.9000");
   editor.receive = "999.3001";
   LeaveReceive(editor);

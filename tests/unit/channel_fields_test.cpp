@@ -11,7 +11,7 @@ namespace {
 using namespace editor_fixture;
 
 ChannelEditor Editor(int n = 7) {
-  ChannelEditor editor = *OpenChannelEditor(*MakeWideImage(), n);
+  ChannelEditor editor = *OpenChannelEditor(*MakeWideImage(), n, test_region);
   std::string why_not;
   if (n > 0) {
     SetEditorField(editor, "rx", "145", why_not);
@@ -151,7 +151,7 @@ TEST(ChannelFields, OfferTheStepsOfTheFrequency) {
   // The list's 20 kHz and the record's 15 kHz are the same stored step here.
   EXPECT_TRUE(Set(editor, "step", "20 kHz"));
   EXPECT_EQ(editor.choices.step, 3);
-  editor.choices.step = 5;
+  editor.choices.step = Step::kKhz25;
   EXPECT_TRUE(Set(editor, "step", "15 kHz"));
   EXPECT_EQ(editor.choices.step, 3);
   Set(editor, "rx", "145");

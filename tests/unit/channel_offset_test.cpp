@@ -16,7 +16,7 @@ Bytes Repeater() {
           ' ',  ' ',  ' ',  0x00, 0x06, 0x00, 0x15, 0x08, 0x01, 0xA5, 0x5A};
 }
 
-ChannelEditor NewChannel(int n = 7) { return *OpenChannelEditor(*MakeWideImage(), n); }
+ChannelEditor NewChannel(int n = 7) { return *OpenChannelEditor(*MakeWideImage(), n, test_region); }
 
 TEST(ChannelOffset, PutsAChosenOffsetIntoItsFieldAndRecomputes) {
   const std::vector<std::string> texts = {"600 kHz", "1 MHz", "1.6 MHz",
@@ -25,7 +25,7 @@ TEST(ChannelOffset, PutsAChosenOffsetIntoItsFieldAndRecomputes) {
                                               "436.0000", "434.0000", "431.4000"};
   ChannelEditor editor = NewChannel();
   editor.receive = "439";
-  ChangeShift(editor, 1);
+  ChangeShift(editor, Shift::kMinus);
   for (int i = 0; i < 6; ++i) {
     ChooseOffset(editor, i);
     EXPECT_EQ(editor.offset, texts[static_cast<std::size_t>(i)]);
@@ -36,7 +36,7 @@ TEST(ChannelOffset, PutsAChosenOffsetIntoItsFieldAndRecomputes) {
 TEST(ChannelOffset, ShowsATypedOffsetInCanonicalFormOnLeavingIt) {
   ChannelEditor editor = NewChannel();
   editor.receive = "439";
-  ChangeShift(editor, 1);
+  ChangeShift(editor, Shift::kMinus);
   TypeOffset(editor, "7.6");
   EXPECT_EQ(editor.transmit, "438.4000");
   EXPECT_TRUE(LeaveOffset(editor));
@@ -79,14 +79,14 @@ TEST(ChannelOffset, LetsAnUntouchedOffsetTextStandForItsValue) {
   record[15] = 0x10;
   record[16] = 0x50;
   PutChannel(*image, 7, record);
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   EXPECT_EQ(editor.offset, "1.500 MHz");
   EXPECT_EQ(OffsetOf(editor), 10'500);
   EXPECT_TRUE(LeaveOffset(editor));
   EXPECT_EQ(editor.offset, "1.500 MHz");
   EXPECT_EQ(OffsetOf(editor), 10'500);
   EXPECT_EQ(editor.transmit, "143.9625");
-  EXPECT_EQ(ChosenFields(editor).offset, 10'500);
+  EXPECT_EQ(FrequenciesOf(editor).offset, 10'500);
 }
 
 TEST(ChannelOffset, ParsesTheSameOffsetTextOnceItIsTyped) {
@@ -106,7 +106,7 @@ TEST(ChannelOffset, RefusesAStoredOffsetThatIsOutOfRange) {
   Bytes record = Repeater();
   record[14] = record[15] = record[16] = 0xFF;  // 1666.665 MHz
   PutChannel(*image, 7, record);
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   EXPECT_FALSE(LeaveOffset(editor));
   EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Tx Shift must be less than 99.95MHz."});
   EXPECT_TRUE(LeaveOffset(editor));
@@ -118,7 +118,7 @@ TEST(ChannelOffset, RefusesAStoredOffsetBesideTheGrid) {
   record[15] = 0x06;
   record[16] = 0x12;  // 612 kHz and a half
   PutChannel(*image, 7, record);
-  ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   EXPECT_FALSE(LeaveOffset(editor));
   EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Tx Shift must be a 50kHz step."});
 }
@@ -130,7 +130,7 @@ TEST(ChannelOffset, OpensTheOffsetOfAnOddSplitAtTheDefault) {
   record[14] = 0x44;
   record[15] = 0x61;
   PutChannel(*image, 7, record);
-  const ChannelEditor editor = *OpenChannelEditor(*image, 7);
+  const ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);
   EXPECT_EQ(editor.offset, "600 kHz");
   EXPECT_EQ(editor.transmit, "446.1000");
 }
@@ -157,7 +157,7 @@ TEST(BandDefaults, AreTheUsualOffsetAndStepOfTheBand) {
 TEST(BandDefaults, RecomputeTheTransmitFrequency) {
   ChannelEditor editor = NewChannel();
   editor.receive = "439";
-  ChangeShift(editor, 1);
+  ChangeShift(editor, Shift::kMinus);
   TakeBandDefaults(editor);
   EXPECT_EQ(editor.transmit, "434.0000");
 }

@@ -119,7 +119,7 @@ TEST(ChannelRecord, ShowsTheDefaultOffsetForAnOddSplitOnly) {
 
 TEST(ChannelRecord, ShowsTheComputedTransmitFrequency) {
   ChannelRecord record = kRecord;
-  constexpr std::array<Frequency, 4> kTransmit = {1'450'000, 1'444'000, 1'456'000, 6'000};
+  constexpr std::array<Units, 4> kTransmit = {1'450'000, 1'444'000, 1'456'000, 6'000};
   for (std::size_t shift = 0; shift < 4; ++shift) {
     record[17] = static_cast<std::uint8_t>(shift);
     EXPECT_EQ(DecodeChannelRecord(record.data()).transmit, kTransmit.at(shift)) << shift;

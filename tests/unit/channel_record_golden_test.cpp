@@ -208,8 +208,8 @@ TEST(ChannelRecord, HoldsTheStepAndItsFlag) {
 }
 
 struct GridCase {
-  Frequency receive;
-  Frequency transmit;
+  Units receive;
+  Units transmit;
   int grid;  // bits 0-3 of record byte 0
 };
 
@@ -233,7 +233,7 @@ TEST(ChannelRecord, HoldsBothGridClassesForEverySlot) {
         GridCase{9'990, 9'950, 0x1}, GridCase{10'000, 9'990, 0x4}}) {
     ExpectGrid(c);
   }
-  const RegionGuard guard({.region = 1});
+  const RegionGuard guard({.variant = Variant::kOne});
   for (const GridCase& c : {GridCase{5'400, 5'400, 0xA}, GridCase{5'310, 1'450'000, 0x2},
                             GridCase{1'450'125, 5'310, 0x9}}) {
     ExpectGrid(c);

@@ -15,7 +15,7 @@ using namespace image_fixture;
 
 struct BcdCase {
   std::array<std::uint8_t, 3> bytes;
-  Frequency value;
+  Units value;
 };
 
 constexpr std::array kBcdCases = {
@@ -46,7 +46,7 @@ TEST(BcdFrequency, DropsTheHundredsOfHertz) {
 
 TEST(BcdFrequency, DropsHigherDigitsAndTheSign) {
   struct Case {
-    Frequency value;
+    Units value;
     std::array<std::uint8_t, 3> bytes;
   };
   constexpr std::array kCases = {
@@ -78,7 +78,7 @@ TEST(BcdFrequency, CountsANibbleAbove9WithItsValue) {
 }
 
 TEST(BcdFrequency, ComesBackForEveryKilohertz) {
-  for (Frequency khz = 0; khz <= 999'999; ++khz) {
+  for (Units khz = 0; khz <= 999'999; ++khz) {
     std::array<std::uint8_t, 3> bytes{};
     EncodeBcdFrequency(bytes.data(), khz * 10 + 5, 6);
     ASSERT_EQ(DecodeBcdFrequency(bytes.data(), 6), khz * 10);
@@ -86,7 +86,7 @@ TEST(BcdFrequency, ComesBackForEveryKilohertz) {
 }
 
 TEST(HalfKilohertz, IsRestoredWhereTheKilohertzEndIn2Or7) {
-  for (Frequency khz = 145'000; khz <= 145'100; ++khz) {
+  for (Units khz = 145'000; khz <= 145'100; ++khz) {
     const bool ends_in_2_or_7 = khz % 10 == 2 || khz % 10 == 7;
     EXPECT_EQ(RestoreHalfKilohertz(khz * 10), khz * 10 + (ends_in_2_or_7 ? 5 : 0)) << khz;
   }
@@ -97,7 +97,7 @@ TEST(HalfKilohertz, IsNotRestoredInTheMwBand) {
   EXPECT_EQ(RestoreHalfKilohertz(5'020), 5'020);
   EXPECT_EQ(RestoreHalfKilohertz(17'970), 17'970);
   EXPECT_EQ(RestoreHalfKilohertz(18'020), 18'025);
-  const RegionGuard guard({.region = 1});
+  const RegionGuard guard({.variant = Variant::kOne});
   EXPECT_EQ(RestoreHalfKilohertz(5'020), 5'025);
   EXPECT_EQ(RestoreHalfKilohertz(5'070), 5'070);
 }
@@ -126,7 +126,7 @@ struct TransmitCase {
   std::array<std::uint8_t, 3> receive;
   std::array<std::uint8_t, 3> offset;
   int shift;
-  Frequency transmit;
+  Units transmit;
 };
 
 TEST(TransmitFrequency, FollowsTheShift) {
@@ -227,6 +227,10 @@ TEST(StoredIndex, OfACodeAbove104ShowsTheFirstCodeAnd104Nothing) {
   }
 }
 
+std::optional<int> Listed(int code, int codes) {
+  return code < codes ? std::optional(code) : std::nullopt;
+}
+
 TEST(RecordFields, AreReadFromTheirOwnBits) {
   for (int value = 0; value < 256; ++value) {
     ChannelRecord record;
@@ -234,10 +238,10 @@ TEST(RecordFields, AreReadFromTheirOwnBits) {
     record[17] = static_cast<std::uint8_t>(value);
     EXPECT_EQ(RecordShift(record.data()), value % 4) << value;
     EXPECT_EQ(RecordPower(record.data()), value / 4 % 4) << value;
-    EXPECT_EQ(RecordToneMode(record.data()), value / 16) << value;
+    EXPECT_EQ(PlaceOf(RecordToneMode(record.data())), Listed(value / 16, 4)) << value;
     record.fill(static_cast<std::uint8_t>(~value));
     record[5] = static_cast<std::uint8_t>(value);
-    EXPECT_EQ(RecordMode(record.data()), value % 4) << value;
+    EXPECT_EQ(PlaceOf(RecordMode(record.data())), Listed(value % 4, 3)) << value;
     EXPECT_EQ(RecordIcon(record.data()), value / 4) << value;
   }
 }

@@ -5,6 +5,7 @@
 
 #include "core/image/channel_record.h"
 #include "core/image/clone_image.h"
+#include "core/image/derived_tables.h"
 #include "tests/unit/image_fixture.h"
 
 namespace qz7 {

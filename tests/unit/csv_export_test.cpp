@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/files/channel_summary.h"
+#include "core/image/derived_tables.h"
 #include "tests/unit/image_fixture.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"

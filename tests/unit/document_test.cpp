@@ -19,11 +19,9 @@ using Writes = std::vector<std::pair<std::string, std::string>>;
 class DocumentTest : public testing::Test {
  protected:
   DocumentTest() {
-    region_variant = RegionVariant{};
     document->preferences.data_folder = folder.path().string();
     NewDocument(*document);
   }
-  ~DocumentTest() override { region_variant = RegionVariant{}; }
 
   std::string PutIntactFile(const std::string& name) {
     const std::string path = folder.File(name);
@@ -353,11 +351,11 @@ TEST_F(DocumentTest, ATemplateOfVersion2LiftsTheFrequencyBlocks) {
   for (const int version : {0, 1, 3}) {
     document->working_copy[3068] = static_cast<std::uint8_t>(version);
     EXPECT_TRUE(CreateTemplate(*document, "mine"));
-    EXPECT_FALSE(region_variant.extended_version) << version;
+    EXPECT_FALSE(document->region.extended_version) << version;
   }
   document->working_copy[3068] = 2;
   EXPECT_TRUE(CreateTemplate(*document, "mine"));
-  EXPECT_TRUE(region_variant.extended_version);
+  EXPECT_TRUE(document->region.extended_version);
 }
 
 TEST_F(DocumentTest, ATemplateThatCannotBeWrittenIsConfiguredAllTheSame) {
@@ -367,7 +365,7 @@ TEST_F(DocumentTest, ATemplateThatCannotBeWrittenIsConfiguredAllTheSame) {
   EXPECT_EQ(test_seams.messages.size(), 1U);
   EXPECT_NE(document->preferences.template_path.find("mine.tpl"), std::string::npos);
   EXPECT_FALSE(document->changed);
-  EXPECT_FALSE(region_variant.extended_version);
+  EXPECT_FALSE(document->region.extended_version);
   EXPECT_TRUE(test_seams.profile_writes.empty());
   EXPECT_EQ(document->working_copy[0], 'R');
 }

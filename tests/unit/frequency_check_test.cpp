@@ -20,7 +20,7 @@ constexpr const char* kOffGrid = "Tx Shift must be a 50kHz step.";
 TEST(CheckOffset, TakesMultiplesOf5KilohertzUpTo99Point95Megahertz) {
   struct Case {
     std::string_view text;
-    Frequency offset;
+    Units offset;
   };
   constexpr std::array kCases = {
       Case{"600 kHz", 6'000},
@@ -35,21 +35,17 @@ TEST(CheckOffset, TakesMultiplesOf5KilohertzUpTo99Point95Megahertz) {
       Case{"99.9450", 999'450},
   };
   for (const Case& c : kCases) {
-    const OffsetCheck check = CheckOffset(c.text);
-    EXPECT_TRUE(check.accepted) << c.text;
-    EXPECT_EQ(check.offset, c.offset) << c.text;
-    EXPECT_EQ(check.message, nullptr) << c.text;
+    EXPECT_EQ(ParseOffset(c.text), c.offset) << c.text;
+    EXPECT_EQ(CheckOffset(HundredHertz(c.offset)), nullptr) << c.text;
   }
 }
 
 TEST(CheckOffset, SpeaksOf50KilohertzButTests5) {
-  EXPECT_TRUE(CheckOffset("1.605 MHz").accepted);
-  const OffsetCheck check = CheckOffset("1.604 MHz");
-  EXPECT_FALSE(check.accepted);
-  EXPECT_STREQ(check.message, kOffGrid);
+  EXPECT_EQ(CheckOffset(Kilohertz(1605)), nullptr);
+  EXPECT_STREQ(CheckOffset(Kilohertz(1604)), kOffGrid);
 }
 
-TEST(CheckOffset, RefusesWithTheDefaultOffset) {
+TEST(CheckOffset, RefusesWhatIsTooLargeOrOffTheGrid) {
   struct Case {
     std::string_view text;
     const char* message;
@@ -68,18 +64,13 @@ TEST(CheckOffset, RefusesWithTheDefaultOffset) {
       Case{"99999999999999999999", kTooLarge},
   };
   for (const Case& c : kCases) {
-    const OffsetCheck check = CheckOffset(c.text);
-    EXPECT_FALSE(check.accepted) << c.text;
-    EXPECT_EQ(check.offset, 6'000) << c.text;
-    EXPECT_STREQ(check.message, c.message) << c.text;
+    EXPECT_STREQ(CheckOffset(ParseOffset(c.text)), c.message) << c.text;
   }
 }
 
 TEST(CheckOffset, HoldsForEveryOffset) {
-  for (Frequency o = 0; o <= 1'000'200; ++o) {
-    const std::string digits = std::to_string(10'000 + o % 10'000).substr(1);
-    const OffsetCheck check = CheckOffset(std::to_string(o / 10'000) + "." + digits);
-    ASSERT_EQ(check.accepted, o <= 999'500 && o % 50 == 0) << o;
+  for (Units o = 0; o <= 1'000'200; ++o) {
+    ASSERT_EQ(CheckOffset(HundredHertz(o)) == nullptr, o <= 999'500 && o % 50 == 0) << o;
   }
 }
 
@@ -90,44 +81,48 @@ TEST(FrequencyMessages, AreTheEditorsTexts) {
 }
 
 struct TransmitCase {
-  Frequency receive;
-  int shift;
-  Frequency offset;
-  Frequency transmit;
+  Units receive;
+  Shift shift;
+  Units offset;
+  Units transmit;
 };
 
 TEST(RecomputeTransmit, FollowsTheShift) {
-  constexpr Frequency kField = 4'460'000;
+  constexpr Units kField = 4'460'000;
   constexpr std::array kCases = {
-      TransmitCase{1'450'000, kSimplex, 6'000, 1'450'000},
-      TransmitCase{1'450'000, kMinus, 6'000, 1'444'000},
-      TransmitCase{1'450'000, kPlus, 6'000, 1'456'000},
-      TransmitCase{1'450'000, kOddSplit, 6'000, kField},
-      TransmitCase{6'000, kMinus, 6'000, 0},
-      TransmitCase{0, kOddSplit, 6'000, kField},
+      TransmitCase{1'450'000, Shift::kSimplex, 6'000, 1'450'000},
+      TransmitCase{1'450'000, Shift::kMinus, 6'000, 1'444'000},
+      TransmitCase{1'450'000, Shift::kPlus, 6'000, 1'456'000},
+      TransmitCase{1'450'000, Shift::kOddSplit, 6'000, kField},
+      TransmitCase{6'000, Shift::kMinus, 6'000, 0},
+      TransmitCase{0, Shift::kOddSplit, 6'000, kField},
   };
   for (const TransmitCase& c : kCases) {
-    EXPECT_EQ(RecomputeTransmit(c.receive, c.shift, c.offset, kField), c.transmit)
+    EXPECT_EQ(RecomputeTransmit(HundredHertz(c.receive), c.shift, HundredHertz(c.offset),
+                                HundredHertz(kField)),
+              c.transmit)
         << c.receive << ": " << c.shift;
   }
 }
 
 TEST(RecomputeTransmit, FallsBackToReceive) {
   constexpr std::array kCases = {
-      TransmitCase{9'990'000, kPlus, 9'000, 9'999'000},  // the last that is taken
-      TransmitCase{9'990'000, kPlus, 9'001, 9'990'000},
-      TransmitCase{9'990'000, kPlus, 999'500, 9'990'000},
-      TransmitCase{6'000, kMinus, 6'001, 6'000},
-      TransmitCase{0, kPlus, 6'000, 0},
-      TransmitCase{0, kMinus, 6'000, 0},
-      TransmitCase{0, kSimplex, 6'000, 0},
-      TransmitCase{INT_MAX, kPlus, INT_MAX, INT_MAX},
-      TransmitCase{INT_MAX, kSimplex, INT_MAX, INT_MAX},
-      TransmitCase{INT_MAX, kMinus, 0, INT_MAX},
-      TransmitCase{5'000, kMinus, INT_MAX, 5'000},
+      TransmitCase{9'990'000, Shift::kPlus, 9'000, 9'999'000},  // the last that is taken
+      TransmitCase{9'990'000, Shift::kPlus, 9'001, 9'990'000},
+      TransmitCase{9'990'000, Shift::kPlus, 999'500, 9'990'000},
+      TransmitCase{6'000, Shift::kMinus, 6'001, 6'000},
+      TransmitCase{0, Shift::kPlus, 6'000, 0},
+      TransmitCase{0, Shift::kMinus, 6'000, 0},
+      TransmitCase{0, Shift::kSimplex, 6'000, 0},
+      TransmitCase{INT_MAX, Shift::kPlus, INT_MAX, INT_MAX},
+      TransmitCase{INT_MAX, Shift::kSimplex, INT_MAX, INT_MAX},
+      TransmitCase{INT_MAX, Shift::kMinus, 0, INT_MAX},
+      TransmitCase{5'000, Shift::kMinus, INT_MAX, 5'000},
   };
   for (const TransmitCase& c : kCases) {
-    EXPECT_EQ(RecomputeTransmit(c.receive, c.shift, c.offset, 4'460'000), c.transmit)
+    EXPECT_EQ(RecomputeTransmit(HundredHertz(c.receive), c.shift, HundredHertz(c.offset),
+                                HundredHertz(4'460'000)),
+              c.transmit)
         << c.receive << ": " << c.shift << ", " << c.offset;
   }
 }
@@ -137,6 +132,14 @@ std::unique_ptr<CloneImage> WideImage() {
   auto image = MakeImage();
   (*image)[3073] = 1;
   return image;
+}
+
+ReceiveCheck CheckReceive(const CloneImage& image, int n, std::string_view text) {
+  return CheckReceive(image, n, ParseFrequency(text), test_region);
+}
+
+bool CheckTransmit(const CloneImage& image, int n, std::string_view text) {
+  return CheckTransmit(image, n, ParseFrequency(text), test_region);
 }
 
 TEST(CheckReceive, TakesValidFrequenciesOnAGrid) {
@@ -210,7 +213,7 @@ TEST(CheckReceive, AsksForThe9KilohertzGridInMwOfTheOtherRegions) {
   (*image)[3068] = 1;
   EXPECT_EQ(CheckReceive(*image, 1, "1.0"), ReceiveCheck::kAccepted);
   EXPECT_EQ(CheckReceive(*image, 1, "0.531"), ReceiveCheck::kRefused);
-  const RegionGuard guard({.region = 1});
+  const RegionGuard guard({.variant = Variant::kOne});
   EXPECT_EQ(CheckReceive(*image, 1, "1.0"), ReceiveCheck::kRefused);
   EXPECT_EQ(CheckReceive(*image, 1, "0.531"), ReceiveCheck::kAccepted);
 }

@@ -13,7 +13,7 @@ namespace {
 using namespace image_fixture;
 
 // A frequency in whole units of 100 Hz is a multiple of 6.25 kHz where it is one of 12.5 kHz.
-int ClassOutsideMw(Frequency f) { return f % 50 == 0 ? 0 : f % 125 == 0 ? 1 : 5; }
+int ClassOutsideMw(Units f) { return f % 50 == 0 ? 0 : f % 125 == 0 ? 1 : 5; }
 
 TEST(GridClass, TellsTheGridsApart) {
   EXPECT_EQ(GridClass(1'450'125), 1);
@@ -26,27 +26,28 @@ TEST(GridClass, TellsTheGridsApart) {
 }
 
 TEST(GridClass, HoldsForEveryStepOfAMegahertz) {
-  for (Frequency f = 1'450'000; f <= 1'460'000; ++f) {
+  for (Units f = 1'450'000; f <= 1'460'000; ++f) {
     ASSERT_EQ(GridClass(f), ClassOutsideMw(f)) << f;
   }
 }
 
 TEST(GridClass, KnowsNo9KilohertzGridInRegion0) {
-  for (Frequency f = 4'000; f <= 19'000; ++f) {
+  for (Units f = 4'000; f <= 19'000; ++f) {
     ASSERT_EQ(GridClass(f), ClassOutsideMw(f)) << f;
   }
 }
 
 TEST(GridClass, KnowsOnlyThe9KilohertzGridInMwOfTheOtherRegions) {
-  for (const RegionVariant& variant : {RegionVariant{.region = 1}, RegionVariant{.region = 2},
-                                       RegionVariant{.region = 2, .sub_variant = 6}}) {
+  for (const RegionVariant& variant :
+       {RegionVariant{.variant = Variant::kOne}, RegionVariant{.variant = Variant::kTwo},
+        RegionVariant{.variant = Variant::kTwo, .sub_variant = 6}}) {
     const RegionGuard guard(variant);
     EXPECT_EQ(GridClass(5'040), 2);
     EXPECT_EQ(GridClass(5'310), 2);
     EXPECT_EQ(GridClass(5'400), 2);
     EXPECT_EQ(GridClass(5'350), 5);
     EXPECT_EQ(GridClass(10'000), 5);
-    for (Frequency f = 4'000; f <= 19'000; ++f) {
+    for (Units f = 4'000; f <= 19'000; ++f) {
       const bool in_mw = f >= 5'040 && f < 18'000;
       ASSERT_EQ(GridClass(f), !in_mw ? ClassOutsideMw(f) : f % 9 == 0 ? 2 : 5) << f;
     }
@@ -100,13 +101,13 @@ TEST(OffStepFlag, Takes5KilohertzAsOnTheTenKilohertzStep) {
   EXPECT_FALSE(IsOffStep(1'450'050, 1));
   EXPECT_FALSE(IsOffStep(1'450'100, 1));
   EXPECT_TRUE(IsOffStep(1'450'025, 1));
-  for (Frequency khz = 144'000; khz <= 146'000; ++khz) {
+  for (Units khz = 144'000; khz <= 146'000; ++khz) {
     EXPECT_EQ(IsOffStep(khz * 10, 1), khz % 5 != 0) << khz;
   }
 }
 
 TEST(OffStepFlag, Of12Point5KilohertzIsClearAt0And12Of25Kilohertz) {
-  for (Frequency khz = 144'000; khz <= 146'000; ++khz) {
+  for (Units khz = 144'000; khz <= 146'000; ++khz) {
     EXPECT_EQ(IsOffStep(khz * 10, 2), khz % 25 != 0 && khz % 25 != 12) << khz;
   }
 }
@@ -114,7 +115,7 @@ TEST(OffStepFlag, Of12Point5KilohertzIsClearAt0And12Of25Kilohertz) {
 TEST(OffStepFlag, Of12Point5KilohertzFollowsTheGridOfTheRegionInMw) {
   EXPECT_FALSE(IsOffStep(5'120, 2));
   EXPECT_FALSE(IsOffStep(5'250, 2));
-  const RegionGuard guard({.region = 1});
+  const RegionGuard guard({.variant = Variant::kOne});
   EXPECT_TRUE(IsOffStep(5'120, 2));
   EXPECT_FALSE(IsOffStep(5'250, 2));
 }

@@ -36,7 +36,7 @@ struct Window {
 Window Open(const Groups& groups, int g = 0) {
   Window window;
   PutGroups(*window.image, groups);
-  window.editor = OpenGroupEditor(*window.image, *window.working_copy, g);
+  window.editor = OpenGroupEditor(*window.image, *window.working_copy, g, test_region);
   return window;
 }
 
@@ -52,35 +52,35 @@ TEST(GroupNames, CountFromOne) {
 
 TEST(GroupRow, HoldsLabelFrequencyAndName) {
   auto image = ImageOfChannels();
-  EXPECT_EQ(GroupRow(*image, 7), " 7   145.5000 ABC     ");
-  EXPECT_EQ(GroupRow(*image, 100), "100  145.5000 ABC     ");
-  EXPECT_EQ(GroupRow(*image, 221), "L1   145.5000 ABC     ");
-  EXPECT_EQ(GroupRow(*image, 240), "U10  145.5000 ABC     ");
+  EXPECT_EQ(GroupRow(*image, 7, test_region), " 7   145.5000 ABC     ");
+  EXPECT_EQ(GroupRow(*image, 100, test_region), "100  145.5000 ABC     ");
+  EXPECT_EQ(GroupRow(*image, 221, test_region), "L1   145.5000 ABC     ");
+  EXPECT_EQ(GroupRow(*image, 240, test_region), "U10  145.5000 ABC     ");
   PutBytes(*image, RecordPlace(7) + 2, {0x00, 0x50, 0x12});
   PutBytes(*image, RecordPlace(7) + 6, {' ', '1', '2', '3', '4', '5', '6', 0xFE});
-  EXPECT_EQ(GroupRow(*image, 7), " 7     5.0125  123456\xFE");
+  EXPECT_EQ(GroupRow(*image, 7, test_region), " 7     5.0125  123456\xFE");
 }
 
 TEST(GroupRow, RestoresTheHalfKilohertz) {
   auto image = ImageOfChannels();
   PutBytes(*image, RecordPlace(7) + 2, {0x14, 0x50, 0x37});
-  EXPECT_EQ(GroupRow(*image, 7), " 7   145.0375 ABC     ");
+  EXPECT_EQ(GroupRow(*image, 7, test_region), " 7   145.0375 ABC     ");
 }
 
 TEST(GroupRow, OfAnAbsentChannelIsEmpty) {
-  EXPECT_EQ(GroupRow(*ImageOfChannels(), 241), "");
-  EXPECT_EQ(GroupRow(*ImageOfChannels(), 256), "");
+  EXPECT_EQ(GroupRow(*ImageOfChannels(), 241, test_region), "");
+  EXPECT_EQ(GroupRow(*ImageOfChannels(), 256, test_region), "");
 }
 
 TEST(GroupChannelRow, ShowsTheLabelAloneUnlessProgrammedAndShown) {
   auto image = ImageOfChannels();
-  EXPECT_EQ(GroupChannelRow(*image, 7), Row(" 7 "));
+  EXPECT_EQ(GroupChannelRow(*image, 7, test_region), Row(" 7 "));
   (*image)[3357 + 7] = 0x01;
-  EXPECT_EQ(GroupChannelRow(*image, 7), " 7");
+  EXPECT_EQ(GroupChannelRow(*image, 7, test_region), " 7");
   (*image)[3357 + 7] = 0x02;
-  EXPECT_EQ(GroupChannelRow(*image, 7), " 7");
+  EXPECT_EQ(GroupChannelRow(*image, 7, test_region), " 7");
   (*image)[3357 + 240] = 0x00;
-  EXPECT_EQ(GroupChannelRow(*image, 240), "U10");
+  EXPECT_EQ(GroupChannelRow(*image, 240, test_region), "U10");
 }
 
 TEST(GroupEditor, OpensOnACopyOfTheImage) {
@@ -101,7 +101,7 @@ TEST(GroupEditor, ShowsMembersWhateverTheirFlags) {
   Window window;
   PutGroups(*window.image, {{6}, {}, {}, {}, {}});
   (*window.image)[3357 + 7] = 0;
-  EXPECT_EQ(OpenGroupEditor(*window.image, *window.working_copy, 0).rows,
+  EXPECT_EQ(OpenGroupEditor(*window.image, *window.working_copy, 0, test_region).rows,
             std::vector<std::string>{Row(" 7 ")});
 }
 
@@ -118,14 +118,14 @@ TEST(GroupEditor, ReadsTheTwoBytesBehindTheLastGroup) {
   Window window;
   (*window.image)[3350] = 0;
   (*window.image)[3351] = 6;
-  const GroupEditor editor = OpenGroupEditor(*window.image, *window.working_copy, 4);
+  const GroupEditor editor = OpenGroupEditor(*window.image, *window.working_copy, 4, test_region);
   EXPECT_EQ(editor.rows, std::vector<std::string>{Row(" 7 ")});
 }
 
 TEST(GroupEditor, SkipsFreeEntriesBetweenMembersAndAbsentChannels) {
   Window window;
   PutBytes(*window.image, 3110, {0, 6, 255, 7, 0, 255, 0, 240, 9, 8});
-  EXPECT_EQ(OpenGroupEditor(*window.image, *window.working_copy, 0).rows,
+  EXPECT_EQ(OpenGroupEditor(*window.image, *window.working_copy, 0, test_region).rows,
             (std::vector<std::string>{Row(" 7 "), Row(" 9 ")}));
 }
 
@@ -148,7 +148,7 @@ TEST(GroupEditorOk, WritesThe25thRowOfTheLastGroupBehindTheTable) {
   PutGroups(*window.image, {{}, {}, {}, {}, Numbers(10, 24)});
   (*window.image)[3350] = 0x33;
   (*window.image)[3351] = 6;
-  window.editor = OpenGroupEditor(*window.image, *window.working_copy, 4);
+  window.editor = OpenGroupEditor(*window.image, *window.working_copy, 4, test_region);
   AcceptGroups(*window.working_copy, window.editor);
   CloneImage expected = *window.image;
   expected[3350] = 0;
@@ -330,7 +330,7 @@ TEST(GroupEditorProperty, TouchesNothingButTheGroups) {
     Dice dice(seed);
     auto image = MakeRandomImage(dice);
     auto working_copy = MakeImage();
-    GroupEditor editor = OpenGroupEditor(*image, *working_copy, dice.Below(5));
+    GroupEditor editor = OpenGroupEditor(*image, *working_copy, dice.Below(5), test_region);
     for (int i = 0; i < 40; ++i) {
       switch (dice.Below(3)) {
         case 0:

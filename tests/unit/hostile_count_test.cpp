@@ -5,6 +5,7 @@
 
 #include "core/image/channel_text.h"
 #include "core/image/clone_image.h"
+#include "core/image/derived_tables.h"
 #include "tests/unit/image_fixture.h"
 
 // Files state their channel count, and the program uses what they state. These tests run under

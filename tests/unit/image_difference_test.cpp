@@ -11,6 +11,7 @@
 #include "core/files/radio_data_file.h"
 #include "core/image/channel_record.h"
 #include "core/image/settings_map.h"
+#include "tests/unit/plain_numbers.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {
@@ -26,8 +27,8 @@ class ImageDifference : public testing::Test {
   }
 
   CloneImage& b() { return *b_; }
-  Lines Differences() { return DocumentDifferences(*a_, *b_); }
-  Lines OfTheRadio() { return RadioDifferences(*a_, *b_); }
+  Lines Differences() { return DocumentDifferences(*a_, *b_, test_region); }
+  Lines OfTheRadio() { return RadioDifferences(*a_, *b_, test_region); }
 
   std::unique_ptr<CloneImage> a_ = std::make_unique<CloneImage>();
   std::unique_ptr<CloneImage> b_ = std::make_unique<CloneImage>();
@@ -44,7 +45,7 @@ TEST_F(ImageDifference, LooksPastWhatASaveMakesAnew) {
 
 TEST_F(ImageDifference, NamesTheFieldsOfAChannel) {
   std::uint8_t* record = GetChannelRecord(b(), 1);
-  EncodeBcdFrequency(record + kRecordReceive, 1'465'200, kFrequencyDigits);
+  StoreReceive(record, Kilohertz(146'520));
   SetSkip(b(), 1, true);
   EXPECT_EQ(
       (Lines{"channel 1: rx \"145.0000\" -> \"146.5200\"",
@@ -60,7 +61,7 @@ TEST_F(ImageDifference, TellsAChannelThatIsProgrammedOnOneSideWhole) {
 
 TEST_F(ImageDifference, NamesVfoAndHomeSlots) {
   GetChannelRecord(b(), -16)[kRecordStep] = 5;
-  GetChannelRecord(b(), -25)[kRecordShiftPowerTone] ^= 0x0C;
+  GetChannelRecord(b(), -25)[17] ^= 0x0C;
   EXPECT_EQ(
       (Lines{"VFO B V Ham: step \"5 kHz\" -> \"25 kHz\"", "home 6m: power \"High\" -> \"Low1\""}),
       Differences());

@@ -8,8 +8,8 @@
 #include <string>
 #include <vector>
 
-#include "core/image/band_plan.h"
 #include "core/image/clone_image.h"
+#include "tests/unit/plain_numbers.h"
 
 // What the tests of the clone image share. Offsets and tables stand here and in the tests as plain
 // numbers on purpose: they are worked out from the radio's tables, apart from the program's names.
@@ -66,10 +66,10 @@ inline void PutChannel(CloneImage& image, int n, const Bytes& record, std::uint8
 // Puts other band limits into use for as long as it lives.
 class RegionGuard {
  public:
-  explicit RegionGuard(const RegionVariant& variant) : saved_(region_variant) {
-    region_variant = variant;
+  explicit RegionGuard(const RegionVariant& variant) : saved_(test_region) {
+    test_region = variant;
   }
-  ~RegionGuard() { region_variant = saved_; }
+  ~RegionGuard() { test_region = saved_; }
   RegionGuard(const RegionGuard&) = delete;
   RegionGuard& operator=(const RegionGuard&) = delete;
 

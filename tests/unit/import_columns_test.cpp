@@ -41,7 +41,7 @@ Opened OpenWithHeaders(std::string_view file) {
 // The fields whose buttons can be pressed.
 std::vector<int> Enabled(const ColumnDialog& dialog) {
   std::vector<int> fields;
-  for (int k = 0; k < kImportFieldCount; ++k) {
+  for (int k = 0; k < kCsvColumnCount; ++k) {
     if (dialog.enabled[static_cast<std::size_t>(k)]) {
       fields.push_back(k);
     }
@@ -64,7 +64,7 @@ TEST(ColumnDialog, TakesTheColumnsFromTheHeaderLine) {
   const Opened opened =
       OpenWithHeaders("Call Sign,Output Frequency,Band,Location\nRPT1,146.94,2m,North ridge\n");
   const ColumnAssignment expected =
-      Columns({{kNameField, 1}, {kRxFrequency, 2}, {kCommentField, 4}});
+      Columns({{kNameColumn, 1}, {kRxFrequency, 2}, {kCommentColumn, 4}});
   EXPECT_EQ(opened.dialog.columns, expected);
   EXPECT_EQ(opened.session.columns, expected);
   EXPECT_EQ(opened.dialog.texts, (Texts{"RPT1", "146.94", "2m", "North ridge"}));
@@ -95,7 +95,7 @@ TEST(ColumnDialog, KnowsAHeaderOnlyToTheLetter) {
 
 TEST(ColumnDialog, GivesAFieldToTheLaterOfTwoColumns) {
   const Opened opened = OpenWithHeaders("Name,RX Frequency,Call Sign\nA,146.94,B\n");
-  EXPECT_EQ(opened.dialog.columns, Columns({{kRxFrequency, 2}, {kNameField, 3}}));
+  EXPECT_EQ(opened.dialog.columns, Columns({{kRxFrequency, 2}, {kNameColumn, 3}}));
   EXPECT_EQ(opened.dialog.names, (Texts{"", "RX Frequency", "Name"}));
 }
 
@@ -134,7 +134,7 @@ TEST(ColumnDialog, ReportsAHeaderLineThatCannotBeReadAndGoesOn) {
 TEST(ColumnDialog, StaysEmptyWithoutADataLine) {
   const Opened opened = OpenWithHeaders("Name,RX Frequency\n");
   EXPECT_EQ(opened.dialog.texts, Texts{});
-  EXPECT_EQ(opened.dialog.columns, Columns({{kNameField, 1}, {kRxFrequency, 2}}));
+  EXPECT_EQ(opened.dialog.columns, Columns({{kNameColumn, 1}, {kRxFrequency, 2}}));
   EXPECT_TRUE(ShownTexts().empty());
 }
 
@@ -154,37 +154,37 @@ TEST(ColumnDialog, FreesAColumnWhenItsRowIsSelected) {
 TEST(ColumnDialog, AssignsTheSelectedRowAndDisablesTheButtons) {
   Opened opened = OpenPlain("146.94,RPT1\n");
   SelectColumn(opened.dialog, 1);
-  PressFieldButton(opened.dialog, kNameField, 1);
-  EXPECT_EQ(opened.dialog.columns, Columns({{kNameField, 2}}));
+  PressFieldButton(opened.dialog, kNameColumn, 1);
+  EXPECT_EQ(opened.dialog.columns, Columns({{kNameColumn, 2}}));
   EXPECT_EQ(opened.dialog.names, (Texts{"", "Name"}));
   EXPECT_EQ(Enabled(opened.dialog), std::vector<int>{});
   SelectColumn(opened.dialog, 0);
   EXPECT_EQ(Enabled(opened.dialog), (std::vector<int>{0, 1, 2, 3, 4, 5, 6, 7, 9}));
   PressFieldButton(opened.dialog, kRxFrequency, 0);
-  EXPECT_EQ(opened.dialog.columns, Columns({{kRxFrequency, 1}, {kNameField, 2}}));
+  EXPECT_EQ(opened.dialog.columns, Columns({{kRxFrequency, 1}, {kNameColumn, 2}}));
 }
 
 TEST(ColumnDialog, TakesTheRowFromTheFieldThatHadIt) {
   Opened opened = OpenPlain("146.94,RPT1\n");
-  PressFieldButton(opened.dialog, kNameField, 1);
-  PressFieldButton(opened.dialog, kCommentField, 1);
-  EXPECT_EQ(opened.dialog.columns, Columns({{kCommentField, 2}}));
+  PressFieldButton(opened.dialog, kNameColumn, 1);
+  PressFieldButton(opened.dialog, kCommentColumn, 1);
+  EXPECT_EQ(opened.dialog.columns, Columns({{kCommentColumn, 2}}));
   EXPECT_EQ(opened.dialog.names, (Texts{"", "Comment"}));
 }
 
 TEST(ColumnDialog, UnassignsAFieldThatHasAnotherColumnAndStillShowsItsName) {
   Opened opened = OpenPlain("146.94,RPT1,North\n");
-  PressFieldButton(opened.dialog, kNameField, 1);
-  PressFieldButton(opened.dialog, kNameField, 2);
+  PressFieldButton(opened.dialog, kNameColumn, 1);
+  PressFieldButton(opened.dialog, kNameColumn, 2);
   EXPECT_EQ(opened.dialog.columns, ColumnAssignment{});
   EXPECT_EQ(opened.dialog.names, (Texts{"", "Name", "Name"}));
 }
 
 TEST(ColumnDialog, AssignsAFieldAnewToTheRowThatItHas) {
   Opened opened = OpenPlain("146.94,RPT1\n");
-  PressFieldButton(opened.dialog, kNameField, 1);
-  PressFieldButton(opened.dialog, kNameField, 1);
-  EXPECT_EQ(opened.dialog.columns, Columns({{kNameField, 2}}));
+  PressFieldButton(opened.dialog, kNameColumn, 1);
+  PressFieldButton(opened.dialog, kNameColumn, 1);
+  EXPECT_EQ(opened.dialog.columns, Columns({{kNameColumn, 2}}));
 }
 
 TEST(ColumnDialog, CommitsItsColumnsWithOkOnly) {

@@ -25,7 +25,7 @@ class Import : public testing::Test {
 
 TEST_F(Import, TakesNamedColumnsFromTheDefaultStart) {
   Program(*image_, 1, 4);
-  request_.columns = Columns({{kRxFrequency, 2}, {kNameField, 1}});
+  request_.columns = Columns({{kRxFrequency, 2}, {kNameColumn, 1}});
   const auto result = Run("A,146.52\r\nB,none\r\nC,446.0\r\n");
   ASSERT_TRUE(result.has_value());
   EXPECT_EQ(result->listed, 2U);
@@ -43,23 +43,23 @@ TEST_F(Import, TakesTheColumnsOfTheHeaderLine) {
 
 TEST_F(Import, LetsNamedColumnsOverrideTheHeaderLine) {
   request_.options.headers = true;
-  request_.columns = Columns({{kNameField, 3}, {kCommentField, 1}});
+  request_.columns = Columns({{kNameColumn, 3}, {kCommentColumn, 1}});
   ASSERT_TRUE(Run("Name,RX Frequency,Town\nRPT1,146.94,Hill\n").has_value());
-  EXPECT_EQ(session_.columns, Columns({{kRxFrequency, 2}, {kNameField, 3}, {kCommentField, 1}}));
+  EXPECT_EQ(session_.columns, Columns({{kRxFrequency, 2}, {kNameColumn, 3}, {kCommentColumn, 1}}));
   EXPECT_EQ(NameInRecord(*image_, 1), "Hill    ");
   EXPECT_EQ(ChannelCommentText(*image_, 1), "RPT1");
 }
 
 TEST_F(Import, GivesANamedColumnToItsFieldAlone) {
   request_.options.headers = true;
-  request_.columns = Columns({{kCommentField, 1}});
+  request_.columns = Columns({{kCommentColumn, 1}});
   ASSERT_TRUE(Run("Name,RX Frequency\nRPT1,146.94\n").has_value());
   EXPECT_EQ(NameInRecord(*image_, 1), "        ");
   EXPECT_EQ(ChannelCommentText(*image_, 1), "RPT1");
 }
 
 TEST_F(Import, TakesTheNamedRowsFromTheNamedStart) {
-  request_.columns = Columns({{kRxFrequency, 1}, {kNameField, 2}});
+  request_.columns = Columns({{kRxFrequency, 1}, {kNameColumn, 2}});
   request_.rows = {1, 2};
   request_.start = 100;
   const auto result = Run("146.52,A\n146.54,B\n146.56,C\n");
@@ -74,7 +74,7 @@ TEST_F(Import, TakesTheNamedRowsFromTheNamedStart) {
 TEST_F(Import, SplitsBySeparatorAndQuoteOfTheRequest) {
   request_.options.field_separator = ';';
   request_.options.text_separator = '\'';
-  request_.columns = Columns({{kRxFrequency, 1}, {kNameField, 2}});
+  request_.columns = Columns({{kRxFrequency, 1}, {kNameColumn, 2}});
   ASSERT_TRUE(Run("146.52;'A;B'\n").has_value());
   EXPECT_EQ(NameInRecord(*image_, 1), "A;B     ");
 }
@@ -99,7 +99,7 @@ TEST_F(Import, OfAnEmptyFileWithHeadersFailsTwice) {
 }
 
 TEST_F(Import, StartsEachFileWithItsOwnSeparator) {
-  request_.columns = Columns({{kRxFrequency, 1}, {kNameField, 2}});
+  request_.columns = Columns({{kRxFrequency, 1}, {kNameColumn, 2}});
   ASSERT_TRUE(Run("146.52,\"A\n146.54,B\n").has_value());
   EXPECT_EQ(session_.splitter.separator, '"');
   ASSERT_TRUE(Run("146.52,A\n").has_value());
@@ -107,7 +107,7 @@ TEST_F(Import, StartsEachFileWithItsOwnSeparator) {
 }
 
 TEST_F(Import, ReadsTheSignOfAnOddSplitFromUtf8) {
-  request_.columns = Columns({{kRxFrequency, 1}, {kTxFrequency, 2}, {kOffsetField, 3}});
+  request_.columns = Columns({{kRxFrequency, 1}, {kTxFrequency, 2}, {kOffsetColumn, 3}});
   ASSERT_TRUE(Run("\xEF\xBB\xBF"
                   "145.9,435.0,\xC2\xB1\n")
                   .has_value());

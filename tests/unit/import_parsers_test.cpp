@@ -2,8 +2,9 @@
 
 #include <string>
 
-#include "core/interchange/decimal.h"
+#include "core/image/decimal.h"
 #include "core/interchange/import_reader.h"
+#include "tests/unit/plain_numbers.h"
 
 namespace qz7 {
 namespace {

@@ -22,10 +22,10 @@ void SetText(std::array<char, N>& target, std::string_view text) {
 // 146.94 MHz, plus 600 kHz, 88.5 Hz encoded, high power, "RPT1".
 ImportRecord Repeater() {
   ImportRecord record;
-  record.rx = 1'469'400;
-  record.tx = 6'000;
-  record.shift = 2;
-  record.tone_mode = 1;
+  record.rx = Kilohertz(146'940);
+  record.tx = Kilohertz(600);
+  record.shift = Shift::kPlus;
+  record.tone_mode = ToneMode::kEncode;
   record.encode_tone = 885;
   SetText(record.name, "RPT1");
   return record;
@@ -33,7 +33,7 @@ ImportRecord Repeater() {
 
 Bytes Placed(const ImportRecord& record) {
   auto image = MakeRadio();
-  PlaceImportRecord(*image, record, 50);
+  PlaceImportRecord(*image, record, 50, test_region);
   return RecordBytes(*image, 50);
 }
 
@@ -45,17 +45,17 @@ Bytes OffsetOf(const ImportRecord& record) {
 
 ImportRecord Split(std::uint32_t rx, std::uint32_t tx) {
   ImportRecord record = Repeater();
-  record.rx = rx;
-  record.tx = tx;
-  record.shift = 3;
+  record.rx = HundredHertz(rx);
+  record.tx = HundredHertz(tx);
+  record.shift = Shift::kOddSplit;
   return record;
 }
 
 ImportRecord Simplex(std::uint32_t rx, std::uint32_t tx) {
   ImportRecord record = Repeater();
-  record.rx = rx;
-  record.tx = tx;
-  record.shift = 0;
+  record.rx = HundredHertz(rx);
+  record.tx = HundredHertz(tx);
+  record.shift = Shift::kSimplex;
   return record;
 }
 
@@ -68,7 +68,7 @@ TEST(PlacedRecord, HoldsARepeater) {
 TEST(PlacedRecord, StartsFromZerosWhateverTheChannelHeld) {
   auto image = MakeRadio();
   PutBytes(*image, 3656 + 22 * 50, Bytes(22, 0xFF));
-  PlaceImportRecord(*image, Repeater(), 50);
+  PlaceImportRecord(*image, Repeater(), 50, test_region);
   EXPECT_EQ(RecordBytes(*image, 50), Placed(Repeater()));
 }
 
@@ -122,21 +122,21 @@ TEST(PlacedRecord, OfAnOddSplitWithoutATransmitFrequencyTakesThatDefaultWhereItI
 
 TEST(PlacedRecord, HasThePowerHighOrLow3) {
   ImportRecord record = Simplex(1'465'200, 6'000);
-  const auto packed = [&](int power) {
+  const auto packed = [&](ImportPower power) {
     record.power = power;
     return Placed(record)[17];
   };
-  EXPECT_EQ(packed(0), 0x18);
-  EXPECT_EQ(packed(1), 0x1C);
-  EXPECT_EQ(packed(2), 0x1C);
+  EXPECT_EQ(packed(ImportPower::kLow), 0x18);
+  EXPECT_EQ(packed(ImportPower::kMid), 0x1C);
+  EXPECT_EQ(packed(ImportPower::kHigh), 0x1C);
 }
 
 TEST(PlacedRecord, HasTheDirectionAndTheToneMode) {
   ImportRecord record = Repeater();
-  record.shift = 1;
-  record.tone_mode = 3;
+  record.shift = Shift::kMinus;
+  record.tone_mode = ToneMode::kDcs;
   EXPECT_EQ(Placed(record)[17], 0x3D);
-  record.tone_mode = 0;
+  record.tone_mode = ToneMode::kNone;
   EXPECT_EQ(Placed(record)[17], 0x0D);
 }
 
@@ -157,7 +157,7 @@ TEST(PlacedRecord, CutsTheNameToEightCharacters) {
   ImportRecord record = Repeater();
   SetText(record.name, "NINECHARS");
   auto image = MakeRadio();
-  PlaceImportRecord(*image, record, 50);
+  PlaceImportRecord(*image, record, 50, test_region);
   EXPECT_EQ(NameInRecord(*image, 50), "NINECHAR");
   EXPECT_EQ(BytesAt(*image, 11'692, 10), (Bytes{'N', 'I', 'N', 'E', 'C', 'H', 'A', 'R', 0, 0}));
 }
@@ -167,23 +167,23 @@ TEST(PlacedRecord, EmptiesTheTableEntryOfFourDashesAndKeepsThemItself) {
   SetText(record.name, "----");
   auto image = MakeRadio();
   PutBytes(*image, 11'692, BytesOfText("OLDNAME"));
-  PlaceImportRecord(*image, record, 50);
+  PlaceImportRecord(*image, record, 50, test_region);
   EXPECT_EQ(NameInRecord(*image, 50), "----    ");
   EXPECT_EQ((*image)[11'692], 0);
   SetText(record.name, "-----");
-  PlaceImportRecord(*image, record, 50);
+  PlaceImportRecord(*image, record, 50, test_region);
   EXPECT_EQ(BytesAt(*image, 11'692, 6), (Bytes{'-', '-', '-', '-', '-', 0}));
 }
 
 TEST(PlacedRecord, SetsTheFlagsOfAShownChannel) {
   auto image = MakeRadio();
   (*image)[3407] = 0xF8;
-  PlaceImportRecord(*image, Repeater(), 50);
+  PlaceImportRecord(*image, Repeater(), 50, test_region);
   EXPECT_EQ(FlagByte(*image, 50), 0xF3);
   (*image)[3407] = 0x0C;
   ImportRecord skipped = Repeater();
   skipped.skip = true;
-  PlaceImportRecord(*image, skipped, 50);
+  PlaceImportRecord(*image, skipped, 50, test_region);
   EXPECT_EQ(FlagByte(*image, 50), 0x07);
 }
 
@@ -192,7 +192,7 @@ TEST(PlacedRecord, TakesTheCommentOverAnOlderOne) {
   PutBytes(*image, 15'170, Bytes(32, 'x'));
   ImportRecord record = Repeater();
   SetText(record.comment, "North");
-  PlaceImportRecord(*image, record, 50);
+  PlaceImportRecord(*image, record, 50, test_region);
   Bytes expected = BytesOfText("North");
   expected.resize(32);
   EXPECT_EQ(BytesAt(*image, 15'170, 32), expected);
@@ -203,7 +203,7 @@ TEST(PlacedRecord, TouchesItsOwnChannelAlone) {
   (*before)[3068] = 0;
   (*before)[3073] = 1;
   auto image = std::make_unique<CloneImage>(*before);
-  PlaceImportRecord(*image, Repeater(), 50);
+  PlaceImportRecord(*image, Repeater(), 50, test_region);
   for (const std::size_t offset : DifferingOffsets(*before, *image)) {
     const bool own = offset == 3'407 || (offset >= 4'756 && offset < 4'778) ||
                      (offset >= 11'692 && offset < 11'701) || (offset >= 15'170 && offset < 15'202);
@@ -214,8 +214,8 @@ TEST(PlacedRecord, TouchesItsOwnChannelAlone) {
 TEST(PlacedRecord, IsNotWrittenForAFrequencyThatTheRadioDoesNotAccept) {
   auto image = MakeRadio();
   const CloneImage before = *image;
-  PlaceImportRecord(*image, Simplex(7'350'000, 6'000), 50);
-  PlaceImportRecord(*image, Simplex(0, 6'000), 50);
+  PlaceImportRecord(*image, Simplex(7'350'000, 6'000), 50, test_region);
+  PlaceImportRecord(*image, Simplex(0, 6'000), 50, test_region);
   EXPECT_EQ(*image, before);
 }
 
@@ -224,7 +224,7 @@ TEST(PlacedRecord, IsNotWrittenForAChannelThatThereIsNot) {
     auto image = MakeRadio(count);
     const CloneImage before = *image;
     for (const int n : {0, -1, -30, 241, 65'535, 65'536}) {
-      PlaceImportRecord(*image, Repeater(), n);
+      PlaceImportRecord(*image, Repeater(), n, test_region);
     }
     EXPECT_EQ(*image, before);
   }

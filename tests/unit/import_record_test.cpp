@@ -6,6 +6,7 @@
 #include "core/image/channel_record.h"
 #include "core/interchange/import_reader.h"
 #include "tests/unit/interchange_fixture.h"
+#include "tests/unit/plain_numbers.h"
 
 namespace qz7 {
 namespace {
@@ -15,7 +16,7 @@ using namespace interchange_fixture;
 // Each field in the column of its number.
 ImportSession AllColumns() {
   ImportSession session;
-  for (std::uint32_t k = 0; k < kImportFieldCount; ++k) {
+  for (std::uint32_t k = 0; k < kCsvColumnCount; ++k) {
     session.columns[k] = k + 1;
   }
   return session;
@@ -27,7 +28,7 @@ ImportRecord Parse(std::string_view line) {
 }
 
 // The record of one cell of this field beside a receive frequency.
-ImportRecord ParseCell(ImportField field, const std::string& cell) {
+ImportRecord ParseCell(CsvColumn field, const std::string& cell) {
   ImportSession session = SessionWith({{kRxFrequency, 1}, {field, 2}});
   return ParseRecord(session, "146.94," + cell + ",\n");
 }
@@ -45,7 +46,7 @@ TEST(ImportRecord, TakesEveryFieldOfALine) {
   EXPECT_EQ(record.shift, 1);
   EXPECT_EQ(record.tone_mode, 1);
   EXPECT_TRUE(record.skip);
-  EXPECT_EQ(record.power, 1);
+  EXPECT_EQ(record.power, ImportPower::kMid);
   EXPECT_EQ(record.encode_tone, 885);
   EXPECT_EQ(record.decode_tone, 1'000);
   EXPECT_EQ(Name(record), "RPT1");
@@ -59,7 +60,7 @@ TEST(ImportRecord, IsEmptyWithHighPowerForALineWithoutItsColumns) {
   EXPECT_EQ(record.shift, 0);
   EXPECT_EQ(record.tone_mode, 0);
   EXPECT_FALSE(record.skip);
-  EXPECT_EQ(record.power, 2);
+  EXPECT_EQ(record.power, ImportPower::kHigh);
   EXPECT_EQ(record.encode_tone, 0);
   EXPECT_EQ(record.decode_tone, 0);
   EXPECT_EQ(Name(record), "");
@@ -67,21 +68,21 @@ TEST(ImportRecord, IsEmptyWithHighPowerForALineWithoutItsColumns) {
 }
 
 TEST(ImportRecord, SkipsColumnsWithoutAField) {
-  ImportSession session = SessionWith({{kNameField, 2}, {kRxFrequency, 4}});
+  ImportSession session = SessionWith({{kNameColumn, 2}, {kRxFrequency, 4}});
   const ImportRecord record = ParseRecord(session, "7,HILL,8,146.52,9\n");
   EXPECT_EQ(record.rx, 1'465'200U);
   EXPECT_EQ(Name(record), "HILL");
 }
 
 TEST(ImportRecord, GivesAColumnToTheFirstOfItsFields) {
-  ImportSession session = SessionWith({{kRxFrequency, 1}, {kNameField, 2}, {kCommentField, 2}});
+  ImportSession session = SessionWith({{kRxFrequency, 1}, {kNameColumn, 2}, {kCommentColumn, 2}});
   const ImportRecord record = ParseRecord(session, "146.52,HILL\n");
   EXPECT_EQ(Name(record), "HILL");
   EXPECT_EQ(Comment(record), "");
 }
 
 TEST(ImportRecord, PicksUpAnEarlierLongerLineBehindALineWithoutALineFeed) {
-  ImportSession session = SessionWith({{kRxFrequency, 1}, {kNameField, 2}, {kCommentField, 3}});
+  ImportSession session = SessionWith({{kRxFrequency, 1}, {kNameColumn, 2}, {kCommentColumn, 3}});
   ParseRecord(session, "146.94,RPT,North ridge\n");
   EXPECT_EQ(Comment(ParseRecord(session, "146.52,CLL,\n")), "");
   ParseRecord(session, "146.94,RPT,North ridge\n");
@@ -102,44 +103,44 @@ TEST(ImportRecord, TakesADigitInTheTransmitColumnForADirection) {
 }
 
 TEST(ImportRecord, LetsTheOffsetColumnOverrideAnEarlierDirection) {
-  ImportSession session = SessionWith({{kRxFrequency, 1}, {kTxFrequency, 2}, {kOffsetField, 3}});
+  ImportSession session = SessionWith({{kRxFrequency, 1}, {kTxFrequency, 2}, {kOffsetColumn, 3}});
   EXPECT_EQ(ParseRecord(session, "146.94,+,-\n").shift, 1);
   EXPECT_EQ(ParseRecord(session, "146.94,+,x\n").shift, 0);
-  session.columns = Columns({{kRxFrequency, 1}, {kOffsetField, 2}, {kTxFrequency, 3}});
+  session.columns = Columns({{kRxFrequency, 1}, {kOffsetColumn, 2}, {kTxFrequency, 3}});
   EXPECT_EQ(ParseRecord(session, "146.94,-,+\n").shift, 2);
   EXPECT_EQ(ParseRecord(session, "146.94,-,0.6\n").shift, 1);
 }
 
 TEST(ImportTone, IsReadFromADigit) {
-  EXPECT_EQ(ParseCell(kToneField, "0").tone_mode, 0);
-  EXPECT_EQ(ParseCell(kToneField, "1").tone_mode, 1);
-  EXPECT_EQ(ParseCell(kToneField, "2").tone_mode, 2);
-  EXPECT_EQ(ParseCell(kToneField, "3").tone_mode, 3);
-  EXPECT_EQ(ParseCell(kToneField, "4").tone_mode, 0);
-  EXPECT_EQ(ParseCell(kToneField, "9").tone_mode, 0);
-  EXPECT_EQ(ParseCell(kToneField, "15").tone_mode, 1);
+  EXPECT_EQ(ParseCell(kToneColumn, "0").tone_mode, 0);
+  EXPECT_EQ(ParseCell(kToneColumn, "1").tone_mode, 1);
+  EXPECT_EQ(ParseCell(kToneColumn, "2").tone_mode, 2);
+  EXPECT_EQ(ParseCell(kToneColumn, "3").tone_mode, 3);
+  EXPECT_EQ(ParseCell(kToneColumn, "4").tone_mode, 0);
+  EXPECT_EQ(ParseCell(kToneColumn, "9").tone_mode, 0);
+  EXPECT_EQ(ParseCell(kToneColumn, "15").tone_mode, 1);
 }
 
 TEST(ImportTone, IsReadFromItsLetters) {
-  EXPECT_EQ(ParseCell(kToneField, "E").tone_mode, 1);
-  EXPECT_EQ(ParseCell(kToneField, "Enc").tone_mode, 1);
-  EXPECT_EQ(ParseCell(kToneField, "ED").tone_mode, 2);
-  EXPECT_EQ(ParseCell(kToneField, "EDx").tone_mode, 2);
-  EXPECT_EQ(ParseCell(kToneField, "DCS").tone_mode, 3);
-  EXPECT_EQ(ParseCell(kToneField, "DCS 023").tone_mode, 3);
+  EXPECT_EQ(ParseCell(kToneColumn, "E").tone_mode, 1);
+  EXPECT_EQ(ParseCell(kToneColumn, "Enc").tone_mode, 1);
+  EXPECT_EQ(ParseCell(kToneColumn, "ED").tone_mode, 2);
+  EXPECT_EQ(ParseCell(kToneColumn, "EDx").tone_mode, 2);
+  EXPECT_EQ(ParseCell(kToneColumn, "DCS").tone_mode, 3);
+  EXPECT_EQ(ParseCell(kToneColumn, "DCS 023").tone_mode, 3);
 }
 
 TEST(ImportTone, IsNoneForOtherTexts) {
   for (const char* text : {"", "e", "ed", "dcs", "DC", "none", " E"}) {
-    EXPECT_EQ(ParseCell(kToneField, text).tone_mode, 0) << text;
+    EXPECT_EQ(ParseCell(kToneColumn, text).tone_mode, 0) << text;
   }
 }
 
 TEST(ImportTone, IsOverriddenByALaterColumn) {
-  ImportSession session = SessionWith({{kRxFrequency, 1}, {kEncFrequency, 2}, {kToneField, 3}});
+  ImportSession session = SessionWith({{kRxFrequency, 1}, {kEncFrequency, 2}, {kToneColumn, 3}});
   EXPECT_EQ(ParseRecord(session, "146.94,88.5,\"\",x\n").tone_mode, 0);
   EXPECT_EQ(ParseRecord(session, "146.94,88.5,3\n").tone_mode, 3);
-  session.columns = Columns({{kRxFrequency, 1}, {kToneField, 2}, {kEncFrequency, 3}});
+  session.columns = Columns({{kRxFrequency, 1}, {kToneColumn, 2}, {kEncFrequency, 3}});
   EXPECT_EQ(ParseRecord(session, "146.94,ED,88.5\n").tone_mode, 1);
   session.columns = Columns({{kRxFrequency, 1}, {kEncFrequency, 2}, {kDecFrequency, 3}});
   EXPECT_EQ(ParseRecord(session, "146.94,88.5,100.0\n").tone_mode, 2);
@@ -147,34 +148,34 @@ TEST(ImportTone, IsOverriddenByALaterColumn) {
 
 TEST(ImportSkip, IsReadFromItsFirstCharacter) {
   for (const char* text : {"s", "S", "Skip", "skip", "Sx"}) {
-    EXPECT_TRUE(ParseCell(kSkipField, text).skip) << text;
+    EXPECT_TRUE(ParseCell(kSkipColumn, text).skip) << text;
   }
   for (const char* text : {"", "x", "1", " s", "no"}) {
-    EXPECT_FALSE(ParseCell(kSkipField, text).skip) << text;
+    EXPECT_FALSE(ParseCell(kSkipColumn, text).skip) << text;
   }
 }
 
 TEST(ImportPower, IsReadFromItsFirstCharacter) {
   for (const char* text : {"", "L", "l", "Low3", "low"}) {
-    EXPECT_EQ(ParseCell(kPowerField, text).power, 0) << text;
+    EXPECT_EQ(ParseCell(kPowerColumn, text).power, ImportPower::kLow) << text;
   }
   for (const char* text : {"M", "m", "Mid", "\x01"}) {
-    EXPECT_EQ(ParseCell(kPowerField, text).power, 1) << text;
+    EXPECT_EQ(ParseCell(kPowerColumn, text).power, ImportPower::kMid) << text;
   }
   for (const char* text : {"H", "h", "High", "\x02"}) {
-    EXPECT_EQ(ParseCell(kPowerField, text).power, 2) << text;
+    EXPECT_EQ(ParseCell(kPowerColumn, text).power, ImportPower::kHigh) << text;
   }
 }
 
 TEST(ImportPower, IsLowForAnEmptyCellAndHighForAMissingColumn) {
-  EXPECT_EQ(ParseCell(kPowerField, "").power, 0);
-  ImportSession session = SessionWith({{kRxFrequency, 1}, {kPowerField, 2}});
-  EXPECT_EQ(ParseRecord(session, "146.94\n").power, 2);
+  EXPECT_EQ(ParseCell(kPowerColumn, "").power, ImportPower::kLow);
+  ImportSession session = SessionWith({{kRxFrequency, 1}, {kPowerColumn, 2}});
+  EXPECT_EQ(ParseRecord(session, "146.94\n").power, ImportPower::kHigh);
 }
 
 TEST(ImportPower, StaysHighForOtherTexts) {
   for (const char* text : {"5 W", "x", "1", "2", "\x03"}) {
-    EXPECT_EQ(ParseCell(kPowerField, text).power, 2) << text;
+    EXPECT_EQ(ParseCell(kPowerColumn, text).power, ImportPower::kHigh) << text;
   }
 }
 
@@ -222,15 +223,15 @@ TEST(ImportToneFrequency, SwitchesNothingOnWithoutTheToneCheck) {
 }
 
 TEST(ImportTexts, AreCutToTheirLength) {
-  EXPECT_EQ(Name(ParseCell(kNameField, "NINECHARS")), "NINECHARS");
-  EXPECT_EQ(Name(ParseCell(kNameField, "TENLETTERS")), "TENLETTER");
+  EXPECT_EQ(Name(ParseCell(kNameColumn, "NINECHARS")), "NINECHARS");
+  EXPECT_EQ(Name(ParseCell(kNameColumn, "TENLETTERS")), "TENLETTER");
   const std::string text = "0123456789012345678901234567890";
-  EXPECT_EQ(Comment(ParseCell(kCommentField, text)), text);
-  EXPECT_EQ(Comment(ParseCell(kCommentField, text + "1")), text);
+  EXPECT_EQ(Comment(ParseCell(kCommentColumn, text)), text);
+  EXPECT_EQ(Comment(ParseCell(kCommentColumn, text + "1")), text);
 }
 
 TEST(ImportTexts, KeepTheirBytes) {
-  EXPECT_EQ(Name(ParseCell(kNameField, " \xC4 \xB1 ")), " \xC4 \xB1 ");
+  EXPECT_EQ(Name(ParseCell(kNameColumn, " \xC4 \xB1 ")), " \xC4 \xB1 ");
 }
 
 // Receive, transmit and direction, as they are normalised.
@@ -244,9 +245,9 @@ void PrintTo(const Shifted& value, std::ostream* out) {
 }
 
 Shifted Normalised(const std::string& rx, const std::string& tx, const std::string& direction) {
-  ImportSession session = SessionWith({{kRxFrequency, 1}, {kTxFrequency, 2}, {kOffsetField, 3}});
+  ImportSession session = SessionWith({{kRxFrequency, 1}, {kTxFrequency, 2}, {kOffsetColumn, 3}});
   const ImportRecord record = ParseRecord(session, rx + "," + tx + "," + direction + "\n");
-  return {record.shift, record.tx};
+  return {static_cast<int>(record.shift), static_cast<std::uint32_t>(record.tx.hundred_hertz)};
 }
 
 TEST(ImportShift, OfASimplexChannelStaysAsItIs) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "core/image/derived_tables.h"
 #include "core/interchange/import_columns.h"
 #include "tests/unit/failing_new.h"
 #include "tests/unit/interchange_fixture.h"
@@ -37,7 +38,7 @@ class Selection : public testing::Test {
     session_.line_count = CountLines(lines);
     list_ = OpenSelection(*image_, session_, lines);
   }
-  void OpenNames(std::string_view file) { Open(file, {{kRxFrequency, 1}, {kNameField, 2}}); }
+  void OpenNames(std::string_view file) { Open(file, {{kRxFrequency, 1}, {kNameColumn, 2}}); }
 
   // As many usable lines as this.
   void OpenMany(int lines) {
@@ -119,10 +120,10 @@ TEST_F(Selection, ListsNothingOfFixedLengthFieldsButCountsTheLines) {
 
 TEST_F(Selection, SwitchesTheToneCheckOffForTheRestOfTheRunByColumn4) {
   constexpr std::string_view kFile = "146.94,88.5,RPT1,North,x\n";
-  Open(kFile, {{kRxFrequency, 1}, {kEncFrequency, 2}, {kNameField, 3}, {kCommentField, 5}});
+  Open(kFile, {{kRxFrequency, 1}, {kEncFrequency, 2}, {kNameColumn, 3}, {kCommentColumn, 5}});
   EXPECT_TRUE(session_.check_tones);
   EXPECT_EQ(list_->Rows()[0].tone_mode, 1);
-  Open(kFile, {{kRxFrequency, 1}, {kEncFrequency, 2}, {kCommentField, 4}});
+  Open(kFile, {{kRxFrequency, 1}, {kEncFrequency, 2}, {kCommentColumn, 4}});
   EXPECT_FALSE(session_.check_tones);
   EXPECT_EQ(list_->Rows()[0].tone_mode, 0);
   EXPECT_EQ(list_->Rows()[0].encode_tone, 885);
@@ -167,7 +168,7 @@ TEST_F(Selection, WithoutMemoryListsNothingAndSaysSo) {
 
 TEST_F(Selection, PlacesTheSelectedRowsOneBehindTheOther) {
   OpenNames("146.52,A\n146.54,B\n146.56,C\n146.58,D\n");
-  EXPECT_EQ(AcceptSelection(*image_, *list_, {0, 2, 3}, 50), ImportAnswer::kPlaced);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, {0, 2, 3}, 50, test_region), ImportAnswer::kPlaced);
   EXPECT_EQ(NameInRecord(*image_, 50), "A       ");
   EXPECT_EQ(NameInRecord(*image_, 51), "C       ");
   EXPECT_EQ(NameInRecord(*image_, 52), "D       ");
@@ -180,7 +181,7 @@ TEST_F(Selection, PlacesTheSelectedRowsOneBehindTheOther) {
 TEST_F(Selection, RebuildsTheDerivedTables) {
   OpenNames("146.52,A\n");
   (*image_)[56] = 239;
-  AcceptSelection(*image_, *list_, {0}, 50);
+  AcceptSelection(*image_, *list_, {0}, 50, test_region);
   EXPECT_EQ((*image_)[56], 240);
   EXPECT_EQ((*image_)[180 + 12 * 49] & 0x01, 0x01);
   EXPECT_EQ(image_fixture::BytesAt(*image_, 11'692, 9),
@@ -190,7 +191,7 @@ TEST_F(Selection, RebuildsTheDerivedTables) {
 TEST_F(Selection, WithoutASelectedRowOnlyRebuildsTheTables) {
   OpenNames("146.52,A\n");
   Program(*image_, 7, 7);
-  EXPECT_EQ(AcceptSelection(*image_, *list_, {}, 50), ImportAnswer::kPlaced);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, {}, 50, test_region), ImportAnswer::kPlaced);
   EXPECT_EQ((*image_)[180 + 12 * 6], 0x01);
   EXPECT_EQ(FlagByte(*image_, 50), 0x00);
 }
@@ -198,7 +199,7 @@ TEST_F(Selection, WithoutASelectedRowOnlyRebuildsTheTables) {
 TEST_F(Selection, IsRefusedWhereItReachesBehindTheLastChannel) {
   OpenMany(12);
   const CloneImage before = *image_;
-  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(12), 230), ImportAnswer::kTooMany);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(12), 230, test_region), ImportAnswer::kTooMany);
   EXPECT_EQ(*image_, before);
   ASSERT_EQ(test_seams.messages.size(), 1U);
   EXPECT_EQ(test_seams.messages[0].text,
@@ -206,7 +207,7 @@ TEST_F(Selection, IsRefusedWhereItReachesBehindTheLastChannel) {
             "Selected is less that Available - Start.");
   EXPECT_EQ(test_seams.messages[0].caption, "Import Error");
   EXPECT_EQ(test_seams.messages[0].icon, Icon::kWarning);
-  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(12), 229), ImportAnswer::kPlaced);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(12), 229, test_region), ImportAnswer::kPlaced);
   EXPECT_EQ(NameInRecord(*image_, 229), "CH0     ");
   EXPECT_EQ(NameInRecord(*image_, 240), "CH11    ");
   EXPECT_EQ(FlagByte(*image_, 228), 0x00);
@@ -215,14 +216,14 @@ TEST_F(Selection, IsRefusedWhereItReachesBehindTheLastChannel) {
 TEST_F(Selection, CountsToTheImagesOwnChannelCount) {
   OpenMany(2);
   image_ = MakeRadio(100);
-  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), 100), ImportAnswer::kTooMany);
-  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), 99), ImportAnswer::kPlaced);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), 100, test_region), ImportAnswer::kTooMany);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), 99, test_region), ImportAnswer::kPlaced);
 }
 
 TEST_F(Selection, WithNoRowIsRefusedTwoBehindTheLastChannel) {
   OpenMany(1);
-  EXPECT_EQ(AcceptSelection(*image_, *list_, {}, 241), ImportAnswer::kPlaced);
-  EXPECT_EQ(AcceptSelection(*image_, *list_, {}, 242), ImportAnswer::kTooMany);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, {}, 241, test_region), ImportAnswer::kPlaced);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, {}, 242, test_region), ImportAnswer::kTooMany);
 }
 
 TEST_F(Selection, IsRefusedForAStartBelow1) {
@@ -230,26 +231,28 @@ TEST_F(Selection, IsRefusedForAStartBelow1) {
   for (const int start : {0, -1, -2'147'483'647 - 1}) {
     test_seams.messages.clear();
     const CloneImage before = *image_;
-    EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), start), ImportAnswer::kIllegalStart);
+    EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), start, test_region),
+              ImportAnswer::kIllegalStart);
     EXPECT_EQ(*image_, before);
     ASSERT_EQ(test_seams.messages.size(), 1U);
     EXPECT_EQ(test_seams.messages[0].text, "Illegal Start Channel");
     EXPECT_EQ(test_seams.messages[0].caption, "Import Error");
     EXPECT_EQ(test_seams.messages[0].icon, Icon::kWarning);
   }
-  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), 1), ImportAnswer::kPlaced);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), 1, test_region), ImportAnswer::kPlaced);
 }
 
 TEST_F(Selection, IsRefusedForTheLargestStart) {
   OpenMany(2);
-  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), 2'147'483'647), ImportAnswer::kTooMany);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(2), 2'147'483'647, test_region),
+            ImportAnswer::kTooMany);
 }
 
 TEST_F(Selection, OverwritesWithoutAsking) {
   OpenNames("146.52,NEW\n");
   Program(*image_, 50, 50);
   (*image_)[3407] = 0x0D;
-  EXPECT_EQ(AcceptSelection(*image_, *list_, {0}, 50), ImportAnswer::kPlaced);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, {0}, 50, test_region), ImportAnswer::kPlaced);
   EXPECT_EQ(NameInRecord(*image_, 50), "NEW     ");
   EXPECT_EQ(FlagByte(*image_, 50), 0x03);
   EXPECT_TRUE(ShownTexts().empty());
@@ -257,7 +260,7 @@ TEST_F(Selection, OverwritesWithoutAsking) {
 
 TEST_F(Selection, LeavesOutRowsThatTheListDoesNotHave) {
   OpenNames("146.52,A\n");
-  EXPECT_EQ(AcceptSelection(*image_, *list_, {-1, 0, 1}, 50), ImportAnswer::kPlaced);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, {-1, 0, 1}, 50, test_region), ImportAnswer::kPlaced);
   EXPECT_EQ(FlagByte(*image_, 50), 0x00);
   EXPECT_EQ(NameInRecord(*image_, 51), "A       ");
   EXPECT_EQ(FlagByte(*image_, 52), 0x00);
@@ -267,7 +270,7 @@ TEST_F(Selection, WritesNothingBehindTheChannelsOfAHostileCount) {
   OpenMany(3);
   image_ = MakeRadio(65'535);
   const CloneImage before = *image_;
-  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(3), 60'000), ImportAnswer::kPlaced);
+  EXPECT_EQ(AcceptSelection(*image_, *list_, Rows(3), 60'000, test_region), ImportAnswer::kPlaced);
   CloneImage rebuilt = before;
   RebuildDerivedTables(rebuilt);
   EXPECT_EQ(*image_, rebuilt);
@@ -275,8 +278,8 @@ TEST_F(Selection, WritesNothingBehindTheChannelsOfAHostileCount) {
 
 ImportRecord RowRecord(int shift, int tone) {
   ImportRecord record;
-  record.rx = 1'469'400;
-  record.shift = shift;
+  record.rx = Kilohertz(146'940);
+  record.shift = static_cast<Shift>(shift);
   record.encode_tone = static_cast<std::uint16_t>(tone);
   record.name = {'R', 'P', 'T', '1'};
   record.comment = {'N', 'o', 'r', 't', 'h'};
@@ -299,7 +302,7 @@ TEST(SelectionRow, LeavesTheToneBlankOutsideItsRange) {
 
 TEST(SelectionRow, ShowsLowFrequenciesWithFourDecimals) {
   ImportRecord record = RowRecord(0, 0);
-  record.rx = 5'310;
+  record.rx = Kilohertz(531);
   record.name = {};
   record.comment = {};
   EXPECT_EQ(FormatImportRow(record), "0.5310\t \t     \t\t");
@@ -307,7 +310,7 @@ TEST(SelectionRow, ShowsLowFrequenciesWithFourDecimals) {
 
 TEST(SelectionRow, HoldsTheLongestTexts) {
   ImportRecord record = RowRecord(0, 885);
-  record.rx = 0x7FFFFFFF;
+  record.rx = HundredHertz(0x7FFFFFFF);
   std::fill_n(record.name.begin(), 9, 'n');
   std::fill_n(record.comment.begin(), 31, 'c');
   EXPECT_EQ(FormatImportRow(record),

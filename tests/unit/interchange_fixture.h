@@ -48,7 +48,7 @@ inline Bytes BytesOfText(std::string_view text) { return {text.begin(), text.end
 
 inline ImportLines Lines(std::string_view text) { return LinesOf(BytesOfText(text)); }
 
-using Column = std::pair<ImportField, std::uint32_t>;
+using Column = std::pair<CsvColumn, std::uint32_t>;
 
 inline ColumnAssignment Columns(std::initializer_list<Column> columns) {
   ColumnAssignment assignment{};

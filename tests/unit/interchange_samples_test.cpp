@@ -16,8 +16,7 @@ namespace {
 using namespace interchange_fixture;
 
 Bytes Sample(const char* name) {
-  const auto top = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
-  return FileBytes((top / "samples" / name).string());
+  return FileBytes((std::filesystem::path(QZ7_SAMPLES) / name).string());
 }
 
 class Samples : public testing::Test {
@@ -68,11 +67,11 @@ TEST_F(Samples, HoldARepeaterDirectory) {
 TEST_F(Samples, HoldAValleyWithSemicolons) {
   request_.options.field_separator = ';';
   request_.columns = Columns({{kRxFrequency, 1},
-                              {kOffsetField, 2},
+                              {kOffsetColumn, 2},
                               {kTxFrequency, 3},
                               {kEncFrequency, 5},
-                              {kNameField, 6},
-                              {kCommentField, 7}});
+                              {kNameColumn, 6},
+                              {kCommentColumn, 7}});
   Import("valley.csv");
   EXPECT_EQ(result_->placed, 15U);
   EXPECT_EQ(RecordBytes(*image_, 3),
@@ -99,7 +98,7 @@ TEST_F(Samples, HoldMountainsWithEveryColumn) {
 
 TEST_F(Samples, HoldSimplexChannelsWithLineFeedsAlone) {
   request_.options.text_separator = '\'';
-  request_.columns = Columns({{kRxFrequency, 1}, {kNameField, 2}});
+  request_.columns = Columns({{kRxFrequency, 1}, {kNameColumn, 2}});
   Import("simplex.txt");
   EXPECT_EQ(result_->placed, 12U);
   EXPECT_EQ(NameInRecord(*image_, 7), "CALL 2M ");

@@ -11,6 +11,7 @@
 #include "core/image/channel_record.h"
 #include "core/image/operating_state.h"
 #include "tests/unit/document_bytes.h"
+#include "tests/unit/plain_numbers.h"
 
 namespace qz7 {
 namespace {
@@ -108,10 +109,10 @@ TEST_F(NewDocument, HasEverySpecialSlotProgrammedInItsBand) {
     EXPECT_FALSE(IsMasked(image_, n));
     EXPECT_FALSE(IsSkip(image_, n));
     const Frequency receive = ReadReceiveFrequency(GetChannelRecord(image_, n));
-    EXPECT_TRUE(InBand(SlotBand(n), receive));
+    EXPECT_TRUE(InBand(SlotBand(n), receive, test_region));
     EXPECT_TRUE(IsValidFrequency(image_, receive));
     const Frequency transmit = TransmitFrequency(GetChannelRecord(image_, n));
-    EXPECT_TRUE(InBand(SlotBand(n), transmit));
+    EXPECT_TRUE(InBand(SlotBand(n), transmit, test_region));
   }
 }
 
@@ -124,17 +125,18 @@ TEST_F(NewDocument, HasMemoryChannel1ProgrammedAndShown) {
 
 TEST_F(NewDocument, GivesEveryProgrammedChannelTheStepAndModeOfItsBand) {
   constexpr std::array<int, 10> kSteps = {1, 0, 5, 6, 1, 0, 5, 5, 2, 1};
-  constexpr std::array<int, 10> kUsualModes = {kAm,       kAm,       kFmWide, kFmWide,   kFmNarrow,
-                                               kFmNarrow, kFmNarrow, kAm,     kFmNarrow, kFmNarrow};
+  constexpr std::array<Mode, 10> kUsualModes = {
+      Mode::kAm,       Mode::kAm,       Mode::kFmWide, Mode::kFmWide,   Mode::kFmNarrow,
+      Mode::kFmNarrow, Mode::kFmNarrow, Mode::kAm,     Mode::kFmNarrow, Mode::kFmNarrow};
   for (int n = -30; n <= 1; ++n) {
     if (n == 0) {
       continue;
     }
     SCOPED_TRACE(n);
     const std::uint8_t* record = GetChannelRecord(image_, n);
-    const int band = n < 0 ? SlotBand(n) : BandOf(ReadReceiveFrequency(record));
+    const Band band = n < 0 ? SlotBand(n) : BandOf(ReadReceiveFrequency(record));
     EXPECT_EQ(record[1], kSteps.at(static_cast<std::size_t>(band)));
-    EXPECT_EQ(record[5], kUsualModes.at(static_cast<std::size_t>(band)));  // icon 0
+    EXPECT_EQ(kUsualModes.at(static_cast<std::size_t>(band)), record[5]);  // icon 0
   }
 }
 
@@ -152,7 +154,7 @@ TEST_F(NewDocument, HasOnlyRecordsThatTheChannelEditorCouldHaveWritten) {
     EXPECT_EQ(record[0] >> 2 & 0x03, GridClass(transmit));
     EXPECT_EQ((record[0] & 0x40) != 0, IsOffStep(receive, record[1]));
     EXPECT_EQ(record[0] & 0x80, 0);
-    EXPECT_LE(RecordToneMode(record), 3);
+    EXPECT_TRUE(RecordToneMode(record));
     EXPECT_LT(record[18], 39);
     EXPECT_LT(record[19], 104);
     EXPECT_TRUE(std::all_of(record + 6, record + 14,

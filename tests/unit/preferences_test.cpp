@@ -93,12 +93,6 @@ TEST(Preferences, APortIsADecimalNumberAndALargeOnePassesStartUp) {
   EXPECT_GT(Loaded().port_index, 9);
 }
 
-TEST(Preferences, LoadingClearsTheExtendedVersion) {
-  region_variant.extended_version = true;
-  Loaded();
-  EXPECT_FALSE(region_variant.extended_version);
-}
-
 TEST(Preferences, ABadTemplateIsReportedAtTheStart) {
   const TempFolder folder;
   PutFile(folder.File("bad.tpl"), Bytes(100, 1));

@@ -11,6 +11,7 @@
 #include "core/files/new_document.h"
 #include "core/image/channel_record.h"
 #include "core/image/settings_map.h"
+#include "tests/unit/plain_numbers.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {
@@ -35,7 +36,7 @@ void StoreNumber(CloneImage& image, int n, const std::vector<std::uint8_t>& code
 
 std::vector<std::string> Listing(const CloneImage& image) {
   PrintText text;
-  EXPECT_TRUE(BuildPrintText(image, "TEST.RDF", DtmfDisplay::kSymbols, text));
+  EXPECT_TRUE(BuildPrintText(image, "TEST.RDF", DtmfDisplay::kSymbols, test_region, text));
   return PrintLines(text);
 }
 
@@ -96,10 +97,10 @@ TEST(Listing, ShowsTheTopDtmfCodesAsTheDisplayOptionSays) {
   auto image = EmptyDocument();
   StoreNumber(*image, 2, {0x0E, 0x0F});
   PrintText text;
-  ASSERT_TRUE(BuildPrintText(*image, "A", DtmfDisplay::kSymbols, text));
+  ASSERT_TRUE(BuildPrintText(*image, "A", DtmfDisplay::kSymbols, test_region, text));
   std::vector<std::string> lines = PrintLines(text);
   EXPECT_EQ("Ch 3 -- *#", lines[lines.size() - 7]);
-  ASSERT_TRUE(BuildPrintText(*image, "A", DtmfDisplay::kLetters, text));
+  ASSERT_TRUE(BuildPrintText(*image, "A", DtmfDisplay::kLetters, test_region, text));
   lines = PrintLines(text);
   EXPECT_EQ("Ch 3 -- EF", lines[lines.size() - 7]);
 }
@@ -181,8 +182,8 @@ TEST(PrintTextBuffer, IgnoresWhatIsAppendedAfterItWasDiscarded) {
 
 TEST(Listing, ThatWasDiscardedSaysOutOfMemory) {
   PrintText text;
-  EXPECT_FALSE(
-      BuildPrintText(*EmptyDocument(), std::string(3000, 'n'), DtmfDisplay::kSymbols, text));
+  EXPECT_FALSE(BuildPrintText(*EmptyDocument(), std::string(3000, 'n'), DtmfDisplay::kSymbols,
+                              test_region, text));
   ASSERT_EQ(1U, test_seams.messages.size());
   EXPECT_EQ("Out of memory", test_seams.messages[0].text);
   EXPECT_EQ(kProgramTitle, test_seams.messages[0].caption);

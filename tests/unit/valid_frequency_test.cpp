@@ -16,8 +16,8 @@ using namespace image_fixture;
 
 // A range of kilohertz, the low end included, the high end not.
 struct KilohertzRange {
-  Frequency low;
-  Frequency high;
+  Units low;
+  Units high;
 };
 using Coverage = std::vector<KilohertzRange>;
 
@@ -58,7 +58,7 @@ const Coverage& CoverageOf(char letter) {
   }
 }
 
-bool Holds(const Coverage& coverage, Frequency f) {
+bool Holds(const Coverage& coverage, Units f) {
   return std::any_of(coverage.begin(), coverage.end(), [f](const KilohertzRange& range) {
     return f >= range.low * 10 && f < range.high * 10;
   });
@@ -82,12 +82,12 @@ std::unique_ptr<CloneImage> ImageOfVersion(std::size_t type, std::size_t subtype
 }
 
 // Every border of every coverage, minus one, exact and plus one.
-const std::vector<Frequency>& Borders() {
-  static const std::vector<Frequency> all_borders = [] {
-    std::vector<Frequency> borders = {INT_MIN, -1, 0, 1, 9'999'999, INT_MAX};
+const std::vector<Units>& Borders() {
+  static const std::vector<Units> all_borders = [] {
+    std::vector<Units> borders = {INT_MIN, -1, 0, 1, 9'999'999, INT_MAX};
     for (const char letter : {'A', 'B', 'C', 'D', 'F', 'G'}) {
       for (const KilohertzRange& range : CoverageOf(letter)) {
-        for (const Frequency khz : {range.low, range.high}) {
+        for (const Units khz : {range.low, range.high}) {
           borders.insert(borders.end(), {khz * 10 - 1, khz * 10, khz * 10 + 1});
         }
       }
@@ -103,7 +103,7 @@ TEST(ValidFrequency, IsDecidedByTheVersionBytes) {
       for (std::size_t wide = 0; wide < 3; ++wide) {
         const auto image = ImageOfVersion(type, subtype, wide);
         const Coverage& coverage = CoverageOf(kVersions.at(type).at(subtype)[wide]);
-        for (const Frequency f : Borders()) {
+        for (const Units f : Borders()) {
           EXPECT_EQ(IsValidFrequency(*image, f), Holds(coverage, f))
               << f << ", type " << type << ", subtype " << subtype << ", wide " << wide;
         }
@@ -123,7 +123,7 @@ TEST(ValidFrequency, HoldsOverTheWholeRange) {
                                                     {255U, 255U, 255U, '-'}}) {
     const auto image = ImageOfVersion(type, subtype, wide);
     const Coverage& coverage = CoverageOf(letter);
-    for (Frequency f = 0; f <= 10'100'000; f += 250) {
+    for (Units f = 0; f <= 10'100'000; f += 250) {
       ASSERT_EQ(IsValidFrequency(*image, f), Holds(coverage, f)) << letter << ": " << f;
     }
   }
@@ -158,8 +158,9 @@ TEST(ValidFrequency, OfTheFirstVersionsIsTheHamBandsWithoutWideCoverage) {
 TEST(ValidFrequency, DoesNotDependOnTheRegion) {
   const auto image = ImageOfVersion(0, 0, 1);
   for (const RegionVariant& variant :
-       {RegionVariant{.region = 1}, RegionVariant{.region = 2, .sub_variant = 6},
-        RegionVariant{.region = 0, .extended_version = true}}) {
+       {RegionVariant{.variant = Variant::kOne},
+        RegionVariant{.variant = Variant::kTwo, .sub_variant = 6},
+        RegionVariant{.variant = Variant::kZero, .extended_version = true}}) {
     const RegionGuard guard(variant);
     EXPECT_TRUE(IsValidFrequency(*image, 5'000));
     EXPECT_TRUE(IsValidFrequency(*image, 1'000'000));

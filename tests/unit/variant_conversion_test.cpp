@@ -41,7 +41,7 @@ std::unique_ptr<CloneImage> SettledImage() {
 CloneImage Converted(const CloneImage& image) {
   CloneImage converted = image;
   auto working_copy = MakePatternImage();
-  ConvertChannelsForVariant(converted, *working_copy);
+  ConvertChannelsForVariant(converted, *working_copy, test_region);
   EXPECT_EQ(converted, *working_copy);
   return converted;
 }
@@ -60,11 +60,11 @@ Bytes ConvertedSlot(int n, const Bytes& record) {
 
 TEST(VariantConversion, IsNeededWhereTheVersionIsNotTheRegion) {
   auto image = MakeImage();
-  EXPECT_FALSE(NeedsVariantConversion(*image));
+  EXPECT_FALSE(NeedsVariantConversion(*image, test_region));
   (*image)[3068] = 2;
-  EXPECT_TRUE(NeedsVariantConversion(*image));
-  const RegionGuard guard({.region = 2});
-  EXPECT_FALSE(NeedsVariantConversion(*image));
+  EXPECT_TRUE(NeedsVariantConversion(*image, test_region));
+  const RegionGuard guard({.variant = Variant::kTwo});
+  EXPECT_FALSE(NeedsVariantConversion(*image, test_region));
 }
 
 TEST(VariantConversion, LeavesASettledImageAlone) {
@@ -76,7 +76,7 @@ TEST(VariantConversion, StartsFromTheImageWhateverTheWorkingCopyHolds) {
   auto image = SettledImage();
   auto working_copy = MakeImage();
   const CloneImage before = *image;
-  ConvertChannelsForVariant(*image, *working_copy);
+  ConvertChannelsForVariant(*image, *working_copy, test_region);
   EXPECT_EQ(*image, before);
   EXPECT_EQ(*working_copy, before);
 }
@@ -128,7 +128,7 @@ TEST(VariantConversion, LeavesMwWithTheTenKilohertzStepAloneInRegion0) {
 }
 
 TEST(VariantConversion, PutsMwOnTheNineKilohertzGridWithTheTenKilohertzStepElsewhereWanted) {
-  const RegionGuard guard({.region = 1});
+  const RegionGuard guard({.variant = Variant::kOne});
   auto image = SettledImage();
   // 76..88 MHz is FM here.
   for (const int n : {-3, -13, -23}) {
@@ -184,7 +184,8 @@ TEST(VariantConversion, StandsEveryHostileImage) {
     auto image = MakeRandomImage(dice);
     (*image)[56] = dice.Byte();
     (*image)[57] = dice.Byte();
-    const RegionGuard guard({.region = dice.Below(3), .sub_variant = dice.Below(8)});
+    const RegionGuard guard(
+        {.variant = static_cast<Variant>(dice.Below(3)), .sub_variant = dice.Below(8)});
     const CloneImage converted = Converted(*image);
     Offsets records;
     AddRange(records, 3656, 22 * 241);

@@ -3,6 +3,9 @@
 #include <cstddef>
 #include <cstdint>
 
+#include "core/image/channel_codes.h"
+#include "core/image/clone_image.h"
+
 namespace qz7 {
 
 // An entry of the channel summary table, the form of a channel that every radio data file carries,
@@ -19,13 +22,24 @@ struct ChannelSummary {
   bool tone_encoder = false;
   bool tone_squelch = false;
   bool skip = false;
-  int shift = 0;
+  Shift shift = Shift::kSimplex;
+  bool dcs_on = false;
+  int dcs_index = 0;  // 0..127
+  int mode = 0;       // 0..3
   std::uint32_t receive_10hz = 0;
   std::uint32_t transmit_10hz = 0;
   int tone = 0;
 };
 
-// The fields of a summary entry of 12 bytes.
+// The fields of a summary entry of 12 bytes, and the other way round.
 ChannelSummary DecodeSummary(const std::uint8_t* entry);
+void EncodeSummary(const ChannelSummary& channel, std::uint8_t* entry);
+
+// Stores 240 into the channel count and makes the summary and name tables anew from the records.
+void RebuildDerivedTables(CloneImage& image);
+
+// Copies the 8 name bytes of every memory channel into its name table entry, programmed or not:
+// after a read from the radio.
+void CopyNamesToTable(CloneImage& image);
 
 }  // namespace qz7
