@@ -21,6 +21,14 @@ inline constexpr Region kGroupTable{.offset = 3110,
                                     .size = kGroupCount * kGroupMembers * kGroupEntrySize};
 inline constexpr std::size_t kLastGroup = 10'487;
 inline constexpr std::uint8_t kGroupEmpty = 0xFF;
+inline constexpr std::uint8_t kGroupInUse = 0;
+constexpr std::size_t GroupStateOffset(int g) {
+  return kGroupStates.offset + static_cast<std::size_t>(g);
+}
+// i = 0..24: behind a group's last entry stands the next group's first one.
+constexpr std::size_t GroupEntryOffset(int g, int i) {
+  return kGroupTable.offset + static_cast<std::size_t>(g * kGroupMembers + i) * kGroupEntrySize;
+}
 
 inline constexpr int kWxNameCount = 10;
 inline constexpr std::size_t kWxNameLength = 8;
@@ -63,7 +71,6 @@ inline constexpr std::size_t kSwitchesC = 10'506;
 //   10243              display symbol, 0..5, or 6 for the symbol text
 //   10244  8           symbol text, the radio's character codes, zero-padded
 //   10502              level A, 0..15                10503      level B, 0..8
-inline constexpr std::uint8_t kGroupInUse = 0;
 inline constexpr Region kNumberA{.offset = 10'196, .size = 2};
 inline constexpr Region kNumberB{.offset = 10'198, .size = 2};
 inline constexpr std::size_t kVornMode = 10'205;
