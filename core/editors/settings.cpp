@@ -25,13 +25,11 @@ std::string DecodeNumber(std::span<const std::uint8_t> field) {
   return std::to_string(field[0] << 8 | field[1]);
 }
 
-// The number in the first nine characters, up to what is no digit.
+// The number in the first nine characters, up to what is no digit: a blank in front makes it 0.
 const char* EncodeNumber(std::string_view text, std::span<std::uint8_t> field) {
   constexpr std::size_t kLongest = 9;
   unsigned value = 0;
-  text = text.substr(0, kLongest);
-  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
-  for (const char c : text) {
+  for (const char c : text.substr(0, kLongest)) {
     if (c < '0' || c > '9') {
       break;
     }
