@@ -7,6 +7,7 @@
 #include "core/editors/main_fields.h"
 #include "core/files/document_header.h"
 #include "desktop/app_state.h"
+#include "desktop/editors/setting_controls.h"
 #include "desktop/locations.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
@@ -14,52 +15,34 @@
 namespace qz7 {
 namespace {
 
-void ShowField(HWND dialog, const MainField& field, std::optional<int> choice) {
-  switch (field.kind) {
-    case FieldKind::kList:
-      SelectInList(dialog, field.control, choice.value_or(-1));
-      break;
-    case FieldKind::kRadioGroup:
-      for (int i = 0; i < field.buttons; ++i) {
-        CheckDlgButton(dialog, field.control + i, choice == i ? BST_CHECKED : BST_UNCHECKED);
-      }
-      break;
-    case FieldKind::kCheckBox:
-      CheckDlgButton(dialog, field.control, choice == 1 ? BST_CHECKED : BST_UNCHECKED);
-      break;
-  }
-}
-
-std::optional<int> ChosenInField(HWND dialog, const MainField& field) {
-  const auto checked = [dialog](int control) {
-    return IsDlgButtonChecked(dialog, control) == BST_CHECKED;
+// The lists tell what they are; what nothing tells shows its place in the radio's memory.
+const std::vector<SettingField>& Fields() {
+  constexpr auto list = [](int number) {
+    return SettingControl{.number = number, .tells_place = false};
   };
-  if (field.kind == FieldKind::kCheckBox) {
-    return checked(field.control) ? 1 : 0;
-  }
-  if (field.kind == FieldKind::kList) {
-    const int position = SelectedInList(dialog, field.control);
-    return position >= 0 ? std::optional(position) : std::nullopt;
-  }
-  for (int i = 0; i < field.buttons; ++i) {
-    if (checked(field.control + i)) {
-      return i;
-    }
-  }
-  return std::nullopt;
-}
-
-void EnableDefaultsButtons(HWND dialog, bool enabled) {
-  const HWND use = GetDlgItem(dialog, ID_USE_DEFAULTS);
-  const HWND store = GetDlgItem(dialog, ID_STORE_DEFAULTS);
-  // A disabled button would keep the keyboard to itself. The focus moves first, because the control
-  // that gets it sends a notification that enables the buttons.
-  if (!enabled && (GetFocus() == use || GetFocus() == store)) {
-    const HWND first = GetDlgItem(dialog, ID_FILE_COMMENT);
-    SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(first), TRUE);
-  }
-  EnableWindow(use, enabled);
-  EnableWindow(store, enabled);
+  static const std::vector<SettingField> fields =
+      FieldsOf(MainScreen(), {{"auto-power-off", list(ID_AUTO_POWER_OFF)},
+                              {"transmit-time-out", list(ID_TRANSMIT_TIME_OUT)},
+                              {"lock", list(ID_LOCK)},
+                              {"bell", list(ID_BELL)},
+                              {"receive-saver", list(ID_RECEIVE_SAVER)},
+                              {"lamp", list(ID_LAMP)},
+                              {"option-a", {ID_OPTION_A_FIRST}},
+                              {"option-b", {ID_OPTION_B_FIRST}},
+                              {"option-c", {ID_OPTION_C_FIRST}},
+                              {"switch-1", {ID_SWITCH_1}},
+                              {"switch-2", {ID_SWITCH_2}},
+                              {"switch-3", {ID_SWITCH_3}},
+                              {"switch-4", {ID_SWITCH_4}},
+                              {"switch-5", {ID_SWITCH_5}},
+                              {"switch-6", {ID_SWITCH_6}},
+                              {"switch-7", {ID_SWITCH_7}},
+                              {"switch-8", {ID_SWITCH_8}},
+                              {"switch-9", {ID_SWITCH_9}},
+                              {"switch-10", {ID_SWITCH_10}},
+                              {"switch-11", {ID_SWITCH_11}},
+                              {"switch-12", {ID_SWITCH_12}}});
+  return fields;
 }
 
 // The frame, where the template has one, lies outside the main window's client area; the main
@@ -81,37 +64,31 @@ void FillMainWindow(HWND dialog) {
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
-// Controls whose meaning nothing tells show their place in the radio's memory.
-std::vector<Tooltip> PlaceTooltips() {
-  std::vector<Tooltip> tooltips;
-  for (const MainField& field : MainFields()) {
-    for (int i = 0; i < std::max(field.buttons, 1); ++i) {
-      if (field.kind != FieldKind::kList) {
-        tooltips.push_back({field.control + i, FieldPlace(field)});
-      }
-    }
-  }
-  return tooltips;
-}
-
 BOOL OnInit(HWND dialog, LPARAM state) {
   FillMainWindow(dialog);
-  for (const MainField& field : MainFields()) {
-    FillList(dialog, field.control, field.texts);
+  for (const SettingField& field : Fields()) {
+    SetUpField(dialog, field);
   }
   LimitText(dialog, ID_FILE_COMMENT, kLongestFileComment);
-  SetUpDialog(dialog, state, PlaceTooltips());
+  SetUpDialog(dialog, state, PlaceTooltips(Fields()));
   return TRUE;
+}
+
+// Any notification of a field or the comment, the arriving focus too.
+bool TouchesDefaults(int control) {
+  return control == ID_FILE_COMMENT ||
+         std::any_of(Fields().begin(), Fields().end(),
+                     [control](const SettingField& field) { return BelongsTo(field, control); });
 }
 
 void OnUseDefaults(HWND dialog) {
   ApplyMainDefaults(app.document);
-  EnableDefaultsButtons(dialog, false);
+  DisableDefaultsButtons(dialog, ID_FILE_COMMENT);
 }
 
 void OnStoreDefaults(HWND dialog) {
   StoreMainDefaults(app.document);
-  EnableDefaultsButtons(dialog, false);
+  DisableDefaultsButtons(dialog, ID_FILE_COMMENT);
   SaveDefaultsRecord(app.document.defaults, DefaultsFilePlaces());
 }
 
@@ -134,8 +111,8 @@ void OnCommand(HWND dialog, int control, int notification) {
       }
       break;
     default:
-      if (TouchesMainDefaults(control)) {
-        EnableDefaultsButtons(dialog, true);
+      if (TouchesDefaults(control)) {
+        EnableDefaultsButtons(dialog);
       }
       break;
   }
@@ -167,8 +144,8 @@ HWND CreateMainDialog(HWND main_window) {
 }
 
 void LoadMainDialog(const CloneImage& image) {
-  for (const MainField& field : MainFields()) {
-    ShowField(app.main_dialog, field, ReadMainField(image, field));
+  for (const SettingField& field : Fields()) {
+    ShowInField(app.main_dialog, field, LoadSetting(*field.row, SourceIn(image)));
   }
   SetDlgItemTextA(app.main_dialog, ID_FILE_COMMENT, std::string(FileComment(image)).c_str());
 }
@@ -177,8 +154,8 @@ void ReadMainControls(CloneImage& image) {
   if (app.main_dialog == nullptr) {
     return;
   }
-  for (const MainField& field : MainFields()) {
-    WriteMainField(image, field, ChosenInField(app.main_dialog, field));
+  for (const SettingField& field : Fields()) {
+    StoreSetting(*field.row, ValueInField(app.main_dialog, field), TargetIn(image));
   }
   WriteFileComment(image, ControlText(app.main_dialog, ID_FILE_COMMENT));
 }

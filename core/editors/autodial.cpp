@@ -1,46 +1,28 @@
 #include "core/editors/autodial.h"
 
 #include <algorithm>
+#include <array>
 
-#include "core/files/messages.h"
+#include "core/image/settings_map.h"
 #include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
 
-Region NumberField(int n) {
-  return {.offset = kAutodial.offset + static_cast<std::size_t>(n) * kCodeTextLength,
-          .size = kCodeTextLength};
-}
-
-// The text with the digits' letters, without blanks and hyphens.
-std::string PlainDigits(std::string_view text) {
-  constexpr std::size_t kFieldLength = 24;
-  std::string digits(text.substr(0, kFieldLength));
-  std::replace(digits.begin(), digits.end(), '*', 'E');
-  std::replace(digits.begin(), digits.end(), '#', 'F');
-  std::erase_if(digits, [](char c) { return c == ' ' || c == '-'; });
-  return digits;
-}
-
-}  // namespace
-
-std::string DecodeDtmf(std::span<const std::uint8_t> codes, DtmfDisplay display) {
+std::string DecodeDigits(std::span<const std::uint8_t> codes) {
   std::string digits;
-  for (const std::uint8_t code : codes.first(std::min(codes.size(), kCodeTextLength))) {
+  for (const std::uint8_t code : codes) {
     if (code == kTextEnd) {
       break;
     }
     digits += kDtmfDigits[code & 0x0F];
   }
-  if (display == DtmfDisplay::kSymbols) {
-    std::replace(digits.begin(), digits.end(), 'E', '*');
-    std::replace(digits.begin(), digits.end(), 'F', '#');
-  }
-  return digits;
+  return ShownAs(DtmfDisplay::kSymbols, std::move(digits));
 }
 
-std::string FormatAutodialNumber(const std::string& digits) {
+// 7 digits as 555-1234, 11 as 1-555-555-1234, any other number as it stands.
+std::string DecodeNumber(std::span<const std::uint8_t> codes) {
+  const std::string digits = DecodeDigits(codes);
   switch (digits.size()) {
     case 7:
       return digits.substr(0, 3) + "-" + digits.substr(3);
@@ -52,58 +34,62 @@ std::string FormatAutodialNumber(const std::string& digits) {
   }
 }
 
-std::string AutodialText(const CloneImage& image, int n, DtmfDisplay display) {
-  return FormatAutodialNumber(DecodeDtmf(SourceIn(image)[NumberField(n)], display));
+// The text with the digits' letters, without blanks and hyphens.
+std::string PlainDigits(std::string_view text) {
+  constexpr std::size_t kFieldLength = 24;
+  std::string digits = ShownAs(DtmfDisplay::kLetters, std::string(text.substr(0, kFieldLength)));
+  std::erase_if(digits, [](char c) { return c == ' ' || c == '-'; });
+  return digits;
 }
 
-EncodedNumber EncodeDtmf(std::string_view text) {
+// Lower-case letters are no digits.
+const char* EncodeNumber(std::string_view text, std::span<std::uint8_t> field) {
   const std::string digits = PlainDigits(text);
-  EncodedNumber number;
-  number.codes.fill(kTextEnd);
-  if (digits.size() > number.codes.size()) {
-    number.refusal = "Too many digits in phone number\nPlease limit to 16 digits";
-    return number;
+  std::array<std::uint8_t, kCodeTextLength> codes;
+  codes.fill(kTextEnd);
+  if (digits.size() > codes.size()) {
+    return "Too many digits in phone number\nPlease limit to 16 digits";
   }
   for (std::size_t i = 0; i < digits.size(); ++i) {
     const std::optional<std::uint8_t> code = DtmfCode(digits[i]);
     if (!code) {
-      number.refusal = "Invalid digit in number\nPlease use 0-9, A-F, #, *, or -";
-      return number;
+      return "Invalid digit in number\nPlease use 0-9, A-F, #, *, or -";
     }
-    number.codes[i] = *code;
+    codes[i] = *code;
   }
+  std::copy(codes.begin(), codes.end(), field.begin());
+  return nullptr;
+}
+
+SettingScreen MakeScreen() {
+  SettingScreen screen;
+  for (int n = 0; n < kAutodialCount; ++n) {
+    screen.rows.push_back(
+        TextSetting("autodial-" + std::to_string(n + 1), {.place = AutodialNumber(n),
+                                                          .longest = kCodeTextLength,
+                                                          .decode = DecodeNumber,
+                                                          .encode = EncodeNumber}));
+  }
+  screen.rows.push_back(BoxSetting("autodial-flag", {.byte = kSwitchesA, .shift = 0, .width = 1}));
+  return screen;
+}
+
+}  // namespace
+
+const SettingScreen& AutodialScreen() {
+  static const SettingScreen screen = MakeScreen();
+  return screen;
+}
+
+std::string ShownAs(DtmfDisplay display, std::string number) {
+  const bool symbols = display == DtmfDisplay::kSymbols;
+  std::replace(number.begin(), number.end(), symbols ? 'E' : '*', symbols ? '*' : 'E');
+  std::replace(number.begin(), number.end(), symbols ? 'F' : '#', symbols ? '#' : 'F');
   return number;
 }
 
-AutodialControls LoadAutodial(SettingsSource source, DtmfDisplay display) {
-  AutodialControls controls;
-  for (int n = 0; n < kAutodialCount; ++n) {
-    controls.numbers[static_cast<std::size_t>(n)] =
-        FormatAutodialNumber(DecodeDtmf(source[NumberField(n)], display));
-  }
-  controls.flag = (source[kSwitchesA] & kAutodialBit) != 0;
-  return controls;
-}
-
-std::optional<int> StoreAutodial(const AutodialControls& controls, SettingsTarget target) {
-  for (int n = 0; n < kAutodialCount; ++n) {
-    const EncodedNumber number = EncodeDtmf(controls.numbers[static_cast<std::size_t>(n)]);
-    if (number.refusal != nullptr) {
-      ShowMessage(number.refusal, "Input Error", Buttons::kOk, Icon::kStop);
-      return n;
-    }
-    std::copy(number.codes.begin(), number.codes.end(), target[NumberField(n)].begin());
-  }
-  PutBit(target[kSwitchesA], kAutodialBit, controls.flag);
-  return std::nullopt;
-}
-
-void ShowNumbersAs(AutodialControls& controls, DtmfDisplay display) {
-  const bool symbols = display == DtmfDisplay::kSymbols;
-  for (std::string& number : controls.numbers) {
-    std::replace(number.begin(), number.end(), symbols ? 'E' : '*', symbols ? '*' : 'E');
-    std::replace(number.begin(), number.end(), symbols ? 'F' : '#', symbols ? '#' : 'F');
-  }
+std::string AutodialText(const CloneImage& image, int n, DtmfDisplay display) {
+  return ShownAs(display, DecodeNumber(SourceIn(image)[AutodialNumber(n)]));
 }
 
 }  // namespace qz7

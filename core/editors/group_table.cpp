@@ -7,26 +7,23 @@
 namespace qz7 {
 namespace {
 
-std::size_t EntryOffset(int g, int i) {
-  return kGroupTable.offset + static_cast<std::size_t>(g * kGroupMembers + i) * kGroupEntrySize;
-}
-
 bool IsUsed(const CloneImage& image, int g, int i) {
-  return image[EntryOffset(g, i)] != kGroupEmpty;
+  return image[GroupEntryOffset(g, i)] != kGroupEmpty;
 }
 
 // The first place of a channel in a group; kGroupMembers for none.
 int PlaceInGroup(const CloneImage& image, int g, int index) {
   int i = 0;
-  while (i < kGroupMembers && !(IsUsed(image, g, i) && image[EntryOffset(g, i) + 1] == index)) {
+  while (i < kGroupMembers &&
+         !(IsUsed(image, g, i) && image[GroupEntryOffset(g, i) + 1] == index)) {
     ++i;
   }
   return i;
 }
 
 void RemoveEntry(CloneImage& image, int g, int i) {
-  std::uint8_t* entry = image.data() + EntryOffset(g, i);
-  std::uint8_t* end = image.data() + EntryOffset(g, kGroupMembers);
+  std::uint8_t* entry = image.data() + GroupEntryOffset(g, i);
+  std::uint8_t* end = image.data() + GroupEntryOffset(g, kGroupMembers);
   std::copy(entry + kGroupEntrySize, end, entry);
   std::fill(end - kGroupEntrySize, end, kGroupEmpty);
 }
@@ -39,16 +36,14 @@ bool HasMembers(const CloneImage& image, int g) {
   return i < kGroupMembers;
 }
 
-std::uint8_t& StateOf(CloneImage& image, int g) {
-  return image[kGroupStates.offset + static_cast<std::size_t>(g)];
-}
+std::uint8_t& StateOf(CloneImage& image, int g) { return image[GroupStateOffset(g)]; }
 
 template <typename Rename>
 void RenameEntries(CloneImage& image, Rename rename) {
   for (int g = 0; g < kGroupCount; ++g) {
     for (int i = 0; i < kGroupMembers; ++i) {
       if (IsUsed(image, g, i)) {
-        std::uint8_t& channel = image[EntryOffset(g, i) + 1];
+        std::uint8_t& channel = image[GroupEntryOffset(g, i) + 1];
         channel = static_cast<std::uint8_t>(rename(int{channel}));
       }
     }
@@ -69,8 +64,8 @@ void AppendToGroup(CloneImage& image, int g, int index) {
   if (i == kGroupMembers || IsInGroup(image, g, index)) {
     return;
   }
-  image[EntryOffset(g, i)] = kGroupInUse;
-  image[EntryOffset(g, i) + 1] = static_cast<std::uint8_t>(index);
+  image[GroupEntryOffset(g, i)] = kGroupInUse;
+  image[GroupEntryOffset(g, i) + 1] = static_cast<std::uint8_t>(index);
   StateOf(image, g) = kGroupInUse;
 }
 

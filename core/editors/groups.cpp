@@ -14,8 +14,7 @@ namespace qz7 {
 namespace {
 
 std::uint8_t* EntryOf(CloneImage& image, int g, int i) {
-  return image.data() + kGroupTable.offset +
-         static_cast<std::size_t>(g * kGroupMembers + i) * kGroupEntrySize;
+  return image.data() + GroupEntryOffset(g, i);
 }
 
 // The number of a row's channel as its label tells it: 0 for a PMS channel.
@@ -36,7 +35,7 @@ void FillGroupList(CloneImage& image, GroupEditor& editor) {
 
 // A 25th row goes back to where it was read from.
 void StoreGroupList(CloneImage& image, const GroupEditor& editor, int next_group) {
-  std::uint8_t& state = image[kGroupStates.offset + static_cast<std::size_t>(editor.group)];
+  std::uint8_t& state = image[GroupStateOffset(editor.group)];
   state = kGroupEmpty;
   std::fill_n(EntryOf(image, editor.group, 0), kGroupMembers * kGroupEntrySize, kGroupEmpty);
   if (editor.rows.empty()) {

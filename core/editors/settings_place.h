@@ -5,6 +5,7 @@
 #include <span>
 
 #include "core/files/defaults_record.h"
+#include "core/image/bits.h"
 #include "core/image/clone_image.h"
 
 namespace qz7 {
@@ -16,7 +17,9 @@ struct SettingsPlace {
   std::span<Byte> bytes;
   std::size_t (*locate)(std::size_t image_offset);
 
-  Byte& operator[](std::size_t image_offset) const { return bytes[locate(image_offset)]; }
+  BitField operator()(BitField field) const {
+    return {.byte = locate(field.byte), .shift = field.shift, .width = field.width};
+  }
   std::span<Byte> operator[](Region field) const {
     return bytes.subspan(locate(field.offset), field.size);
   }
@@ -36,11 +39,6 @@ inline SettingsTarget TargetIn(DefaultsRecord& record) { return {record, Default
 inline SettingsSource OpeningSource(const CloneImage& image, const DefaultsRecord& record,
                                     bool use_defaults) {
   return use_defaults ? SourceIn(record) : SourceIn(image);
-}
-
-// Bits of a byte that other editors share.
-inline void PutBit(std::uint8_t& byte, std::uint8_t bit, bool on) {
-  byte = static_cast<std::uint8_t>(on ? byte | bit : byte & ~bit);
 }
 
 }  // namespace qz7

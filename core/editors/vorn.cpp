@@ -1,22 +1,18 @@
 #include "core/editors/vorn.h"
 
-#include <algorithm>
-
 #include "core/image/settings_map.h"
 #include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
 
-constexpr int kModeCount = 3;
 // What the radio finds for a character that it does not know.
 constexpr std::uint8_t kUnknownCharacter = 0x61;
 
-}  // namespace
-
+// A code outside the character set is a blank.
 std::string DecodeIdentifier(std::span<const std::uint8_t> codes) {
   std::string text;
-  for (const std::uint8_t code : codes.first(std::min(codes.size(), kIdentifierLength))) {
+  for (const std::uint8_t code : codes) {
     if (code == kTextEnd) {
       break;
     }
@@ -25,34 +21,28 @@ std::string DecodeIdentifier(std::span<const std::uint8_t> codes) {
   return text;
 }
 
-void EncodeIdentifier(std::string_view text, std::span<std::uint8_t> codes) {
+// Writes as many codes as the text has characters, and leaves what lies behind, wanted: the end of
+// a longer identifier shows again.
+const char* EncodeIdentifier(std::string_view text, std::span<std::uint8_t> codes) {
   auto code = codes.begin();
   for (const char c : text.substr(0, codes.size())) {
     *code++ = IdentifierCode(UpperCase(c)).value_or(kUnknownCharacter);
   }
+  return nullptr;
 }
 
-VornControls LoadVorn(SettingsSource source) {
-  VornControls controls;
-  const int mode = source[kVornMode];
-  if (mode < kModeCount) {
-    controls.mode = mode;
-  }
-  controls.second_choice = (source[kSwitchesC] & kVornBit) != 0;
-  controls.flag = source[kVornFlag] != 0;
-  controls.identifier = DecodeIdentifier(source[kVornIdentifier]);
-  return controls;
-}
+}  // namespace
 
-void StoreVorn(const VornControls& controls, SettingsTarget target) {
-  if (controls.mode) {
-    target[kVornMode] = static_cast<std::uint8_t>(*controls.mode);
-  }
-  if (controls.second_choice) {
-    PutBit(target[kSwitchesC], kVornBit, *controls.second_choice);
-  }
-  target[kVornFlag] = controls.flag ? 1 : 0;
-  EncodeIdentifier(controls.identifier, target[kVornIdentifier]);
+const SettingScreen& VornScreen() {
+  static const SettingScreen screen{
+      .rows = {GroupSetting("vorn-mode", {.byte = kVornMode, .shift = 0, .width = 8}, 3),
+               GroupSetting("vorn-switch", {.byte = kSwitchesC, .shift = 3, .width = 1}, 2),
+               BoxSetting("vorn-flag", {.byte = kVornFlag, .shift = 0, .width = 8}),
+               TextSetting("vorn-identifier", {.place = kVornIdentifier,
+                                               .longest = kVornIdentifier.size,
+                                               .decode = DecodeIdentifier,
+                                               .encode = EncodeIdentifier})}};
+  return screen;
 }
 
 }  // namespace qz7

@@ -67,17 +67,19 @@ void WriteWxNames(CloneImage& image) {
   Fill(image, kWxNames, ' ');
   for (int n = 0; n < kWxNameCount; ++n) {
     const std::string name = "WX " + std::to_string(n + 1);
-    std::copy(name.begin(), name.end(),
-              image.begin() + kWxNames.offset + static_cast<std::ptrdiff_t>(kWxNameLength) * n);
+    std::copy(name.begin(), name.end(), image.begin() + WxName(n).offset);
   }
 }
 
-// An empty text is ended eight times over; the eight places behind are 0.
+// The identifier is empty to its end, so that one of any length ends where it ends. An autodial
+// number is stored whole: of an empty one only the front counts, and the numbers share the ends
+// that the factory state has left for them.
 void WriteEmptyCodeTexts(CloneImage& image) {
-  constexpr std::size_t kEnds = 8;
-  Fill(image, {.offset = kVornIdentifier.offset, .size = kEnds}, kTextEnd);
-  for (std::size_t n = 0; n < kAutodialCount; ++n) {
-    Fill(image, {.offset = kAutodial.offset + n * kCodeTextLength, .size = kEnds}, kTextEnd);
+  constexpr int kAutodialEnds = 64;
+  Fill(image, kVornIdentifier, kTextEnd);
+  for (int i = 0; i < kAutodialEnds; ++i) {
+    const std::size_t code = AutodialNumber(i % kAutodialCount).offset;
+    image[code + static_cast<std::size_t>(i / kAutodialCount)] = kTextEnd;
   }
 }
 

@@ -39,15 +39,6 @@ char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A'
 
 }  // namespace
 
-bool ShowsChecked(const Preferences& preferences, const PreferenceFlag& flag) {
-  // The WX names box shows the icon flag and the icon box opens clear, on purpose: OK then stores
-  // what is seen.
-  if (flag.box == kWxNamesBox) {
-    return preferences.use_icon_defaults;
-  }
-  return flag.box != kIconBox && preferences.*flag.flag;
-}
-
 void LoadPreferences(Preferences& preferences, const std::string& program_folder) {
   preferences.port_index = PortIndexOf(ReadProfile(kPortKey, "0", kLongestPort));
   preferences.data_folder = ReadProfile(kDataFolderKey, "", kLongestFolder);

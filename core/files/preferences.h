@@ -22,27 +22,21 @@ struct Preferences {
   bool allow_any_band = false;  // kept, but nothing depends on it
 };
 
-// The flags that the preferences dialog edits, each with its key and its check box.
+// The flags that the preferences dialog edits, each with its key.
 struct PreferenceFlag {
   const char* key;
-  int box;
   bool Preferences::*flag;
 };
-inline constexpr int kWxNamesBox = 107;
-inline constexpr int kIconBox = 108;
 inline constexpr std::array<PreferenceFlag, 8> kPreferenceFlags = {{
-    {"UseMainDefaultsNew", 101, &Preferences::use_main_defaults_new},
-    {"UseMainDefaultsOpen", 105, &Preferences::use_main_defaults_open},
-    {"UseSettingDefaults", 103, &Preferences::use_setting_defaults},
-    {"UseVornDefaults", 104, &Preferences::use_vorn_defaults},
-    {"UseDialDefaults", 102, &Preferences::use_dial_defaults},
-    {"UseWxNamesDefaults", kWxNamesBox, &Preferences::use_wx_names_defaults},
-    {"UseIconDefaults", kIconBox, &Preferences::use_icon_defaults},
-    {"UseDontAskDefaults", 106, &Preferences::use_dont_ask_defaults},
+    {"UseMainDefaultsNew", &Preferences::use_main_defaults_new},
+    {"UseMainDefaultsOpen", &Preferences::use_main_defaults_open},
+    {"UseSettingDefaults", &Preferences::use_setting_defaults},
+    {"UseVornDefaults", &Preferences::use_vorn_defaults},
+    {"UseDialDefaults", &Preferences::use_dial_defaults},
+    {"UseWxNamesDefaults", &Preferences::use_wx_names_defaults},
+    {"UseIconDefaults", &Preferences::use_icon_defaults},
+    {"UseDontAskDefaults", &Preferences::use_dont_ask_defaults},
 }};
-
-// Whether the preferences dialog opens with a flag's box checked.
-bool ShowsChecked(const Preferences& preferences, const PreferenceFlag& flag);
 
 // Reads everything at start-up and reports a template file that is named, exists and is bad. An
 // empty data folder becomes `program_folder` and is written back.

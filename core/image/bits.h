@@ -6,23 +6,25 @@
 
 namespace qz7 {
 
-// Where a small number is packed: `width` bits of one byte, from bit `shift` on (0 is the lowest).
+// A code or a flag that shares its byte with others: `width` bits of one byte, from bit `shift` up;
+// bit 0 is the least significant one.
 struct BitField {
-  std::size_t byte;
-  int shift = 0;
-  int width = 8;
+  std::size_t byte;  // its place in the bytes that are read or written
+  int shift;         // 0..7
+  int width;         // 1..8 - shift
 };
 
-constexpr int BitMask(BitField field) { return ((1 << field.width) - 1) << field.shift; }
-
+// The value of the field, 0..2^width - 1. The byte lies inside `bytes`.
 constexpr int ReadBits(std::span<const std::uint8_t> bytes, BitField field) {
-  return (bytes[field.byte] & BitMask(field)) >> field.shift;
+  return (bytes[field.byte] >> field.shift) & ((1 << field.width) - 1);
 }
 
-// Stores the low bits of `value`; the byte's other bits stay.
+// Puts a value in the field's place and leaves the byte's other bits. Of the value the lowest
+// `width` bits count.
 constexpr void WriteBits(std::span<std::uint8_t> bytes, BitField field, int value) {
-  const int bits = value << field.shift & BitMask(field);
-  bytes[field.byte] = static_cast<std::uint8_t>((bytes[field.byte] & ~BitMask(field)) | bits);
+  const int mask = ((1 << field.width) - 1) << field.shift;
+  const int kept = bytes[field.byte] & ~mask;
+  bytes[field.byte] = static_cast<std::uint8_t>(kept | ((value << field.shift) & mask));
 }
 
 }  // namespace qz7

@@ -21,10 +21,22 @@ inline constexpr Region kGroupTable{.offset = 3110,
                                     .size = kGroupCount * kGroupMembers * kGroupEntrySize};
 inline constexpr std::size_t kLastGroup = 10'487;
 inline constexpr std::uint8_t kGroupEmpty = 0xFF;
+inline constexpr std::uint8_t kGroupInUse = 0;
+constexpr std::size_t GroupStateOffset(int g) {
+  return kGroupStates.offset + static_cast<std::size_t>(g);
+}
+// i = 0..24: behind a group's last entry stands the next group's first one.
+constexpr std::size_t GroupEntryOffset(int g, int i) {
+  return kGroupTable.offset + static_cast<std::size_t>(g * kGroupMembers + i) * kGroupEntrySize;
+}
 
 inline constexpr int kWxNameCount = 10;
 inline constexpr std::size_t kWxNameLength = 8;
 inline constexpr Region kWxNames{.offset = 10'114, .size = kWxNameCount * kWxNameLength};
+constexpr Region WxName(int n) {
+  return {.offset = kWxNames.offset + static_cast<std::size_t>(n) * kWxNameLength,
+          .size = kWxNameLength};
+}
 
 inline constexpr std::size_t kScaleValue = 10'194;
 inline constexpr std::uint8_t kLowestScaleValue = 6;
@@ -34,6 +46,10 @@ inline constexpr std::size_t kCodeTextLength = 16;
 inline constexpr Region kVornIdentifier{.offset = 10'208, .size = kCodeTextLength};
 inline constexpr int kAutodialCount = 9;
 inline constexpr Region kAutodial{.offset = 10'252, .size = kAutodialCount * kCodeTextLength};
+constexpr Region AutodialNumber(int n) {
+  return {.offset = kAutodial.offset + static_cast<std::size_t>(n) * kCodeTextLength,
+          .size = kCodeTextLength};
+}
 
 // The main dialog's settings. What the bits of the three switch fields do is the radio's business;
 // bit 6 of the second and bits 3 and 6 of the third belong to other dialogs.
@@ -63,7 +79,6 @@ inline constexpr std::size_t kSwitchesC = 10'506;
 //   10243              display symbol, 0..5, or 6 for the symbol text
 //   10244  8           symbol text, the radio's character codes, zero-padded
 //   10502              level A, 0..15                10503      level B, 0..8
-inline constexpr std::uint8_t kGroupInUse = 0;
 inline constexpr Region kNumberA{.offset = 10'196, .size = 2};
 inline constexpr Region kNumberB{.offset = 10'198, .size = 2};
 inline constexpr std::size_t kVornMode = 10'205;
@@ -75,9 +90,6 @@ inline constexpr std::size_t kDisplaySymbol = 10'243;
 inline constexpr Region kSymbolText{.offset = 10'244, .size = 8};
 inline constexpr std::size_t kLevelA = 10'502;
 inline constexpr std::size_t kLevelB = 10'503;
-inline constexpr std::uint8_t kAutodialBit = 0x01;  // of kSwitchesA
-inline constexpr std::uint8_t kSettingsBit = 0x40;  // of kSwitchesB
-inline constexpr std::uint8_t kVornBit = 0x08;      // of kSwitchesC
 
 // The pieces that the defaults record mirrors (core/files/defaults_record.h).
 inline constexpr Region kMirroredSettings{.offset = 9618, .size = 789};

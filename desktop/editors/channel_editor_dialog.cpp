@@ -31,19 +31,6 @@ struct EditorWindow {
 
 EditorWindow& WindowOf(HWND dialog) { return StateOf<EditorWindow>(dialog); }
 
-std::optional<int> ChosenInList(HWND dialog, int control) {
-  const int position = SelectedInList(dialog, control);
-  return position < 0 ? std::nullopt : std::optional(position);
-}
-
-bool IsChecked(HWND dialog, int control) {
-  return IsDlgButtonChecked(dialog, control) == BST_CHECKED;
-}
-
-void Check(HWND dialog, int control, bool checked) {
-  CheckDlgButton(dialog, control, checked ? BST_CHECKED : BST_UNCHECKED);
-}
-
 // A text that stands there already keeps its cursor.
 void ShowText(HWND dialog, int control, const std::string& text) {
   if (ControlText(dialog, control) != text) {
@@ -62,7 +49,7 @@ void ShowSteps(HWND dialog, const ChannelEditor& editor) {
   }
   SendDlgItemMessageA(dialog, ID_STEP, CB_RESETCONTENT, 0, 0);
   FillList(dialog, ID_STEP, texts);
-  SelectInList(dialog, ID_STEP, StepPosition(editor).value_or(-1));
+  SelectInList(dialog, ID_STEP, StepPosition(editor));
 }
 
 // What follows from other fields: texts, steps, and what can be used.
@@ -96,11 +83,11 @@ void ShowChannel(HWND dialog) {
   ShowFollowers(dialog);
   CheckRadioButton(dialog, ID_SHIFT_SIMPLEX, ID_SHIFT_ODD_SPLIT,
                    ID_SHIFT_SIMPLEX + PlaceOf(editor.choices.shift));
-  SelectInList(dialog, ID_MODE, PlaceOf(editor.choices.mode).value_or(-1));
-  SelectInList(dialog, ID_POWER, PlaceOf(editor.choices.power).value_or(-1));
-  SelectInList(dialog, ID_TONE_TYPE, PlaceOf(editor.choices.tone_mode).value_or(-1));
-  SelectInList(dialog, ID_TONE, editor.choices.tone_index.value_or(-1));
-  SelectInList(dialog, ID_DCS, editor.choices.dcs_index.value_or(-1));
+  SelectInList(dialog, ID_MODE, PlaceOf(editor.choices.mode));
+  SelectInList(dialog, ID_POWER, PlaceOf(editor.choices.power));
+  SelectInList(dialog, ID_TONE_TYPE, PlaceOf(editor.choices.tone_mode));
+  SelectInList(dialog, ID_TONE, editor.choices.tone_index);
+  SelectInList(dialog, ID_DCS, editor.choices.dcs_index);
   Check(dialog, ID_OPTION_A, editor.choices.option_a);
   Check(dialog, ID_OPTION_B, editor.choices.option_b);
   SetDlgItemTextA(dialog, ID_NAME, editor.choices.name.c_str());

@@ -21,7 +21,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   }
   SetDlgItemInt(dialog, ID_COPY_FIRST, static_cast<UINT>(chosen.first), TRUE);
   SetDlgItemInt(dialog, ID_COPY_SECOND, static_cast<UINT>(chosen.second), TRUE);
-  CheckDlgButton(dialog, ID_COPY_OPTION_A, remembered_option_a ? BST_CHECKED : BST_UNCHECKED);
+  Check(dialog, ID_COPY_OPTION_A, remembered_option_a);
   SetFocus(GetDlgItem(dialog, ID_COPY_SECOND));
   SendDlgItemMessageA(dialog, ID_COPY_SECOND, EM_SETSEL, 0, -1);
   return FALSE;
@@ -31,8 +31,8 @@ void OnOk(HWND dialog) {
   auto& chosen = StateOf<CopyMany>(dialog);
   chosen.first = static_cast<int>(GetDlgItemInt(dialog, ID_COPY_FIRST, nullptr, TRUE));
   chosen.second = static_cast<int>(GetDlgItemInt(dialog, ID_COPY_SECOND, nullptr, TRUE));
-  chosen.option_a = IsDlgButtonChecked(dialog, ID_COPY_OPTION_A) == BST_CHECKED;
-  chosen.option_b = IsDlgButtonChecked(dialog, ID_COPY_OPTION_B) == BST_CHECKED;
+  chosen.option_a = IsChecked(dialog, ID_COPY_OPTION_A);
+  chosen.option_b = IsChecked(dialog, ID_COPY_OPTION_B);
   remembered_option_a = chosen.option_a;
   EndDialog(dialog, 0);
 }

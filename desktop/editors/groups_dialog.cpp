@@ -89,7 +89,7 @@ void OnRemove(HWND dialog) {
 
 void OnGroup(HWND dialog) {
   auto& window = WindowOf(dialog);
-  const int chosen = SelectedInList(dialog, ID_GROUP);
+  const int chosen = ChosenInList(dialog, ID_GROUP).value_or(-1);
   if (chosen >= 0 && chosen != window.editor.group) {
     ChangeGroup(window.working_copy, window.editor, chosen);
     ShowGroupList(dialog);

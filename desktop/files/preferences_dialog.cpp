@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <array>
+
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help.h"
 #include "resources/control_ids.h"
@@ -9,19 +11,38 @@
 namespace qz7 {
 namespace {
 
+struct PreferenceBox {
+  int control;
+  bool Preferences::*flag;
+};
+constexpr std::array<PreferenceBox, 8> kBoxes = {{
+    {ID_MAIN_DEFAULTS_NEW, &Preferences::use_main_defaults_new},
+    {ID_DIAL_DEFAULTS, &Preferences::use_dial_defaults},
+    {ID_SETTING_DEFAULTS, &Preferences::use_setting_defaults},
+    {ID_VORN_DEFAULTS, &Preferences::use_vorn_defaults},
+    {ID_MAIN_DEFAULTS_OPEN, &Preferences::use_main_defaults_open},
+    {ID_DONT_ASK_DEFAULTS, &Preferences::use_dont_ask_defaults},
+    {ID_WX_NAMES_DEFAULTS, &Preferences::use_wx_names_defaults},
+    {ID_ICON_DEFAULTS, &Preferences::use_icon_defaults},
+}};
+
 BOOL OnInit(HWND dialog, LPARAM state) {
   SetUpDialog(dialog, state);
   const auto& preferences = StateOf<const Preferences>(dialog);
-  for (const PreferenceFlag& flag : kPreferenceFlags) {
-    CheckDlgButton(dialog, flag.box, ShowsChecked(preferences, flag) ? BST_CHECKED : BST_UNCHECKED);
+  for (const PreferenceBox& box : kBoxes) {
+    Check(dialog, box.control, preferences.*box.flag);
   }
+  // The WX names box shows the icon flag and the icon box opens clear, on purpose: OK then stores
+  // what is seen.
+  Check(dialog, ID_WX_NAMES_DEFAULTS, preferences.use_icon_defaults);
+  Check(dialog, ID_ICON_DEFAULTS, false);
   return TRUE;
 }
 
 void OnOk(HWND dialog) {
   auto& preferences = StateOf<Preferences>(dialog);
-  for (const PreferenceFlag& flag : kPreferenceFlags) {
-    preferences.*flag.flag = IsDlgButtonChecked(dialog, flag.box) == BST_CHECKED;
+  for (const PreferenceBox& box : kBoxes) {
+    preferences.*box.flag = IsChecked(dialog, box.control);
   }
   SavePreferenceFlags(preferences);
   EndDialog(dialog, 0);

@@ -32,7 +32,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
                    options.delimited ? ID_DELIMITED : ID_FIXED_LENGTH);
   ShowSeparator(dialog, ID_FIELD_SEPARATOR, options.field_separator);
   ShowSeparator(dialog, ID_TEXT_SEPARATOR, options.text_separator);
-  CheckDlgButton(dialog, ID_HEADERS, options.headers ? BST_CHECKED : BST_UNCHECKED);
+  Check(dialog, ID_HEADERS, options.headers);
   SetFocus(GetDlgItem(dialog, ID_BROWSE_IMPORT));
   return FALSE;
 }
@@ -56,8 +56,8 @@ void OnOk(HWND dialog) {
   ImportOptions options = session.options;
   options.field_separator = SeparatorOf(ControlText(dialog, ID_FIELD_SEPARATOR));
   options.text_separator = SeparatorOf(ControlText(dialog, ID_TEXT_SEPARATOR));
-  options.delimited = IsDlgButtonChecked(dialog, ID_DELIMITED) == BST_CHECKED;
-  options.headers = IsDlgButtonChecked(dialog, ID_HEADERS) == BST_CHECKED;
+  options.delimited = IsChecked(dialog, ID_DELIMITED);
+  options.headers = IsChecked(dialog, ID_HEADERS);
   TakeImportOptions(session, options);
   EndDialog(dialog, 0);
 }

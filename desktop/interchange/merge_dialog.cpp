@@ -27,14 +27,6 @@ void ShowNumber(HWND dialog, int control, int number) {
   SetDlgItemTextA(dialog, control, std::to_string(number).c_str());
 }
 
-void ShowBox(HWND dialog, int control, bool on) {
-  CheckDlgButton(dialog, control, on ? BST_CHECKED : BST_UNCHECKED);
-}
-
-bool BoxIsOn(HWND dialog, int control) {
-  return IsDlgButtonChecked(dialog, control) == BST_CHECKED;
-}
-
 BOOL OnInit(HWND dialog, LPARAM state) {
   SetUpDialog(dialog, state);
   auto& [image, working_copy, source, options] = StateOf<MergeWindow>(dialog);
@@ -47,17 +39,17 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   // A copy, because the field's notification takes the key anew.
   const std::string key = options.key;
   SetDlgItemTextA(dialog, ID_MERGE_KEY, key.c_str());
-  ShowBox(dialog, ID_MERGE_USE_KEY, options.use_key);
-  ShowBox(dialog, ID_MERGE_ONLY_HAM, options.only_ham);
-  ShowBox(dialog, ID_MERGE_OVERWRITE, options.overwrite);
-  ShowBox(dialog, ID_MERGE_GROUP_2, options.group == 2);
+  Check(dialog, ID_MERGE_USE_KEY, options.use_key);
+  Check(dialog, ID_MERGE_ONLY_HAM, options.only_ham);
+  Check(dialog, ID_MERGE_OVERWRITE, options.overwrite);
+  Check(dialog, ID_MERGE_GROUP_2, options.group == 2);
   ShowNumber(dialog, ID_MERGE_START, options.start);
   return TRUE;
 }
 
 void OnGroup2(HWND dialog) {
   auto& [image, working_copy, source, options] = StateOf<MergeWindow>(dialog);
-  const bool on = BoxIsOn(dialog, ID_MERGE_GROUP_2);
+  const bool on = IsChecked(dialog, ID_MERGE_GROUP_2);
   ShowNumber(dialog, ID_MERGE_SELECTED, SetGroup2(image, source, options, on));
   if (!options.overwrite) {
     ShowNumber(dialog, ID_MERGE_START, options.start);
@@ -75,7 +67,7 @@ void OnKeyEdited(HWND dialog) {
 
 void OnOk(HWND dialog) {
   auto& [image, working_copy, source, options] = StateOf<MergeWindow>(dialog);
-  options.group = BoxIsOn(dialog, ID_MERGE_GROUP_2) ? 2 : 1;
+  options.group = IsChecked(dialog, ID_MERGE_GROUP_2) ? 2 : 1;
   const int start = DecimalValue(ControlText(dialog, ID_MERGE_START));
   switch (AcceptMerge(image, working_copy, source, options, start)) {
     case MergeAnswer::kMerged:
@@ -94,7 +86,7 @@ void OnOk(HWND dialog) {
 
 void OnBox(HWND dialog, int box) {
   const MergeWindow& window = StateOf<MergeWindow>(dialog);
-  const bool on = BoxIsOn(dialog, box);
+  const bool on = IsChecked(dialog, box);
   switch (box) {
     case ID_MERGE_USE_KEY:
       ShowNumber(dialog, ID_MERGE_SELECTED, SetUseKey(window.source, window.options, on));

@@ -23,7 +23,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
 }
 
 void OnOk(HWND dialog) {
-  const int chosen = SelectedInList(dialog, ID_PORT);
+  const int chosen = ChosenInList(dialog, ID_PORT).value_or(-1);
   if (chosen < 0 || chosen > kHighestPort) {
     ShowMessage("Invalid Port", "", Buttons::kOk, Icon::kNone);
     return;

@@ -116,18 +116,37 @@ void LimitText(HWND dialog, int control, std::size_t characters) {
   SendDlgItemMessageA(dialog, control, EM_LIMITTEXT, characters, 0);
 }
 
+void AddToList(HWND dialog, int control, const std::string& text) {
+  SendDlgItemMessageA(dialog, control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+}
+
 void FillList(HWND dialog, int control, std::span<const char* const> texts) {
   for (const char* text : texts) {
-    SendDlgItemMessageA(dialog, control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text));
+    AddToList(dialog, control, text);
   }
 }
 
-void SelectInList(HWND dialog, int control, int position) {
-  SendDlgItemMessageA(dialog, control, CB_SETCURSEL, static_cast<WPARAM>(position), 0);
+void SelectInList(HWND dialog, int control, std::optional<int> position) {
+  const auto entry = static_cast<WPARAM>(position.value_or(-1));
+  SendDlgItemMessageA(dialog, control, CB_SETCURSEL, entry, 0);
 }
 
-int SelectedInList(HWND dialog, int control) {
-  return static_cast<int>(SendDlgItemMessageA(dialog, control, CB_GETCURSEL, 0, 0));
+std::optional<int> ChosenInList(HWND dialog, int control) {
+  const LRESULT position = SendDlgItemMessageA(dialog, control, CB_GETCURSEL, 0, 0);
+  return position >= 0 ? std::optional(static_cast<int>(position)) : std::nullopt;
+}
+
+void Check(HWND dialog, int button, bool checked) {
+  CheckDlgButton(dialog, button, checked ? BST_CHECKED : BST_UNCHECKED);
+}
+
+bool IsChecked(HWND dialog, int button) {
+  return IsDlgButtonChecked(dialog, button) == BST_CHECKED;
+}
+
+void MoveFocus(HWND dialog, int control) {
+  const HWND window = GetDlgItem(dialog, control);
+  SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(window), TRUE);
 }
 
 }  // namespace qz7

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <optional>
 #include <span>
 #include <string>
 
@@ -45,10 +46,14 @@ State& StateOf(HWND dialog) {
 
 std::string ControlText(HWND dialog, int control);
 void LimitText(HWND dialog, int control, std::size_t characters);
-// Fills a list with texts, and chooses one; nothing for a position outside the list.
+// Adds texts to a list, and chooses one; nothing for a position outside the list.
+void AddToList(HWND dialog, int control, const std::string& text);
 void FillList(HWND dialog, int control, std::span<const char* const> texts);
-void SelectInList(HWND dialog, int control, int position);
-// The chosen position, or -1.
-int SelectedInList(HWND dialog, int control);
+void SelectInList(HWND dialog, int control, std::optional<int> position);
+std::optional<int> ChosenInList(HWND dialog, int control);
+void Check(HWND dialog, int button, bool checked);
+bool IsChecked(HWND dialog, int button);
+// The default button and a text's selection follow the focus.
+void MoveFocus(HWND dialog, int control);
 
 }  // namespace qz7

@@ -31,29 +31,9 @@ void FrameChosenEntry(HDC device, RECT area) {
 
 }  // namespace
 
-MEASUREITEMSTRUCT& MeasuredItem(LPARAM parameter) {
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): the message brings it as a number
-  return *reinterpret_cast<MEASUREITEMSTRUCT*>(parameter);
-}
-
 const DRAWITEMSTRUCT& DrawnItem(LPARAM parameter) {
   // NOLINTNEXTLINE(performance-no-int-to-ptr): the message brings it as a number
   return *reinterpret_cast<const DRAWITEMSTRUCT*>(parameter);
-}
-
-void MeasurePicture(MEASUREITEMSTRUCT& item, const char* picture) {
-  const HBITMAP bitmap = LoadBitmapA(dialog_modules.library, picture);
-  const SIZE size = SizeOf(bitmap);
-  DeleteObject(bitmap);
-  item.itemWidth = static_cast<UINT>(size.cx);
-  item.itemHeight = static_cast<UINT>(size.cy);
-}
-
-void FitPictureList(HWND dialog, int control) {
-  constexpr WPARAM kOpenEntries = 7;
-  const LRESULT height = SendDlgItemMessageA(dialog, control, CB_GETITEMHEIGHT, 0, 0);
-  SendDlgItemMessageA(dialog, control, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
-  SendDlgItemMessageA(dialog, control, CB_SETMINVISIBLE, kOpenEntries, 0);
 }
 
 PictureList::PictureList(std::span<const std::string> names) {
@@ -66,6 +46,15 @@ PictureList::~PictureList() {
   for (const HBITMAP picture : pictures_) {
     DeleteObject(picture);
   }
+}
+
+void PictureList::Fit(HWND dialog, int control) const {
+  constexpr auto kClosedList = static_cast<WPARAM>(-1);
+  constexpr WPARAM kOpenEntries = 7;
+  const LONG height = SizeOf(pictures_.front()).cy;
+  SendDlgItemMessageA(dialog, control, CB_SETITEMHEIGHT, 0, height);
+  SendDlgItemMessageA(dialog, control, CB_SETITEMHEIGHT, kClosedList, height);
+  SendDlgItemMessageA(dialog, control, CB_SETMINVISIBLE, kOpenEntries, 0);
 }
 
 void PictureList::Draw(const DRAWITEMSTRUCT& item) const {

@@ -10,15 +10,8 @@ namespace qz7 {
 
 // Lists whose entries are pictures of the resource library.
 
-// What WM_MEASUREITEM and WM_DRAWITEM bring.
-MEASUREITEMSTRUCT& MeasuredItem(LPARAM parameter);
+// What WM_DRAWITEM brings.
 const DRAWITEMSTRUCT& DrawnItem(LPARAM parameter);
-
-// The answer to WM_MEASUREITEM: the size of this picture.
-void MeasurePicture(MEASUREITEMSTRUCT& item, const char* picture);
-// The closed list becomes high enough for its pictures, whatever its font, and the open one does
-// not take the whole screen.
-void FitPictureList(HWND dialog, int control);
 
 // The pictures of a list, for as long as its dialog is open.
 class PictureList {
@@ -28,6 +21,9 @@ class PictureList {
   PictureList& operator=(const PictureList&) = delete;
   ~PictureList();
 
+  // The entries and the closed list become as high as the first picture, whatever their font, and
+  // the open list does not take the whole screen.
+  void Fit(HWND dialog, int control) const;
   // The answer to WM_DRAWITEM: the entry's picture at its top left corner, a frame around the
   // chosen entry and the focus around the focused one. An empty choice shows nothing.
   void Draw(const DRAWITEMSTRUCT& item) const;

@@ -136,52 +136,6 @@ TEST_F(AutodialDialogTest, TheDisplayOptionRewritesTheFieldsAtOnceAndStaysForThe
   EXPECT_FALSE(app.document.changed);
 }
 
-TEST_F(AutodialDialogTest, ThePreferenceOpensItWithTheDefaultsAndOkStoresThem) {
-  Flags().use_dial_defaults = true;
-  Run(CM_AUTODIAL, [](HWND dialog) {
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    EXPECT_EQ(TextOf(dialog, ID_AUTODIAL_FIRST), "9*");
-    EXPECT_TRUE(IsChecked(dialog, ID_AUTODIAL_FLAG));
-    Press(dialog, IDOK);
-  });
-  EXPECT_EQ(Piece(Image(), 10'252, 144), Piece(Defaults(), 634, 144));
-  EXPECT_EQ(Image()[10'504] & 1, 1);
-}
-
-TEST_F(AutodialDialogTest, UseDefaultsShowsThemUntilAChange) {
-  Run(CM_AUTODIAL, [](HWND dialog) {
-    Press(dialog, ID_USE_DEFAULTS);
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    EXPECT_EQ(TextOf(dialog, ID_AUTODIAL_FIRST), "9*");
-    EXPECT_EQ(TextOf(dialog, ID_AUTODIAL_FIRST + 8), "");
-    Type(dialog, ID_AUTODIAL_FIRST + 8, "1");
-    EXPECT_TRUE(ButtonsEnabled(dialog));
-    Press(dialog, ID_USE_DEFAULTS);
-    Press(dialog, ID_AUTODIAL_FLAG);
-    EXPECT_TRUE(ButtonsEnabled(dialog));
-    Press(dialog, IDCANCEL);
-  });
-}
-
-TEST_F(AutodialDialogTest, SaveAsDefaultsWritesTheRecordAndCancelKeepsTheImage) {
-  Defaults().fill(0xA4);
-  DefaultsRecord wanted = Defaults();
-  const CloneImage before = Image();
-  Put(wanted, 634, Piece(before, 10'252, 144));
-  Put(wanted, 634, Number({4, 2}));
-  wanted[796] = 0xA5;
-  Run(CM_AUTODIAL, [](HWND dialog) {
-    Type(dialog, ID_AUTODIAL_FIRST, "42");
-    Press(dialog, ID_AUTODIAL_FLAG);
-    Press(dialog, ID_STORE_DEFAULTS);
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    Press(dialog, IDCANCEL);
-  });
-  EXPECT_EQ(Defaults(), wanted);
-  EXPECT_EQ(DefaultsOnDisk(), Bytes(wanted.begin(), wanted.end()));
-  EXPECT_EQ(Image(), before);
-}
-
 TEST_F(AutodialDialogTest, SaveAsDefaultsRefusesAnInvalidNumber) {
   Run(CM_AUTODIAL, [](HWND dialog) {
     Type(dialog, ID_AUTODIAL_FIRST + 4, "x");

@@ -21,16 +21,6 @@ class SettingsDialogTest : public FeatureDialogTest {
     Put(Defaults(), 794, {15, 8});
     Put(Defaults(), 797, {0x40});
   }
-
-  static void ExpectDefaultsInImage() {
-    EXPECT_EQ(Image()[10'194], 15);
-    EXPECT_EQ(Piece(Image(), 10'196, 4), (Bytes{0x01, 0x2C, 0x00, 0x2A}));
-    EXPECT_EQ(Image()[10'224], 6);
-    EXPECT_EQ(Piece(Image(), 10'242, 2), (Bytes{144, 6}));
-    EXPECT_EQ(Piece(Image(), 10'244, 8), BytesOf("DEFAULTS"));
-    EXPECT_EQ(Piece(Image(), 10'502, 2), (Bytes{15, 8}));
-    EXPECT_EQ(Image()[10'505] & 0x40, 0x40);
-  }
 };
 
 TEST_F(SettingsDialogTest, ShowsTheImage) {
@@ -118,6 +108,21 @@ TEST_F(SettingsDialogTest, TheSymbolTextTakes8CharactersInTheRadioFont) {
   EXPECT_EQ(Piece(Image(), 10'244, 8), BytesOf("12345678"));
 }
 
+TEST_F(SettingsDialogTest, TheSymbolTextIsEnabledByTheSymbolOfTheDefaultsToo) {
+  Run(CM_SETTINGS, [](HWND dialog) {
+    EXPECT_FALSE(IsEnabled(dialog, ID_SYMBOL_TEXT));
+    Press(dialog, ID_USE_DEFAULTS);
+    EXPECT_TRUE(IsEnabled(dialog, ID_SYMBOL_TEXT));
+    EXPECT_TRUE(IsChecked(dialog, ID_SETTING_SECOND));
+    Press(dialog, IDCANCEL);
+  });
+  Flags().use_setting_defaults = true;
+  Run(CM_SETTINGS, [](HWND dialog) {
+    EXPECT_TRUE(IsEnabled(dialog, ID_SYMBOL_TEXT));
+    Press(dialog, IDCANCEL);
+  });
+}
+
 TEST_F(SettingsDialogTest, NumbersEndAtTheFirstCharacterThatIsNoDigit) {
   Run(CM_SETTINGS, [](HWND dialog) {
     Type(dialog, ID_NUMBER_A, "4x2");
@@ -141,57 +146,6 @@ TEST_F(SettingsDialogTest, BytesWithoutAChoiceShowNothingAndStay) {
   EXPECT_EQ(Image(), before);
 }
 
-TEST_F(SettingsDialogTest, CancelAndClosingStoreNothing) {
-  const CloneImage before = Image();
-  for (const bool by_button : {true, false}) {
-    Run(CM_SETTINGS, [by_button](HWND dialog) {
-      Choose(dialog, ID_LEVEL_A, 9);
-      by_button ? Press(dialog, IDCANCEL) : void(SendMessageA(dialog, WM_CLOSE, 0, 0));
-    });
-  }
-  EXPECT_EQ(Image(), before);
-  EXPECT_FALSE(app.document.changed);
-}
-
-TEST_F(SettingsDialogTest, ThePreferenceOpensItWithTheDefaultsAndOkStoresThem) {
-  Flags().use_setting_defaults = true;
-  Run(CM_SETTINGS, [](HWND dialog) {
-    EXPECT_EQ(TextOf(dialog, ID_NUMBER_A), "300");
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    EXPECT_TRUE(IsEnabled(dialog, ID_SYMBOL_TEXT));
-    Press(dialog, IDOK);
-  });
-  ExpectDefaultsInImage();
-  EXPECT_TRUE(app.document.changed);
-}
-
-TEST_F(SettingsDialogTest, UseDefaultsShowsThemAndDisablesBothButtons) {
-  Run(CM_SETTINGS, [](HWND dialog) {
-    Press(dialog, ID_USE_DEFAULTS);
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    EXPECT_TRUE(IsEnabled(dialog, ID_SYMBOL_TEXT));
-    Press(dialog, IDOK);
-  });
-  ExpectDefaultsInImage();
-}
-
-TEST_F(SettingsDialogTest, AChangedValueEnablesTheButtonsAgain) {
-  Run(CM_SETTINGS, [](HWND dialog) {
-    for (const int list :
-         {ID_LEVEL_A, ID_LEVEL_B, ID_SCALE, ID_TIME_OF_DAY, ID_SENSOR_DISPLAY, ID_DISPLAY_SYMBOL}) {
-      Press(dialog, ID_USE_DEFAULTS);
-      Choose(dialog, list, 1);
-      EXPECT_TRUE(ButtonsEnabled(dialog)) << list;
-    }
-    for (const int field : {ID_NUMBER_A, ID_NUMBER_B, ID_SYMBOL_TEXT}) {
-      Press(dialog, ID_USE_DEFAULTS);
-      Type(dialog, field, "5");
-      EXPECT_TRUE(ButtonsEnabled(dialog)) << field;
-    }
-    Press(dialog, IDCANCEL);
-  });
-}
-
 TEST_F(SettingsDialogTest, TheSwitchDoesNotEnableTheButtons) {
   Run(CM_SETTINGS, [](HWND dialog) {
     Press(dialog, ID_USE_DEFAULTS);
@@ -201,31 +155,6 @@ TEST_F(SettingsDialogTest, TheSwitchDoesNotEnableTheButtons) {
   });
 }
 
-TEST_F(SettingsDialogTest, SaveAsDefaultsWritesTheRecordAndCancelKeepsTheImage) {
-  Defaults().fill(0xA5);
-  DefaultsRecord wanted = Defaults();
-  Put(wanted, 576, {10});
-  Put(wanted, 578, {0, 7, 0, 8});
-  Put(wanted, 606, {1});
-  Put(wanted, 624, {1, 2});
-  Put(wanted, 626, {'O', 'L', 'D', 0, 0, 0, 0, 0});
-  Put(wanted, 794, {3, 4});
-  wanted[797] = 0xE5;
-  const CloneImage before = Image();
-  Run(CM_SETTINGS, [](HWND dialog) {
-    Choose(dialog, ID_SCALE, 4);
-    Press(dialog, ID_SETTING_SECOND);
-    SetFocus(GetDlgItem(dialog, ID_STORE_DEFAULTS));
-    Press(dialog, ID_STORE_DEFAULTS);
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDOK));
-    Press(dialog, IDCANCEL);
-  });
-  EXPECT_EQ(Defaults(), wanted);
-  EXPECT_EQ(DefaultsOnDisk(), Bytes(wanted.begin(), wanted.end()));
-  EXPECT_EQ(Image(), before);
-}
-
 TEST_F(SettingsDialogTest, TheTooltipsNameByteAndBit) {
   Run(CM_SETTINGS, [](HWND dialog) {
     EXPECT_EQ(TooltipOf(dialog, ID_LEVEL_A), "Byte 10502");
@@ -233,27 +162,6 @@ TEST_F(SettingsDialogTest, TheTooltipsNameByteAndBit) {
     EXPECT_EQ(TooltipOf(dialog, ID_SETTING_SECOND), "Byte 10505, bit 6");
     Press(dialog, IDCANCEL);
   });
-}
-
-TEST_F(SettingsDialogTest, TheMainDialogIsCollectedFirst) {
-  Choose(app.main_dialog, 103, 3);
-  Run(CM_SETTINGS, [](HWND dialog) { Press(dialog, IDCANCEL); });
-  EXPECT_EQ(Image()[10'240], 3);
-  EXPECT_TRUE(app.document.changed);
-}
-
-TEST_F(SettingsDialogTest, LeaksNoGdiObjectAndNoWindow) {
-  const auto open_and_close = [] {
-    Run(CM_SETTINGS, [](HWND dialog) { Press(dialog, IDOK); });
-    Run(CM_ICON_SELECT, [](HWND dialog) { Press(dialog, IDOK); });
-    Run(CM_WX_NAMES, [](HWND dialog) { Press(dialog, IDOK); });
-  };
-  open_and_close();
-  const ProcessObjects before = CountObjects();
-  for (int i = 0; i < 3; ++i) {
-    open_and_close();
-  }
-  EXPECT_TRUE(ComesBackTo(before));
 }
 
 }  // namespace

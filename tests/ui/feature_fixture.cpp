@@ -32,7 +32,8 @@ std::string TooltipOf(HWND dialog, int control) {
     auto& wanted = *reinterpret_cast<Search*>(found);
     char name[40] = "";
     GetClassNameA(window, name, sizeof name);
-    if (std::string(name) == TOOLTIPS_CLASSA && GetWindow(window, GW_OWNER) == wanted.dialog) {
+    if (std::string(name) == TOOLTIPS_CLASSA &&
+        GetWindow(window, GW_OWNER) == GetAncestor(wanted.dialog, GA_ROOT)) {
       char text[100] = "";
       TOOLINFOA tool{};
       tool.cbSize = sizeof tool;

@@ -61,13 +61,17 @@ TEST_F(FeatureRoundTrip, AutodialKeepsTheLowHalvesAndClearsWhatStandsBehindTheEn
   EXPECT_EQ(Image(), wanted);
 }
 
-TEST_F(FeatureRoundTrip, WxNamesKeepEveryPrintableByte) {
-  for (std::size_t i = 0; i < 80; ++i) {
-    Image()[10'114 + i] = static_cast<std::uint8_t>(0x21 + i * 220 / 80);
+TEST_F(FeatureRoundTrip, WxNamesKeepEveryByteButABlankAtTheEnd) {
+  for (int first = 1; first < 256; first += 80) {
+    for (int i = 0; i < 80; ++i) {
+      const int byte = std::min(first + i, 255);
+      Image()[10'114U + static_cast<std::size_t>(i)] =
+          static_cast<std::uint8_t>(byte == ' ' ? 'x' : byte);
+    }
+    const CloneImage before = Image();
+    OpenAndOk(CM_WX_NAMES);
+    EXPECT_EQ(Image(), before) << first;
   }
-  const CloneImage before = Image();
-  OpenAndOk(CM_WX_NAMES);
-  EXPECT_EQ(Image(), before);
 }
 
 TEST_F(FeatureRoundTrip, WxNamesPadWhatEndsWithA0Byte) {

@@ -1,3 +1,4 @@
+#include "core/editors/icons.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/picture_list.h"
 #include "tests/ui/feature_fixture.h"
@@ -16,7 +17,6 @@ class IconsDialogTest : public FeatureDialogTest {
       Defaults()[607U + i] = static_cast<std::uint8_t>(26 - i);
     }
   }
-  static Bytes DefaultIcons() { return Piece(Defaults(), 607, kLists); }
 };
 
 TEST_F(IconsDialogTest, ShowsTheImage) {
@@ -68,13 +68,6 @@ TEST_F(IconsDialogTest, OkStoresTheChoicesAndNothingElse) {
   EXPECT_TRUE(app.document.changed);
 }
 
-TEST_F(IconsDialogTest, OkWithoutAChangeLeavesTheDocumentUnmodified) {
-  const CloneImage before = Image();
-  Run(CM_ICON_SELECT, [](HWND dialog) { Press(dialog, IDOK); });
-  EXPECT_EQ(Image(), before);
-  EXPECT_FALSE(app.document.changed);
-}
-
 TEST_F(IconsDialogTest, ANumberThatIsNoIconShowsNothingAndStays) {
   Put(Image(), 10'225, {27, 255});
   const CloneImage before = Image();
@@ -84,59 +77,6 @@ TEST_F(IconsDialogTest, ANumberThatIsNoIconShowsNothingAndStays) {
     Press(dialog, IDOK);
   });
   EXPECT_EQ(Image(), before);
-}
-
-TEST_F(IconsDialogTest, ThePreferenceOpensItWithTheDefaultsAndOkStoresThem) {
-  Flags().use_icon_defaults = true;
-  Run(CM_ICON_SELECT, [](HWND dialog) {
-    EXPECT_EQ(Selection(dialog, ID_ICON_FIRST), 26);
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    Press(dialog, IDOK);
-  });
-  EXPECT_EQ(Piece(Image(), 10'225, kLists), DefaultIcons());
-  EXPECT_TRUE(app.document.changed);
-}
-
-TEST_F(IconsDialogTest, RestoreDefaultsShowsThemUntilANewChoice) {
-  Run(CM_ICON_SELECT, [](HWND dialog) {
-    Press(dialog, ID_USE_DEFAULTS);
-    EXPECT_EQ(Selection(dialog, ID_ICON_FIRST + 14), 12);
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    Choose(dialog, ID_ICON_FIRST + 14, 1);
-    EXPECT_TRUE(ButtonsEnabled(dialog));
-    Press(dialog, IDOK);
-  });
-  Bytes wanted = DefaultIcons();
-  wanted[14] = 1;
-  EXPECT_EQ(Piece(Image(), 10'225, kLists), wanted);
-}
-
-TEST_F(IconsDialogTest, SaveAsDefaultsAndCancelChangesTheFileOnly) {
-  Defaults().fill(0x5A);
-  DefaultsRecord wanted = Defaults();
-  for (std::uint8_t i = 0; i < kLists; ++i) {
-    wanted[607U + i] = i;
-  }
-  wanted[609] = 20;
-  const CloneImage before = Image();
-  Run(CM_ICON_SELECT, [](HWND dialog) {
-    Choose(dialog, ID_ICON_FIRST + 2, 20);
-    Press(dialog, ID_STORE_DEFAULTS);
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    Press(dialog, IDCANCEL);
-  });
-  EXPECT_EQ(Defaults(), wanted);
-  EXPECT_EQ(DefaultsOnDisk(), Bytes(wanted.begin(), wanted.end()));
-  EXPECT_EQ(Image(), before);
-  EXPECT_FALSE(app.document.changed);
-}
-
-TEST_F(IconsDialogTest, TheMainDialogIsNotCollected) {
-  const std::uint8_t before = Image()[10'240];
-  Choose(app.main_dialog, 103, before == 3 ? 2 : 3);
-  Run(CM_ICON_SELECT, [](HWND dialog) { Press(dialog, IDOK); });
-  EXPECT_EQ(Image()[10'240], before);
-  EXPECT_FALSE(app.document.changed);
 }
 
 TEST_F(IconsDialogTest, TheOpenListShowsItsPictures) {
@@ -241,17 +181,28 @@ TEST_F(PictureListTest, TheFocusedEntryHasAFocusRectangle) {
   EXPECT_GT(DifferentPixels(canvas.device, {0, 0}, "symbol1"), 0);
 }
 
+TEST_F(PictureListTest, MakesTheEntriesAsHighAsItsPictures) {
+  Run(CM_ICON_SELECT, [](HWND dialog) {
+    PictureList(std::vector<std::string>{"symbol1"}).Fit(dialog, ID_ICON_FIRST);
+    EXPECT_EQ(SendDlgItemMessageA(dialog, ID_ICON_FIRST, CB_GETITEMHEIGHT, 0, 0), 24);
+    Press(dialog, IDCANCEL);
+  });
+}
+
 TEST_F(PictureListTest, EveryPictureHasItsSize) {
-  MEASUREITEMSTRUCT item{};
-  for (const char* name : {"A", "M", "Z", "ZZ"}) {
-    MeasurePicture(item, name);
-    EXPECT_EQ(item.itemWidth, 64U) << name;
-    EXPECT_EQ(item.itemHeight, 64U) << name;
+  const auto expect_square = [](const std::string& name, LONG side) {
+    const HBITMAP picture = LoadBitmapA(dialog_modules.library, name.c_str());
+    BITMAP bitmap{};
+    GetObjectA(picture, sizeof bitmap, &bitmap);
+    DeleteObject(picture);
+    EXPECT_EQ(bitmap.bmWidth, side) << name;
+    EXPECT_EQ(bitmap.bmHeight, side) << name;
+  };
+  for (int icon = 0; icon < kIconCount; ++icon) {
+    expect_square(IconName(icon), 64);
   }
-  for (const char* name : {"symbol1", "symbol7"}) {
-    MeasurePicture(item, name);
-    EXPECT_EQ(item.itemWidth, 24U) << name;
-    EXPECT_EQ(item.itemHeight, 24U) << name;
+  for (char symbol = '1'; symbol <= '7'; ++symbol) {
+    expect_square(std::string("symbol") + symbol, 24);
   }
 }
 

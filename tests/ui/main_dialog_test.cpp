@@ -1,11 +1,12 @@
-#include "core/editors/main_fields.h"
-#include "resources/control_ids.h"
-#include "tests/ui/window_fixture.h"
+#include <numeric>
+
+#include "tests/ui/feature_fixture.h"
 
 namespace qz7 {
 namespace {
 
 using MainDialogTest = WindowTest;
+using MainDialogDefaultsTest = FeatureDialogTest;
 
 CloneImage& Image() { return app.document.image; }
 
@@ -31,13 +32,86 @@ TEST_F(MainDialogTest, NamesTheNewDocumentInTheTitle) {
   EXPECT_STREQ(title, "QZ-7H Programmer - NONAME.RDF");
 }
 
-TEST_F(MainDialogTest, EveryControlShowsAndStoresItsByte) {
-  for (const MainField& field : MainFields()) {
-    CloneImage wanted = Image();
-    WriteMainField(wanted, field, 1);
-    LoadMainDialog(wanted);
+// A list or the first button of a group, and the byte that it stores.
+constexpr std::pair<int, std::size_t> kBytes[] = {{103, 10'240}, {104, 10'241}, {111, 10'200},
+                                                  {112, 10'206}, {108, 10'202}, {114, 10'203},
+                                                  {132, 10'201}};
+// A check box or the second button of two, its byte and its bit.
+struct BitControl {
+  int control;
+  std::size_t offset;
+  int bit;
+};
+constexpr BitControl kBits[] = {
+    {105, 10'504, 7}, {106, 10'504, 5}, {110, 10'504, 2}, {119, 10'504, 1}, {120, 10'504, 6},
+    {122, 10'504, 3}, {107, 10'505, 3}, {113, 10'505, 7}, {116, 10'505, 4}, {118, 10'505, 0},
+    {115, 10'506, 0}, {117, 10'506, 1}, {127, 10'506, 5}, {136, 10'506, 4}};
+
+TEST_F(MainDialogTest, EveryListAndGroupShowsAndStoresItsByte) {
+  for (const auto& [control, offset] : kBytes) {
+    for (const std::uint8_t position : {std::uint8_t{0}, std::uint8_t{2}}) {
+      CloneImage wanted = Image();
+      wanted[offset] = position;
+      LoadMainDialog(wanted);
+      if (control == 132) {
+        EXPECT_TRUE(IsChecked(app.main_dialog, 132 + position));
+      } else {
+        EXPECT_EQ(ChosenInList(app.main_dialog, control), position) << control;
+      }
+      ReadMainControls(Image());
+      EXPECT_EQ(Image(), wanted) << control;
+    }
+  }
+}
+
+TEST_F(MainDialogTest, EveryBoxAndPairShowsAndStoresItsBitAlone) {
+  for (const auto& [control, offset, bit] : kBits) {
+    Image()[offset] = 0;
+    LoadMainDialog(Image());
+    EXPECT_FALSE(IsChecked(app.main_dialog, control)) << control;
+    Press(app.main_dialog, control);
     ReadMainControls(Image());
-    EXPECT_EQ(Image(), wanted) << field.control;
+    EXPECT_EQ(Image()[offset], 1 << bit) << control;
+    LoadMainDialog(Image());
+    EXPECT_TRUE(IsChecked(app.main_dialog, control)) << control;
+  }
+}
+
+TEST_F(MainDialogTest, EveryNotificationOfAValueEnablesTheDefaultsButtons) {
+  std::vector<int> enabling;
+  for (int control = 10; control < 300; ++control) {
+    if (control == ID_USE_DEFAULTS || control == ID_STORE_DEFAULTS) {
+      continue;
+    }
+    Press(app.main_dialog, ID_USE_DEFAULTS);
+    SendMessageA(app.main_dialog, WM_COMMAND, MAKEWPARAM(control, 7), 0);
+    if (IsEnabled(app.main_dialog, ID_STORE_DEFAULTS)) {
+      enabling.push_back(control);
+    }
+  }
+  std::vector<int> wanted(18);
+  std::iota(wanted.begin(), wanted.end(), 103);
+  for (const int control : {122, 126, 127, 132, 133, 134, 135, 136}) {
+    wanted.push_back(control);
+  }
+  EXPECT_EQ(enabling, wanted);
+}
+
+TEST_F(MainDialogTest, WhatNothingTellsShowsItsPlaceAsATooltip) {
+  EXPECT_EQ(TooltipOf(app.main_dialog, 105), "Byte 10504, bit 7");
+  EXPECT_EQ(TooltipOf(app.main_dialog, 134), "Byte 10201");
+  EXPECT_EQ(TooltipOf(app.main_dialog, 127), "Byte 10506, bit 5");
+  EXPECT_EQ(TooltipOf(app.main_dialog, 103), "");
+}
+
+TEST_F(MainDialogDefaultsTest, AButtonThatGoesDisabledGivesItsFocusToTheComment) {
+  for (const int button : {ID_USE_DEFAULTS, ID_STORE_DEFAULTS}) {
+    Choose(app.main_dialog, 111, 1);
+    SetFocus(GetDlgItem(app.main_dialog, button));
+    Press(app.main_dialog, button);
+    EXPECT_EQ(GetFocus(), GetDlgItem(app.main_dialog, ID_FILE_COMMENT));
+    EXPECT_FALSE(IsEnabled(app.main_dialog, ID_USE_DEFAULTS));
+    EXPECT_FALSE(IsEnabled(app.main_dialog, ID_STORE_DEFAULTS));
   }
 }
 
@@ -103,15 +177,11 @@ TEST_F(MainDialogTest, ANotificationEnablesTheButtonsAgain) {
   EXPECT_TRUE(IsEnabled(app.main_dialog, 121));
 }
 
-TEST_F(MainDialogTest, SaveAsDefaultsStoresAndWritesTheRecord) {
-  char before[MAX_PATH] = "";
-  GetCurrentDirectoryA(MAX_PATH, before);
-  SetCurrentDirectoryA(folder.path().string().c_str());
+TEST_F(MainDialogDefaultsTest, SaveAsDefaultsStoresAndWritesTheRecord) {
   Choose(app.main_dialog, 112, 4);
   Press(app.main_dialog, ID_STORE_DEFAULTS);
-  SetCurrentDirectoryA(before);
   EXPECT_EQ(app.document.defaults[588], 4);
-  const Bytes file = FileBytes(folder.File("qz7.def"));
+  const Bytes file = DefaultsOnDisk();
   ASSERT_EQ(file.size(), 799U);
   EXPECT_EQ(file[588], 4);
   EXPECT_FALSE(IsEnabled(app.main_dialog, 121));

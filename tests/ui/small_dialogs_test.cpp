@@ -43,6 +43,48 @@ TEST_F(PreferencesDialogTest, OkAtOnceTurnsTheIconFlagIntoTheWxNamesFlag) {
   EXPECT_TRUE(preferences.use_wx_names_defaults);
 }
 
+TEST_F(PreferencesDialogTest, TheWxNamesBoxShowsTheIconFlagAndTheIconBoxIsClear) {
+  Preferences preferences;
+  preferences.use_wx_names_defaults = true;
+  const DialogScript script([](HWND dialog) {
+    EXPECT_FALSE(IsChecked(dialog, 107));
+    EXPECT_FALSE(IsChecked(dialog, 108));
+    Press(dialog, IDOK);
+  });
+  ShowPreferencesDialog(preferences);
+  EXPECT_FALSE(preferences.use_wx_names_defaults);
+}
+
+TEST_F(PreferencesDialogTest, EveryOtherBoxShowsAndStoresItsOwnFlag) {
+  const std::vector<std::pair<int, bool Preferences::*>> boxes = {
+      {101, &Preferences::use_main_defaults_new},  {102, &Preferences::use_dial_defaults},
+      {103, &Preferences::use_setting_defaults},   {104, &Preferences::use_vorn_defaults},
+      {105, &Preferences::use_main_defaults_open}, {106, &Preferences::use_dont_ask_defaults}};
+  for (const auto& [box, flag] : boxes) {
+    Preferences preferences;
+    preferences.*flag = true;
+    const DialogScript script([&boxes, box = box](HWND dialog) {
+      for (const auto& [other, ignored] : boxes) {
+        EXPECT_EQ(IsChecked(dialog, other), other == box) << other;
+      }
+      Press(dialog, IDOK);
+    });
+    ShowPreferencesDialog(preferences);
+    EXPECT_TRUE(preferences.*flag) << box;
+  }
+}
+
+TEST_F(PreferencesDialogTest, TheIconBoxStoresTheIconFlag) {
+  Preferences preferences;
+  const DialogScript script([](HWND dialog) {
+    Press(dialog, 108);
+    Press(dialog, IDOK);
+  });
+  ShowPreferencesDialog(preferences);
+  EXPECT_TRUE(preferences.use_icon_defaults);
+  EXPECT_FALSE(preferences.use_wx_names_defaults);
+}
+
 TEST_F(PreferencesDialogTest, CancelAndClosingChangeNothing) {
   Preferences preferences;
   const DialogScript cancel([](HWND dialog) {

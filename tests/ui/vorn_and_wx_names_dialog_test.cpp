@@ -97,33 +97,6 @@ TEST_F(VornDialogTest, AnUnknownModeHasNoButtonAndStays) {
   EXPECT_FALSE(app.document.changed);
 }
 
-TEST_F(VornDialogTest, ThePreferenceOpensItWithTheDefaultsAndOkStoresThem) {
-  Flags().use_vorn_defaults = true;
-  Run(CM_VORN, [](HWND dialog) {
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    EXPECT_EQ(TextOf(dialog, ID_VORN_IDENTIFIER), "012");
-    Press(dialog, IDOK);
-  });
-  EXPECT_EQ(Image()[10'205], 2);
-  EXPECT_EQ(Piece(Image(), 10'207, 5), (Bytes{1, 0, 1, 2, 13}));
-  EXPECT_EQ(Image()[10'506] & 0x08, 0x08);
-}
-
-TEST_F(VornDialogTest, EveryControlEnablesTheButtonsAgain) {
-  Run(CM_VORN, [](HWND dialog) {
-    for (int button = ID_VORN_MODE_FIRST; button <= ID_VORN_FLAG; ++button) {
-      Press(dialog, ID_USE_DEFAULTS);
-      EXPECT_FALSE(ButtonsEnabled(dialog));
-      Press(dialog, button);
-      EXPECT_TRUE(ButtonsEnabled(dialog)) << button;
-    }
-    Press(dialog, ID_USE_DEFAULTS);
-    Type(dialog, ID_VORN_IDENTIFIER, "A");
-    EXPECT_TRUE(ButtonsEnabled(dialog));
-    Press(dialog, IDCANCEL);
-  });
-}
-
 TEST_F(VornDialogTest, SaveAsDefaultsWritesTheRecordAndCancelKeepsTheImage) {
   Defaults().fill(0xA5);
   DefaultsRecord wanted = Defaults();
@@ -186,64 +159,6 @@ TEST_F(WxNamesDialogTest, OkPadsTheNamesAndChangesNothingElse) {
   });
   EXPECT_EQ(Image(), wanted);
   EXPECT_TRUE(app.document.changed);
-}
-
-TEST_F(WxNamesDialogTest, OkWithoutAChangeLeavesTheDocumentUnmodified) {
-  const CloneImage before = Image();
-  Run(CM_WX_NAMES, [](HWND dialog) { Press(dialog, IDOK); });
-  EXPECT_EQ(Image(), before);
-  EXPECT_FALSE(app.document.changed);
-}
-
-TEST_F(WxNamesDialogTest, ThePreferenceOpensItWithTheDefaultsAndOkStoresThem) {
-  Flags().use_wx_names_defaults = true;
-  Run(CM_WX_NAMES, [](HWND dialog) {
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    EXPECT_EQ(TextOf(dialog, ID_WX_NAME_FIRST), "FIRST");
-    Press(dialog, IDOK);
-  });
-  EXPECT_EQ(Piece(Image(), 10'114, 80), Piece(Defaults(), 496, 80));
-}
-
-TEST_F(WxNamesDialogTest, UseDefaultsShowsThemUntilANameIsEdited) {
-  Run(CM_WX_NAMES, [](HWND dialog) {
-    Press(dialog, ID_USE_DEFAULTS);
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    for (int n = 0; n < 10; ++n) {
-      Press(dialog, ID_USE_DEFAULTS);
-      Type(dialog, ID_WX_NAME_FIRST + n, "x");
-      EXPECT_TRUE(ButtonsEnabled(dialog)) << n;
-    }
-    Press(dialog, ID_USE_DEFAULTS);
-    EXPECT_EQ(TextOf(dialog, ID_WX_NAME_FIRST), "FIRST");
-    EXPECT_EQ(TextOf(dialog, ID_WX_NAME_FIRST + 9), "dddddddd");
-    Press(dialog, IDCANCEL);
-  });
-}
-
-TEST_F(WxNamesDialogTest, SaveAsDefaultsWritesTheRecordAndCancelKeepsTheImage) {
-  Defaults().fill(0xA5);
-  DefaultsRecord wanted = Defaults();
-  const CloneImage before = Image();
-  Put(wanted, 496, Piece(before, 10'114, 80));
-  Put(wanted, 504, BytesOf("NEW     "));
-  Run(CM_WX_NAMES, [](HWND dialog) {
-    Type(dialog, ID_WX_NAME_FIRST + 1, "NEW");
-    Press(dialog, ID_STORE_DEFAULTS);
-    EXPECT_FALSE(ButtonsEnabled(dialog));
-    SendMessageA(dialog, WM_CLOSE, 0, 0);
-  });
-  EXPECT_EQ(Defaults(), wanted);
-  EXPECT_EQ(DefaultsOnDisk(), Bytes(wanted.begin(), wanted.end()));
-  EXPECT_EQ(Image(), before);
-}
-
-TEST_F(WxNamesDialogTest, TheMainDialogIsNotCollected) {
-  const std::uint8_t before = Image()[10'240];
-  Choose(app.main_dialog, 103, before == 3 ? 2 : 3);
-  Run(CM_WX_NAMES, [](HWND dialog) { Press(dialog, IDOK); });
-  EXPECT_EQ(Image()[10'240], before);
-  EXPECT_FALSE(app.document.changed);
 }
 
 }  // namespace

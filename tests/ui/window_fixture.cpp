@@ -106,10 +106,6 @@ void Type(HWND dialog, int field, const std::string& text) {
   }
 }
 
-bool IsChecked(HWND dialog, int control) {
-  return IsDlgButtonChecked(dialog, control) == BST_CHECKED;
-}
-
 bool IsEnabled(HWND dialog, int control) {
   return IsWindowEnabled(GetDlgItem(dialog, control)) != FALSE;
 }

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "desktop/app_state.h"
+#include "desktop/toolkit/dialog_support.h"
 #include "tests/unit/memory_line.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"
@@ -47,7 +48,6 @@ class DialogScript {
 void Press(HWND dialog, int control);
 void Choose(HWND dialog, int list, int position);
 void Type(HWND dialog, int field, const std::string& text);
-bool IsChecked(HWND dialog, int control);
 bool IsEnabled(HWND dialog, int control);
 std::string TextOf(HWND dialog, int control);
 

@@ -1,26 +1,17 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
-#include "core/editors/autodial.h"
-#include "core/editors/icons.h"
-#include "core/editors/settings.h"
-#include "core/editors/vorn.h"
-#include "core/editors/wx_names.h"
-#include "tests/unit/editor_fixture.h"
-#include "tests/unit/seams.h"
+#include "tests/unit/setting_fixture.h"
 
 // The five feature editors over random bytes: what opening and OK rewrites, what the defaults
 // record mirrors, and that nothing beside an editor's own bytes is ever touched.
 namespace qz7 {
 namespace {
 
-using namespace editor_fixture;
+using namespace setting_fixture;
 
-// An editor as what its buttons do: open from a place, store to a place.
 struct FeatureEditor {
   const char* name;
-  std::function<void(SettingsSource, SettingsTarget)> open_and_store;
+  const SettingScreen& screen;
   Bytes (*rewritten)(const CloneImage& image);  // the bytes of `mirrored` after open and OK
   // Its bytes: image offset, record offset, size. Of the last one only `bits`.
   struct Piece {
@@ -93,7 +84,7 @@ Bytes RewrittenIcons(const CloneImage& image) { return BytesAt(image, 10225, 15)
 std::vector<FeatureEditor> Editors() {
   return {
       {"settings",
-       [](auto from, auto to) { StoreSettings(LoadSettings(from), to); },
+       SettingsScreen(),
        RewrittenSettings,
        {{10502, 794, 1},
         {10503, 795, 1},
@@ -106,32 +97,20 @@ std::vector<FeatureEditor> Editors() {
        {10505, 797, 1},
        0x40},
       {"VORN",
-       [](auto from, auto to) { StoreVorn(LoadVorn(from), to); },
+       VornScreen(),
        RewrittenVorn,
        {{10205, 587, 1}, {10207, 589, 1}, {10208, 590, 16}},
        {10506, 798, 1},
        0x08},
-      {"autodial",
-       [](auto from, auto to) {
-         EXPECT_EQ(StoreAutodial(LoadAutodial(from, DtmfDisplay::kSymbols), to), std::nullopt);
-       },
-       RewrittenAutodial,
-       {{10252, 634, 144}},
-       {10504, 796, 1},
-       0x01},
-      {"WX names",
-       [](auto from, auto to) { StoreWxNames(LoadWxNames(from), to); },
-       RewrittenWxNames,
-       {{10114, 496, 80}},
-       {10114, 496, 0},
-       0},
-      {"icons",
-       [](auto from, auto to) { StoreIcons(LoadIcons(from), to); },
-       RewrittenIcons,
-       {{10225, 607, 15}},
-       {10225, 607, 0},
-       0},
+      {"autodial", AutodialScreen(), RewrittenAutodial, {{10252, 634, 144}}, {10504, 796, 1}, 0x01},
+      {"WX names", WxNamesScreen(), RewrittenWxNames, {{10114, 496, 80}}, {10114, 496, 0}, 0},
+      {"icons", IconsScreen(), RewrittenIcons, {{10225, 607, 15}}, {10225, 607, 0}, 0},
   };
+}
+
+// As its buttons do: opens from a place, stores to a place.
+void OpenAndStore(const FeatureEditor& editor, SettingsSource from, SettingsTarget to) {
+  EXPECT_EQ(StoreScreen(editor.screen, LoadScreen(editor.screen, from), to), std::nullopt);
 }
 
 // `image` after OK of an editor that shows what `source` holds.
@@ -187,7 +166,7 @@ TEST(FeatureEditors, OpenAndOkRewritesOnlyWhatTheyShowInAnotherForm) {
       Dice dice(seed);
       auto image = RandomSettings(dice);
       const CloneImage expected = Stored(editor, *image, *image);
-      editor.open_and_store(SourceIn(*image), TargetIn(*image));
+      OpenAndStore(editor, SourceIn(*image), TargetIn(*image));
       EXPECT_EQ(DifferingOffsets(expected, *image), std::vector<std::size_t>{});
     }
   }
@@ -197,9 +176,9 @@ TEST(FeatureEditors, OpenAndOkChangesNothingTheSecondTime) {
   for (const FeatureEditor& editor : Editors()) {
     Dice dice(7);
     auto image = RandomSettings(dice);
-    editor.open_and_store(SourceIn(*image), TargetIn(*image));
+    OpenAndStore(editor, SourceIn(*image), TargetIn(*image));
     const CloneImage before = *image;
-    editor.open_and_store(SourceIn(*image), TargetIn(*image));
+    OpenAndStore(editor, SourceIn(*image), TargetIn(*image));
     EXPECT_EQ(*image, before) << editor.name;
   }
 }
@@ -221,7 +200,7 @@ TEST(FeatureEditors, SaveTheirDefaultsAtTheMirroredPlacesAndNowhereElse) {
       for (std::size_t i = 0; i < 16; ++i) {
         mirror[10208 + i] = record[590 + i];
       }
-      editor.open_and_store(SourceIn(*image), TargetIn(mirror));
+      OpenAndStore(editor, SourceIn(*image), TargetIn(mirror));
       for (const FeatureEditor::Piece& piece : editor.pieces) {
         for (std::size_t k = 0; k < piece.size; ++k) {
           expected[piece.record + k] = mirror[piece.image + k];
@@ -232,7 +211,7 @@ TEST(FeatureEditors, SaveTheirDefaultsAtTheMirroredPlacesAndNowhereElse) {
         byte = static_cast<std::uint8_t>((byte & ~editor.bits) |
                                          ((*image)[editor.switches.image] & editor.bits));
       }
-      editor.open_and_store(SourceIn(*image), TargetIn(record));
+      OpenAndStore(editor, SourceIn(*image), TargetIn(record));
       EXPECT_EQ(record, expected);
     }
   }
@@ -254,8 +233,8 @@ TEST(FeatureEditors, CarryTheirSettingsToAnotherImageByWayOfTheRecord) {
       DefaultsRecord record;
       record.fill(0x99);
       const CloneImage expected = Stored(editor, *first, *second);
-      editor.open_and_store(SourceIn(*first), TargetIn(record));
-      editor.open_and_store(SourceIn(record), TargetIn(*second));
+      OpenAndStore(editor, SourceIn(*first), TargetIn(record));
+      OpenAndStore(editor, SourceIn(record), TargetIn(*second));
       EXPECT_EQ(DifferingOffsets(expected, *second), std::vector<std::size_t>{});
     }
   }

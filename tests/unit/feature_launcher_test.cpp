@@ -1,14 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "core/editors/autodial.h"
-#include "core/editors/icons.h"
 #include "core/editors/launcher.h"
-#include "tests/unit/editor_fixture.h"
+#include "tests/unit/setting_fixture.h"
 
 namespace qz7 {
 namespace {
 
-using namespace editor_fixture;
+using namespace setting_fixture;
 
 struct Document {
   std::unique_ptr<CloneImage> image = MakePatternImage();
@@ -61,9 +59,10 @@ TEST(FeatureLauncher, DropsEverythingOnCancelWhatTheEditorStoredByThenToo) {
   const CloneImage before = *document.image;
   RunFeatureEditor(*document.image, *document.working_copy, document.changed,
                    [](CloneImage& working_copy) {
-                     AutodialControls controls;
-                     controls.numbers = {"1", "x"};
-                     EXPECT_EQ(StoreAutodial(controls, TargetIn(working_copy)), 1);
+                     auto values = Values(AutodialScreen());
+                     values[0] = Text("1");
+                     values[1] = Text("x");
+                     EXPECT_EQ(StoreScreen(AutodialScreen(), values, TargetIn(working_copy)), 1U);
                      return false;
                    });
   EXPECT_EQ(*document.image, before);
@@ -77,9 +76,9 @@ TEST(FeatureLauncher, LeavesTheImageAloneWhenDefaultsAreSavedAndTheEditorIsCance
   DefaultsRecord record{};
   RunFeatureEditor(*document.image, *document.working_copy, document.changed,
                    [&](CloneImage& working_copy) {
-                     IconChoices choices = LoadIcons(SourceIn(working_copy));
-                     ChooseIcon(choices, 2, 17);
-                     StoreIcons(choices, TargetIn(record));
+                     auto icons = LoadScreen(IconsScreen(), SourceIn(working_copy));
+                     icons[2] = Choice(17);
+                     StoreDefaults(IconsScreen(), icons, record, [] {});
                      return false;
                    });
   EXPECT_EQ(record[609], 17);

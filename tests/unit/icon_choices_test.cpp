@@ -1,12 +1,12 @@
 #include <gtest/gtest.h>
 
 #include "core/editors/icons.h"
-#include "tests/unit/editor_fixture.h"
+#include "tests/unit/setting_fixture.h"
 
 namespace qz7 {
 namespace {
 
-using namespace editor_fixture;
+using namespace setting_fixture;
 
 TEST(IconName, IsALetterOrZz) {
   EXPECT_EQ(IconName(0), "A");
@@ -17,17 +17,17 @@ TEST(IconName, IsALetterOrZz) {
 TEST(IconChoices, LieAtTheirPlaces) {
   auto image = MakeImage();
   DefaultsRecord record{};
-  IconChoices choices;
+  std::vector<SettingValue> icons;
   for (int i = 0; i < 15; ++i) {
-    ChooseIcon(choices, i, 26 - i);
+    icons.push_back(Choice(26 - i));
   }
-  StoreIcons(choices, TargetIn(*image));
-  StoreIcons(choices, TargetIn(record));
+  StoreScreen(IconsScreen(), icons, TargetIn(*image));
+  StoreScreen(IconsScreen(), icons, TargetIn(record));
   const Bytes expected = {26, 25, 24, 23, 22, 21, 20, 19, 18, 17, 16, 15, 14, 13, 12};
   EXPECT_EQ(BytesAt(*image, 10225, 15), expected);
-  EXPECT_EQ(Bytes(record.begin() + 607, record.begin() + 622), expected);
-  EXPECT_EQ(LoadIcons(SourceIn(*image)).icons, choices.icons);
-  EXPECT_EQ(LoadIcons(SourceIn(record)).icons, choices.icons);
+  EXPECT_EQ(BytesAt(record, 607, 15), expected);
+  EXPECT_EQ(LoadScreen(IconsScreen(), SourceIn(*image)), icons);
+  EXPECT_EQ(LoadScreen(IconsScreen(), SourceIn(record)), icons);
 }
 
 TEST(IconChoices, LeaveANumberAloneThatIsNoIcon) {
@@ -35,31 +35,13 @@ TEST(IconChoices, LeaveANumberAloneThatIsNoIcon) {
   (*image)[10225] = 26;
   (*image)[10226] = 27;
   (*image)[10239] = 255;
-  const IconChoices choices = LoadIcons(SourceIn(*image));
-  EXPECT_EQ(choices.icons[0], 26);
-  EXPECT_EQ(choices.icons[1], std::nullopt);
-  EXPECT_EQ(choices.icons[14], std::nullopt);
+  const auto icons = LoadScreen(IconsScreen(), SourceIn(*image));
+  EXPECT_EQ(icons[0], Choice(26));
+  EXPECT_EQ(icons[1], SettingValue{});
+  EXPECT_EQ(icons[14], SettingValue{});
   const CloneImage before = *image;
-  StoreIcons(choices, TargetIn(*image));
+  StoreScreen(IconsScreen(), icons, TargetIn(*image));
   EXPECT_EQ(*image, before);
-}
-
-TEST(IconChoices, KnowThatOneWasMade) {
-  IconChoices choices = LoadIcons(SourceIn(*MakeImage()));
-  EXPECT_FALSE(choices.changed);
-  ChooseIcon(choices, 14, 3);
-  EXPECT_TRUE(choices.changed);
-  EXPECT_EQ(choices.icons[14], 3);
-}
-
-TEST(IconChoices, OpenWithTheDefaultsWhereThePreferenceSaysSoAndOkStoresThem) {
-  auto image = MakeImage();
-  DefaultsRecord record{};
-  record[607] = 5;
-  const IconChoices choices = LoadIcons(OpeningSource(*image, record, true));
-  EXPECT_EQ(choices.icons[0], 5);
-  StoreIcons(choices, TargetIn(*image));
-  EXPECT_EQ((*image)[10225], 5);
 }
 
 }  // namespace

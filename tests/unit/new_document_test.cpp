@@ -6,6 +6,7 @@
 #include <array>
 #include <string>
 
+#include "core/editors/vorn.h"
 #include "core/files/document_header.h"
 #include "core/image/band_plan.h"
 #include "core/image/channel_record.h"
@@ -180,7 +181,7 @@ TEST_F(NewDocument, HasNoGroups) {
 
 TEST_F(NewDocument, HasNoAutodialNumbers) {
   for (std::size_t memory = 0; memory < 9; ++memory) {
-    EXPECT_EQ(image_[10'252 + memory * 16], 0xFF) << memory;
+    EXPECT_TRUE(AllAre(0xFF, 10'252 + memory * 16, 7)) << memory;
   }
 }
 
@@ -252,9 +253,19 @@ TEST_F(NewDocument, ShowsNumbersOfAtMostThreeDigits) {
   EXPECT_LE(image_[10'198] * 256 + image_[10'199], 999);
 }
 
-TEST_F(NewDocument, ShowsAVornIdentifierOfItsOwnCharacters) {
-  for (std::size_t i = 10'208; i < 10'224 && image_[i] != 0xFF; ++i) {
-    EXPECT_LT(image_[i], 44) << i;
+TEST_F(NewDocument, HasAVornIdentifierThatIsEmptyToItsEnd) {
+  EXPECT_TRUE(AllAre(0xFF, 10'208, 16));
+  EXPECT_EQ(image_[10'207], 0);
+  EXPECT_EQ(image_[10'224], 0);
+}
+
+TEST_F(NewDocument, ShowsAVornIdentifierOfAnyLengthAsItWasTyped) {
+  const Setting& identifier = VornScreen().rows.back();
+  for (std::size_t length = 0; length <= 16; ++length) {
+    MakeNewImage(image_);
+    const SettingValue typed{.text = std::string(length, 'Q')};
+    StoreSetting(identifier, typed, TargetIn(image_));
+    EXPECT_EQ(LoadSetting(identifier, SourceIn(image_)), typed);
   }
 }
 

@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "core/image/band_plan.h"
 #include "tests/unit/document_bytes.h"
 #include "tests/unit/seams.h"
@@ -18,11 +16,6 @@ Preferences Loaded() {
   Preferences preferences;
   LoadPreferences(preferences, "C:\\Programs");
   return preferences;
-}
-
-const PreferenceFlag& FlagOfBox(int box) {
-  return *std::find_if(kPreferenceFlags.begin(), kPreferenceFlags.end(),
-                       [box](const PreferenceFlag& flag) { return flag.box == box; });
 }
 
 TEST(Preferences, AFlagIsTrueWhenItsValueStartsWith1) {
@@ -112,28 +105,7 @@ TEST(Preferences, AMissingAndAGoodTemplateAreNotReported) {
   EXPECT_TRUE(test_seams.messages.empty());
 }
 
-TEST(PreferencesDialog, ShowsTheIconFlagInTheWxNamesBoxAndTheIconBoxClear) {
-  Preferences preferences;
-  preferences.use_icon_defaults = true;
-  EXPECT_TRUE(ShowsChecked(preferences, FlagOfBox(107)));
-  EXPECT_FALSE(ShowsChecked(preferences, FlagOfBox(108)));
-  preferences.use_icon_defaults = false;
-  preferences.use_wx_names_defaults = true;
-  EXPECT_FALSE(ShowsChecked(preferences, FlagOfBox(107)));
-  EXPECT_FALSE(ShowsChecked(preferences, FlagOfBox(108)));
-}
-
-TEST(PreferencesDialog, EveryOtherBoxShowsItsOwnFlag) {
-  for (const int box : {101, 102, 103, 104, 105, 106}) {
-    const PreferenceFlag& flag = FlagOfBox(box);
-    Preferences preferences;
-    EXPECT_FALSE(ShowsChecked(preferences, flag)) << box;
-    preferences.*flag.flag = true;
-    EXPECT_TRUE(ShowsChecked(preferences, flag)) << box;
-  }
-}
-
-TEST(PreferencesDialog, WritesAllEightKeysAs0Or1) {
+TEST(Preferences, WriteAllEightKeysAs0Or1) {
   Preferences preferences;
   preferences.use_dial_defaults = true;
   SavePreferenceFlags(preferences);

@@ -2,25 +2,23 @@
 
 #include <gtest/gtest.h>
 
-#include "tests/unit/editor_fixture.h"
+#include "tests/unit/setting_fixture.h"
 
 namespace qz7 {
 namespace {
 
-using namespace editor_fixture;
+using namespace setting_fixture;
 
 Bytes StoredAs(const std::string& name) {
   auto image = MakePatternImage();
-  WxNames names = LoadWxNames(SourceIn(*image));
-  EditWxName(names, 3, name);
-  StoreWxNames(names, TargetIn(*image));
+  Put("wx-name-4", Text(name), *image);
   return BytesAt(*image, 10114 + 24, 8);
 }
 
-std::string ShownAs(const Bytes& bytes) {
+std::string NameShownAs(const Bytes& bytes) {
   auto image = MakeImage();
   PutBytes(*image, 10114 + 24, bytes);
-  return LoadWxNames(SourceIn(*image)).names[3];
+  return Shown("wx-name-4", *image).text;
 }
 
 TEST(WxNames, ArePaddedWithBlanks) {
@@ -32,45 +30,33 @@ TEST(WxNames, ArePaddedWithBlanks) {
 }
 
 TEST(WxNames, LoseTheirTrailingBlanksOnly) {
-  EXPECT_EQ(ShownAs(Bytes(8, ' ')), "");
-  EXPECT_EQ(ShownAs({' ', 'A', ' ', 'B', ' ', ' ', ' ', ' '}), " A B");
-  EXPECT_EQ(ShownAs({'1', '2', '3', '4', '5', '6', '7', '8'}), "12345678");
-  EXPECT_EQ(ShownAs({'A', ' ', 0, 'B', ' ', ' ', ' ', ' '}), "A");
+  EXPECT_EQ(NameShownAs(Bytes(8, ' ')), "");
+  EXPECT_EQ(NameShownAs({' ', 'A', ' ', 'B', ' ', ' ', ' ', ' '}), " A B");
+  EXPECT_EQ(NameShownAs({'1', '2', '3', '4', '5', '6', '7', '8'}), "12345678");
+  EXPECT_EQ(NameShownAs({'A', ' ', 0, 'B', ' ', ' ', ' ', ' '}), "A");
 }
 
 TEST(WxNames, LieAtTheirPlaces) {
   auto image = MakeImage();
   DefaultsRecord record{};
-  WxNames names;
+  std::vector<SettingValue> names;
   for (int n = 0; n < 10; ++n) {
-    EditWxName(names, n, std::string(8, static_cast<char>('0' + n)));
+    names.push_back(Text(std::string(8, static_cast<char>('0' + n))));
   }
-  StoreWxNames(names, TargetIn(*image));
-  StoreWxNames(names, TargetIn(record));
+  StoreScreen(WxNamesScreen(), names, TargetIn(*image));
+  StoreScreen(WxNamesScreen(), names, TargetIn(record));
   for (std::size_t n = 0; n < 10; ++n) {
     const Bytes expected(8, static_cast<std::uint8_t>('0' + n));
     EXPECT_EQ(BytesAt(*image, 10114 + 8 * n, 8), expected);
-    const auto first = record.begin() + 496 + static_cast<std::ptrdiff_t>(8 * n);
-    EXPECT_EQ(Bytes(first, first + 8), expected);
+    EXPECT_EQ(BytesAt(record, 496 + 8 * n, 8), expected);
   }
-}
-
-TEST(WxNames, KnowThatTheyWereEdited) {
-  WxNames names = LoadWxNames(SourceIn(*MakeImage()));
-  EXPECT_FALSE(names.edited);
-  EditWxName(names, 9, "X");
-  EXPECT_TRUE(names.edited);
-  EXPECT_EQ(names.names[9], "X");
 }
 
 TEST(WxNames, AreSavedAsDefaultsElevenTimesWanted) {
-  WxNames names;
-  for (std::size_t n = 0; n < 10; ++n) {
-    names.names[n] = "N";
-  }
+  const std::vector<SettingValue> names(10, Text("N"));
   DefaultsRecord record{};
   std::vector<DefaultsRecord> written;
-  SaveWxNamesAsDefaults(names, record, [&] { written.push_back(record); });
+  StoreDefaults(WxNamesScreen(), names, record, [&] { written.push_back(record); });
   ASSERT_EQ(written.size(), 11U);
   for (std::size_t i = 0; i < 10; ++i) {
     for (std::size_t n = 0; n < 10; ++n) {
