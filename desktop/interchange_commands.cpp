@@ -1,6 +1,6 @@
 #include "desktop/interchange_commands.h"
 
-#include "core/files/file_boxes.h"
+#include "core/files/seams.h"
 #include "core/interchange/import_lines.h"
 #include "core/interchange/merge_source.h"
 #include "desktop/interchange/import_columns_dialog.h"

@@ -6,6 +6,7 @@
 
 #include "core/editors/main_fields.h"
 #include "core/files/document_header.h"
+#include "core/files/seams.h"
 #include "desktop/app_state.h"
 #include "desktop/locations.h"
 #include "desktop/toolkit/dialog_support.h"

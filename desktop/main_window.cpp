@@ -1,6 +1,6 @@
 #include "desktop/main_window.h"
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "desktop/app_state.h"
 #include "desktop/commands.h"
 #include "desktop/toolkit/dialog_support.h"

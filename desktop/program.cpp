@@ -1,6 +1,6 @@
 #include "desktop/program.h"
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/link/port_setup.h"
 #include "desktop/app_state.h"
 #include "desktop/command_line.h"

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/channel_record.h"
 #include "core/image/channel_text.h"
 #include "core/image/settings_map.h"

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/editors/group_table.h"
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/operating_state.h"
 
 namespace qz7 {

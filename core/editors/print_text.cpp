@@ -4,7 +4,7 @@
 #include <array>
 #include <cstring>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/channel_text.h"
 #include "core/image/settings_map.h"
 

@@ -1,10 +1,9 @@
 #include "core/files/document.h"
 
-#include "core/files/file_boxes.h"
 #include "core/files/file_output.h"
-#include "core/files/messages.h"
 #include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
+#include "core/files/seams.h"
 #include "core/image/band_plan.h"
 
 namespace qz7 {

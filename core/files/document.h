@@ -25,11 +25,6 @@ struct Document {
   DefaultsRecord defaults{};
 };
 
-// What the document needs of the window around it, defined once per program like the messages.
-void LoadMainDialog(const CloneImage& image);
-void ReadMainControls(CloneImage& image);
-void SetMainTitle(const std::string& title);
-
 // Reads the main dialog's controls into the image. True when the image now differs from the working
 // copy, which sets the changed flag; nothing here ever clears it.
 bool CollectMainDialog(Document& document);

@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 namespace {

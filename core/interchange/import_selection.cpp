@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <new>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/band_plan.h"
 #include "core/image/frequency.h"
 #include "core/interchange/import_placement.h"

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/files/file_boxes.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 

@@ -10,7 +10,7 @@
 #include <string_view>
 
 #include "core/files/channel_summary.h"
-#include "core/files/file_boxes.h"
+#include "core/files/seams.h"
 #include "core/image/clone_image.h"
 
 namespace qz7 {

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "core/files/messages.h"
 #include "core/files/new_document.h"
+#include "core/files/seams.h"
 #include "core/image/channel_record.h"
 #include "core/image/settings_map.h"
 #include "tests/unit/seams.h"
