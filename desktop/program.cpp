@@ -93,7 +93,7 @@ void StartDocument(const std::string& command_line) {
   OpenChosenPort(*app.port, document.preferences.port_index);
   // The stored defaults are not loaded yet: a new document that takes them takes zeros, on purpose.
   NewDocument(document);
-  document.working_copy = document.image;
+  BeginWorkingCopy(document);
   OpenDocumentOfCommandLine(command_line);
   LoadDefaultsRecord(document.defaults, DefaultsFilePlaces(), document.image);
 }

@@ -77,8 +77,7 @@ std::string GroupChannelRow(const CloneImage& image, int n) {
                                                        : ChannelLabel(image, n);
 }
 
-GroupEditor OpenGroupEditor(const CloneImage& image, CloneImage& working_copy, int g) {
-  working_copy = image;
+GroupEditor OpenGroupEditor(CloneImage& working_copy, int g) {
   GroupEditor editor;
   editor.group = g;
   FillGroupList(working_copy, editor);

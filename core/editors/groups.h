@@ -25,8 +25,8 @@ std::string GroupRow(const CloneImage& image, int n);
 // shown.
 std::string GroupChannelRow(const CloneImage& image, int n);
 
-// Copies the image into the working copy, on which the editor works, and shows group g = 0..4.
-GroupEditor OpenGroupEditor(const CloneImage& image, CloneImage& working_copy, int g);
+// Shows group g = 0..4; the editor works on the working copy.
+GroupEditor OpenGroupEditor(CloneImage& working_copy, int g);
 
 enum class GroupEdit {
   kBeep,  // refused

@@ -83,13 +83,11 @@ bool NeedsVariantConversion(const CloneImage& image) {
   return image[kVersionType] != region_variant.region;
 }
 
-void ConvertChannelsForVariant(CloneImage& image, CloneImage& working_copy) {
-  working_copy = image;
+void ConvertChannelsForVariant(CloneImage& image) {
   for (int n = -1; n >= -kSpecialSlotCount; --n) {
-    ConvertSpecialSlot(GetChannelRecord(working_copy, n), SlotBand(n));
+    ConvertSpecialSlot(GetChannelRecord(image, n), SlotBand(n));
   }
-  ConvertMemoryChannels(working_copy);
-  image = working_copy;
+  ConvertMemoryChannels(image);
 }
 
 }  // namespace qz7

@@ -233,7 +233,7 @@ INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l)
 
 bool ShowGroupsDialog(const CloneImage& image, CloneImage& working_copy, int g) {
   GroupsWindow window{.image = image, .working_copy = working_copy};
-  window.editor = OpenGroupEditor(image, working_copy, g);
+  window.editor = OpenGroupEditor(working_copy, g);
   return RunDialog("DLLDlgGroupList", DlgProcGroupList, &window) == 0;
 }
 
