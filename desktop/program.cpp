@@ -1,12 +1,12 @@
 #include "desktop/program.h"
 
 #include "core/files/seams.h"
-#include "core/link/port_setup.h"
 #include "desktop/app_state.h"
 #include "desktop/command_line.h"
 #include "desktop/locations.h"
 #include "desktop/main_dialog.h"
 #include "desktop/main_window.h"
+#include "desktop/start_up.h"
 #include "desktop/toolkit/dialog_support.h"
 
 namespace qz7 {
@@ -53,24 +53,14 @@ bool LoadResourceLibrary() {
   return false;
 }
 
-void OpenDocumentOfCommandLine(const std::string& command_line) {
+// The full path of the file that the command line names.
+std::optional<std::string> NamedPath(const std::string& command_line) {
   const auto name = CommandLineFile(command_line);
-  if (!name) {
-    return;
-  }
   char path[MAX_PATH] = "";
-  if (GetFullPathNameA(name->c_str(), MAX_PATH, path, nullptr) != 0) {
-    OpenNamedDocument(app.document, path);
+  if (!name || GetFullPathNameA(name->c_str(), MAX_PATH, path, nullptr) == 0) {
+    return std::nullopt;
   }
-}
-
-void AdviseTemplate() {
-  if (app.document.preferences.template_path.empty()) {
-    ShowMessage(
-        "One of the first things you should do\nis create a template file.\n"
-        "Select Help|Contents for instructions.",
-        kProgramTitle, Buttons::kOk, Icon::kNone);
-  }
+  return path;
 }
 
 // Nobody waits for the other windows: one that hangs must not keep the program from starting.
@@ -86,16 +76,6 @@ void RemoveFont() {
   if (RemoveFontResourceA(BesideProgram(kFontFile).c_str())) {
     TellFontChange();
   }
-}
-
-void StartDocument(const std::string& command_line) {
-  Document& document = app.document;
-  OpenChosenPort(*app.port, document.preferences.port_index);
-  // The stored defaults are not loaded yet: a new document that takes them takes zeros, on purpose.
-  NewDocument(document);
-  BeginWorkingCopy(document);
-  OpenDocumentOfCommandLine(command_line);
-  LoadDefaultsRecord(document.defaults, DefaultsFilePlaces(), document.image);
 }
 
 int RunMessageLoop() {
@@ -135,8 +115,7 @@ int RunProgram(HINSTANCE instance, const std::string& command_line, int show_sta
   }
   ShowWindow(app.main_dialog, SW_SHOW);
   ShowWindow(app.main_window, show_state);
-  StartDocument(command_line);
-  AdviseTemplate();
+  StartDocument(app.document, *app.port, NamedPath(command_line), DefaultsFilePlaces());
   InstallFont();
   const int exit_code = RunMessageLoop();
   app.port->Close();

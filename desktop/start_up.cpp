@@ -1,0 +1,32 @@
+#include "desktop/start_up.h"
+
+#include "core/files/seams.h"
+#include "core/link/port_setup.h"
+
+namespace qz7 {
+namespace {
+
+void AdviseTemplate(const Preferences& preferences) {
+  if (preferences.template_path.empty()) {
+    ShowMessage(
+        "One of the first things you should do\nis create a template file.\n"
+        "Select Help|Contents for instructions.",
+        kProgramTitle, Buttons::kOk, Icon::kNone);
+  }
+}
+
+}  // namespace
+
+void StartDocument(Document& document, SerialPort& port, const std::optional<std::string>& path,
+                   const DefaultsFile& defaults) {
+  OpenChosenPort(port, document.preferences.port_index);
+  // The stored defaults are not loaded yet: a document that takes them takes zeros, on purpose.
+  NewDocument(document);
+  if (path) {
+    OpenNamedDocument(document, *path);
+  }
+  LoadDefaultsRecord(document.defaults, defaults, document.image);
+  AdviseTemplate(document.preferences);
+}
+
+}  // namespace qz7
