@@ -161,7 +161,7 @@ constexpr Command kCommands[] = {
     {CM_HELP_CONTENTS, kAsItIs, [](int) { ShowHelpContents(); }},
     {CM_HELP_SEARCH, kAsItIs, [](int) { ShowHelpSearch(); }},
     {CM_HELP_ON_HELP, kAsItIs, [](int) { ShowHelpOnHelp(); }},
-    {CM_ABOUT, kAsItIs, [](int) { ShowAboutDialog(); }},
+    {CM_ABOUT, kAsItIs, [](int) { ShowAboutDialog(ProgramPath()); }},
 };
 
 }  // namespace
