@@ -16,9 +16,21 @@ bool FinishFile(HANDLE file, std::span<const std::uint8_t> bytes) {
   return CloseHandle(file) && flushed;
 }
 
+// Others may have the file open in whichever way.
 HANDLE OpenForWriting(const std::string& path, DWORD disposition) {
-  return CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
-                     nullptr);
+  return CreateFileA(path.c_str(), GENERIC_WRITE,
+                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, disposition,
+                     FILE_ATTRIBUTE_NORMAL, nullptr);
+}
+
+// False for a file that is read-only, a folder, and a file that another program keeps to itself.
+// Not every system's open asks for the attribute.
+bool OpensForWriting(const std::string& path) {
+  if ((GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_READONLY) != 0) {
+    return false;
+  }
+  const HANDLE file = OpenForWriting(path, OPEN_EXISTING);
+  return file != INVALID_HANDLE_VALUE && CloseHandle(file);
 }
 
 // A short name in the target's folder, so that it fits wherever the target's own does; no other
@@ -43,9 +55,8 @@ WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_
   if (path.empty()) {
     return WriteOutcome::kCannotCreate;
   }
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
-  if (exists && (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+  const bool exists = GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+  if (exists && !OpensForWriting(path)) {
     return WriteOutcome::kCannotCreate;
   }
   const std::string fresh = FreshNameBeside(path);
@@ -61,7 +72,7 @@ WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_
   if (!MoveFileExA(fresh.c_str(), path.c_str(),
                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
     DeleteFileA(fresh.c_str());
-    return WriteOutcome::kWriteError;
+    return exists ? WriteInPlace(path, bytes) : WriteOutcome::kWriteError;
   }
   return WriteOutcome::kWritten;
 }
