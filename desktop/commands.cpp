@@ -115,7 +115,7 @@ void EditFeature(bool (*show)(const FeatureEditor&), bool Preferences::*starts_f
   RunFeatureEditor(document, [&](CloneImage& working_copy) {
     return show({.image = working_copy,
                  .defaults = document.defaults,
-                 .defaults_file = DefaultsFilePlaces(),
+                 .defaults_file = app.defaults_file,
                  .starts_from_defaults = document.preferences.*starts_from_defaults});
   });
 }

@@ -113,7 +113,7 @@ void OnUseDefaults(HWND dialog) {
 void OnStoreDefaults(HWND dialog) {
   StoreMainDefaults(app.document);
   EnableDefaultsButtons(dialog, false);
-  SaveDefaultsRecord(app.document.defaults, DefaultsFilePlaces());
+  SaveDefaultsRecord(app.document.defaults, app.defaults_file);
 }
 
 void OnClose(HWND dialog) {

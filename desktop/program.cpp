@@ -99,6 +99,7 @@ int RunProgram(HINSTANCE instance, const std::string& command_line, int show_sta
     return kFailed;
   }
   dialog_modules.help_path = BesideProgram("qz7.hlp");
+  app.defaults_file = FindDefaultsFile();
   app.port = MakeSerialPort();
   LoadPreferences(app.document.preferences, ProgramFolder());
   if (!RegisterMainWindow()) {
@@ -115,7 +116,7 @@ int RunProgram(HINSTANCE instance, const std::string& command_line, int show_sta
   }
   ShowWindow(app.main_dialog, SW_SHOW);
   ShowWindow(app.main_window, show_state);
-  StartDocument(app.document, *app.port, NamedPath(command_line), DefaultsFilePlaces());
+  StartDocument(app.document, *app.port, NamedPath(command_line), app.defaults_file);
   InstallFont();
   const int exit_code = RunMessageLoop();
   app.port->Close();

@@ -22,10 +22,14 @@ void StartDocument(Document& document, SerialPort& port, const std::optional<std
   OpenChosenPort(port, document.preferences.port_index);
   // The stored defaults are not loaded yet: a document that takes them takes zeros, on purpose.
   NewDocument(document);
+  DefaultsRecord of_new_document{};
+  FillDefaultsRecord(of_new_document, document.image);
   if (path) {
     OpenNamedDocument(document, *path);
   }
-  LoadDefaultsRecord(document.defaults, defaults, document.image);
+  if (!LoadDefaultsRecord(document.defaults, defaults)) {
+    document.defaults = of_new_document;
+  }
   AdviseTemplate(document.preferences);
 }
 

@@ -15,6 +15,10 @@ enum class WriteOutcome { kWritten, kCannotCreate, kWriteError };
 // that reads the target keeps the new file from its place, is the target written in place.
 WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes);
 
+// Whether WriteWholeFile could begin: the target, where it is there, opens for writing; otherwise
+// its folder takes a new file.
+bool CanWriteFile(const std::string& path);
+
 // WriteWholeFile that shows "Cannot create file:\n%s" or "Error writing file:\n%s" and returns
 // false.
 bool WriteFileOrShow(const std::string& path, std::span<const std::uint8_t> bytes);

@@ -17,11 +17,18 @@ bool FinishFile(HANDLE file, std::span<const std::uint8_t> bytes) {
 }
 
 // Others may have the file open in whichever way.
-HANDLE OpenForWriting(const std::string& path, DWORD disposition) {
+HANDLE OpenForWriting(const std::string& path, DWORD disposition,
+                      DWORD flags = FILE_ATTRIBUTE_NORMAL) {
   return CreateFileA(path.c_str(), GENERIC_WRITE,
                      FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, disposition,
-                     FILE_ATTRIBUTE_NORMAL, nullptr);
+                     flags, nullptr);
 }
+
+bool Exists(const std::string& path) {
+  return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool CloseOpened(HANDLE file) { return file != INVALID_HANDLE_VALUE && CloseHandle(file); }
 
 // False for a file that is read-only, a folder, and a file that another program keeps to itself.
 // Not every system's open asks for the attribute.
@@ -29,8 +36,7 @@ bool OpensForWriting(const std::string& path) {
   if ((GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_READONLY) != 0) {
     return false;
   }
-  const HANDLE file = OpenForWriting(path, OPEN_EXISTING);
-  return file != INVALID_HANDLE_VALUE && CloseHandle(file);
+  return CloseOpened(OpenForWriting(path, OPEN_EXISTING));
 }
 
 // A short name in the target's folder, so that it fits wherever the target's own does; no other
@@ -51,11 +57,17 @@ WriteOutcome WriteInPlace(const std::string& path, std::span<const std::uint8_t>
 
 }  // namespace
 
+bool CanWriteFile(const std::string& path) {
+  return Exists(path) ? OpensForWriting(path)
+                      : CloseOpened(OpenForWriting(FreshNameBeside(path), CREATE_ALWAYS,
+                                                   FILE_FLAG_DELETE_ON_CLOSE));
+}
+
 WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
   if (path.empty()) {
     return WriteOutcome::kCannotCreate;
   }
-  const bool exists = GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+  const bool exists = Exists(path);
   if (exists && !OpensForWriting(path)) {
     return WriteOutcome::kCannotCreate;
   }

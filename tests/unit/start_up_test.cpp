@@ -2,8 +2,10 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 
+#include "core/files/new_document.h"
 #include "core/image/settings_map.h"
 #include "tests/unit/document_bytes.h"
 #include "tests/unit/memory_line.h"
@@ -82,6 +84,28 @@ TEST_F(StartUp, OpensTheFileBeforeTheDefaultsAreLoadedSoThatItTakesZeros) {
   Start(path);
   EXPECT_EQ(document->image[kLock], 0);
   EXPECT_EQ(document->defaults[0], 3);
+}
+
+TEST_F(StartUp, WithoutADefaultsFileTakesThoseOfTheNewDocumentNotOfTheOpenedOne) {
+  Bytes file = IntactFile("RDF");
+  file[kLock] = 5;
+  FixChecksums(file);
+  PutFile(folder.File("CLUB.RDF"), file);
+  Start(folder.File("CLUB.RDF"));
+  EXPECT_EQ(document->image[kLock], 5);
+  const auto fresh = std::make_unique<CloneImage>();
+  MakeNewImage(*fresh);
+  DefaultsRecord expected{};
+  FillDefaultsRecord(expected, *fresh);
+  EXPECT_EQ(document->defaults, expected);
+}
+
+TEST_F(StartUp, AShortDefaultsFileLeavesTheRestOfTheRecordZero) {
+  PutFile(defaults_path, Bytes(10, 3));
+  Start();
+  DefaultsRecord expected{};
+  std::fill_n(expected.begin(), 10, std::uint8_t{3});
+  EXPECT_EQ(document->defaults, expected);
 }
 
 TEST_F(StartUp, LeavesTheWorkingCopyEqualToTheDocument) {
