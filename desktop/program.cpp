@@ -53,14 +53,18 @@ bool LoadResourceLibrary() {
   return false;
 }
 
-// The full path of the file that the command line names.
-std::optional<std::string> NamedPath(const std::string& command_line) {
-  const auto name = CommandLineFile(command_line);
-  char path[MAX_PATH] = "";
-  if (!name || GetFullPathNameA(name->c_str(), MAX_PATH, path, nullptr) == 0) {
+std::optional<NamedFile> FileOfCommandLine(const std::string& command_line) {
+  const auto name = CommandLineName(command_line);
+  if (!name) {
     return std::nullopt;
   }
-  return path;
+  NamedFile file{.name = *name, .path = std::nullopt};
+  char path[MAX_PATH] = "";
+  const DWORD size = GetFullPathNameA(FileOfName(*name).c_str(), MAX_PATH, path, nullptr);
+  if (size != 0 && size < MAX_PATH) {
+    file.path = path;
+  }
+  return file;
 }
 
 // Nobody waits for the other windows: one that hangs must not keep the program from starting.
@@ -116,7 +120,7 @@ int RunProgram(HINSTANCE instance, const std::string& command_line, int show_sta
   }
   ShowWindow(app.main_dialog, SW_SHOW);
   ShowWindow(app.main_window, show_state);
-  StartDocument(app.document, *app.port, NamedPath(command_line), app.defaults_file);
+  StartDocument(app.document, *app.port, FileOfCommandLine(command_line), app.defaults_file);
   InstallFont();
   const int exit_code = RunMessageLoop();
   app.port->Close();

@@ -100,6 +100,13 @@ class CommandLine(DesktopTest):
         self.main = self.window(f"{TITLE} - {NEW_NAME}", MAIN_CLASS)
         self.leave()
 
+    def test_a_name_that_is_too_long_for_a_path_is_told_as_it_was_given(self):
+        name = "n" * 250
+        self.program = self.start_program(name)
+        self.answer(OK, f"Cannot open file:\n{name}", TITLE, "OK")
+        self.main = self.window(f"{TITLE} - {NEW_NAME}", MAIN_CLASS)
+        self.leave()
+
 
 class Leaving(DesktopTest):
     def change(self):

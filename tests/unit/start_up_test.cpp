@@ -33,9 +33,10 @@ class StartUp : public testing::Test {
     document->preferences.template_path = "club.tpl";
   }
 
-  void Start(const std::optional<std::string>& path = std::nullopt) {
-    StartDocument(*document, port, path, {.path = defaults_path, .fallback_path = ""});
+  void Start(const std::optional<NamedFile>& file = std::nullopt) {
+    StartDocument(*document, port, file, {.path = defaults_path, .fallback_path = ""});
   }
+  void Start(const std::string& path) { Start(NamedFile{.name = "as given", .path = path}); }
 
   std::string PutIntactFile(const std::string& name) {
     PutFile(folder.File(name), IntactFile("RDF"));
@@ -128,6 +129,14 @@ TEST_F(StartUp, KeepsTheNewDocumentWhereTheFileCannotBeRead) {
   EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Cannot open file:\n" + path});
   EXPECT_EQ(document->name, "NONAME.RDF");
   EXPECT_TRUE(document->untitled);
+}
+
+TEST_F(StartUp, NamesAFileAsItWasGivenWhereItsFullPathWouldBeTooLong) {
+  Start(NamedFile{.name = "my\\Club", .path = std::nullopt});
+  ASSERT_EQ(ShownTexts(), std::vector<std::string>{"Cannot open file:\nmy\\Club"});
+  EXPECT_EQ(test_seams.messages[0].caption, "QZ-7H Programmer");
+  EXPECT_EQ(test_seams.messages[0].icon, Icon::kStop);
+  EXPECT_EQ(document->name, "NONAME.RDF");
 }
 
 TEST_F(StartUp, AdvisesATemplateLastAndOnlyWithoutOne) {
