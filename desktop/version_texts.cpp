@@ -60,7 +60,8 @@ std::optional<VersionTexts> ReadVersionTexts(const std::string& path) {
                       .legal = value("LegalCopyRight"),
                       .company = value("CompanyName"),
                       .address = value("Address"),
-                      .support = value("Support")};
+                      .support = value("Support"),
+                      .special_build = value("SpecialBuild")};
 }
 
 }  // namespace qz7

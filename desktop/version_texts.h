@@ -13,6 +13,7 @@ struct VersionTexts {
   std::string company;
   std::string address;
   std::string support;
+  std::string special_build;  // the box does not show it
   bool operator==(const VersionTexts&) const = default;
 };
 

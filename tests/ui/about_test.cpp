@@ -1,4 +1,5 @@
-#include <fstream>
+#include <algorithm>
+#include <functional>
 #include <utility>
 
 #include "desktop/about_dialog.h"
@@ -119,6 +120,27 @@ TEST_F(AboutTest, ShowsEveryValueOfTheRecordInItsOwnField) {
   EXPECT_EQ(Shown(PutProgram("all.exe", MakeRecord(kGerman, kGermanKey, kAll))),
             (std::vector<std::string>{"A programmer", "Version 3.2.1", "Ours", "The makers",
                                       "At home", "By letter"}));
+}
+
+TEST_F(AboutTest, HasItsFieldsFromTopToBottomInTheOrderOfTheirNumbers) {
+  std::vector<LONG> tops;
+  const DialogScript script([&](HWND dialog) {
+    for (int control = 101; control <= 106; ++control) {
+      RECT place;
+      GetWindowRect(GetDlgItem(dialog, control), &place);
+      tops.push_back(place.top);
+    }
+    Press(dialog, IDOK);
+  });
+  ShowAboutDialog(ProgramPath());
+  ASSERT_EQ(tops.size(), 6U);
+  EXPECT_EQ(std::adjacent_find(tops.begin(), tops.end(), std::greater_equal<>()), tops.end());
+}
+
+TEST_F(AboutTest, KnowsTheSpecialBuildThatItDoesNotShow) {
+  const auto texts = ReadVersionTexts(PutProgram("all.exe", MakeRecord(kGerman, kGermanKey, kAll)));
+  ASSERT_TRUE(texts);
+  EXPECT_EQ(texts->special_build, "For the club");
 }
 
 TEST_F(AboutTest, LeavesTheTemplatesTextsWithoutARecord) {
