@@ -18,21 +18,36 @@ namespace {
 constexpr const char* kFontFile = "qz7.fon";
 constexpr int kFailed = -1;
 
-// The first instance and its last active pop-up come to the front. The pop-up is asked for first:
-// raising the main window makes that one the last active.
+BOOL CALLBACK TakeUsable(HWND window, LPARAM found) {
+  if (!IsWindowVisible(window) || !IsWindowEnabled(window)) {
+    return TRUE;
+  }
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+// The window of a program in which the user goes on: its last active pop-up, or the main window
+// where none is open.
+HWND WindowInUse(HWND main_window) {
+  HWND window = GetLastActivePopup(main_window);
+  if (!IsWindowEnabled(window)) {
+    EnumThreadWindows(GetWindowThreadProcessId(main_window, nullptr), TakeUsable,
+                      reinterpret_cast<LPARAM>(&window));
+  }
+  return window;
+}
+
+// The first instance comes to the front. With a pop-up open its main window is disabled, and must
+// not be activated: it would take the keyboard and do nothing with it.
 bool RaiseRunningProgram() {
   const HWND running = FindWindowA(kMainWindowClass, nullptr);
   if (running == nullptr) {
     return false;
   }
-  const HWND popup = GetLastActivePopup(running);
   if (IsIconic(running)) {
-    ShowWindow(running, SW_RESTORE);
+    ShowWindow(running, IsWindowEnabled(running) ? SW_RESTORE : SW_SHOWNOACTIVATE);
   }
-  SetForegroundWindow(running);
-  if (popup != running) {
-    SetForegroundWindow(popup);
-  }
+  SetForegroundWindow(WindowInUse(running));
   return true;
 }
 
