@@ -18,36 +18,12 @@ namespace {
 constexpr const char* kFontFile = "qz7.fon";
 constexpr int kFailed = -1;
 
-BOOL CALLBACK TakeUsable(HWND window, LPARAM found) {
-  if (!IsWindowVisible(window) || !IsWindowEnabled(window)) {
-    return TRUE;
-  }
-  *reinterpret_cast<HWND*>(found) = window;
-  return FALSE;
-}
-
-// The window of a program in which the user goes on: its last active pop-up, or the main window
-// where none is open.
-HWND WindowInUse(HWND main_window) {
-  HWND window = GetLastActivePopup(main_window);
-  if (!IsWindowEnabled(window)) {
-    EnumThreadWindows(GetWindowThreadProcessId(main_window, nullptr), TakeUsable,
-                      reinterpret_cast<LPARAM>(&window));
-  }
-  return window;
-}
-
-// The first instance comes to the front. With a pop-up open its main window is disabled, and must
-// not be activated: it would take the keyboard and do nothing with it.
 bool RaiseRunningProgram() {
   const HWND running = FindWindowA(kMainWindowClass, nullptr);
   if (running == nullptr) {
     return false;
   }
-  if (IsIconic(running)) {
-    ShowWindow(running, IsWindowEnabled(running) ? SW_RESTORE : SW_SHOWNOACTIVATE);
-  }
-  SetForegroundWindow(WindowInUse(running));
+  BringToFront(running);
   return true;
 }
 
