@@ -48,7 +48,7 @@ TEST_F(HeldTarget, IsWrittenInPlaceWhereAReaderLetsOthersWrite) {
   ExpectIs(bytes_);
 }
 
-TEST_F(HeldTarget, IsReplacedWhereAReaderLetsItBeDeleted) {
+TEST_F(HeldTarget, IsWrittenWhereAReaderLetsItBeDeleted) {
   Hold(GENERIC_READ, FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE);
   EXPECT_TRUE(WriteFileOrShow(path_, bytes_));
   ExpectIs(bytes_);
