@@ -11,9 +11,9 @@
 #include <string>
 
 #include "core/files/file_output.h"
-#include "core/files/messages.h"
 #include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
+#include "core/files/seams.h"
 #include "core/image/channel_record.h"
 
 namespace qz7 {

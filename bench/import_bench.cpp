@@ -11,8 +11,8 @@
 #include <memory>
 #include <string>
 
-#include "core/files/messages.h"
 #include "core/files/new_document.h"
+#include "core/files/seams.h"
 #include "core/interchange/import_columns.h"
 #include "core/interchange/import_lines.h"
 #include "core/interchange/import_selection.h"

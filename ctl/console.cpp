@@ -3,8 +3,8 @@
 #include <ctime>
 #include <iostream>
 
-#include "core/files/messages.h"
 #include "core/files/radio_data_file.h"
+#include "core/files/seams.h"
 #include "core/image/text_codec.h"
 
 namespace qz7 {

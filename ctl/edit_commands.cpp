@@ -12,8 +12,7 @@ namespace {
 
 // What the memory list does when it is accepted, a refusal included.
 bool AcceptEdits(CloneImage& image, const CloneImage& before) {
-  const auto accepted = std::make_unique<CloneImage>(before);
-  return AcceptMemoryList(image, *accepted) != ListEnd::kStaysOpen;
+  return AcceptMemoryList(image, before) != ListEnd::kStaysOpen;
 }
 
 ListChange MoveAs(CloneImage& image, const std::string& how, int row) {

@@ -4,7 +4,7 @@
 #include <memory>
 
 #include "core/files/csv_export.h"
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/derived_tables.h"
 #include "core/interchange/import.h"
 #include "core/interchange/merge_dialog_rules.h"

@@ -4,9 +4,9 @@
 
 #include "core/files/file_inspection.h"
 #include "core/files/image_difference.h"
-#include "core/files/messages.h"
 #include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
+#include "core/files/seams.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
 #include "ctl/exchange_runner.h"

@@ -15,6 +15,7 @@ namespace qz7 {
 // The whole state of the run.
 struct AppState {
   Document document;
+  DefaultsFile defaults_file;  // found at the start: the current folder may change
   std::unique_ptr<SerialPort> port;
   ImportSession import_session;
   MergeOptions merge_options;

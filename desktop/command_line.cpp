@@ -20,7 +20,7 @@ void SkipBlanksAndSwitches(std::string_view& text) {
   }
 }
 
-std::string_view NamedFile(std::string_view text) {
+std::string_view FirstWord(std::string_view text) {
   if (text.starts_with('"')) {
     text.remove_prefix(1);
     return text.substr(0, std::min(text.find('"'), kLongestName));
@@ -35,12 +35,13 @@ char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a'
 
 }  // namespace
 
-std::optional<std::string> CommandLineFile(std::string_view command_line) {
+std::optional<std::string> CommandLineName(std::string_view command_line) {
   SkipBlanksAndSwitches(command_line);
-  std::string name(NamedFile(command_line));
-  if (name.empty()) {
-    return std::nullopt;
-  }
+  const std::string_view name = FirstWord(command_line);
+  return name.empty() ? std::nullopt : std::optional<std::string>(name);
+}
+
+std::string FileOfName(std::string name) {
   // A bare name gets no extension, on purpose.
   const std::size_t separator = name.rfind('\\');
   if (separator != std::string::npos && name.find('.', separator) == std::string::npos) {

@@ -2,23 +2,35 @@
 
 #include <windows.h>
 
+#include "core/editors/launcher.h"
+#include "core/image/operating_state.h"
+#include "core/interchange/import_lines.h"
+#include "core/interchange/merge_source.h"
 #include "core/link/port_setup.h"
 #include "core/link/radio_commands.h"
 #include "desktop/about_dialog.h"
 #include "desktop/app_state.h"
-#include "desktop/channel_commands.h"
-#include "desktop/feature_commands.h"
+#include "desktop/editors/channel_editor_dialog.h"
+#include "desktop/editors/feature_dialogs.h"
+#include "desktop/editors/groups_dialog.h"
+#include "desktop/editors/memory_list_dialog.h"
 #include "desktop/file_commands.h"
 #include "desktop/files/preferences_dialog.h"
 #include "desktop/files/template_dialog.h"
-#include "desktop/interchange_commands.h"
+#include "desktop/interchange/import_columns_dialog.h"
+#include "desktop/interchange/import_dialog.h"
+#include "desktop/interchange/merge_dialog.h"
+#include "desktop/interchange/selection_dialog.h"
 #include "desktop/link/clone_dialogs.h"
+#include "desktop/locations.h"
+#include "desktop/menu_channels.h"
 #include "desktop/printing/printing.h"
 #include "desktop/toolkit/help.h"
-#include "resources/control_ids.h"
 
 namespace qz7 {
 namespace {
+
+// The radio.
 
 std::span<std::uint8_t> RadioBlockOf(CloneImage& image) {
   return std::span(image).subspan(kRadioBlock.offset, kRadioBlock.size);
@@ -38,92 +50,127 @@ bool WriteRadio() {
   return ShowWriteDialog(*app.port, app.document.working_copy, app.document.preferences);
 }
 
-void RunNew() {
-  if (AskSaveChanges(app.document)) {
-    NewDocument(app.document);
+void GetData(int) { ReadRadioIntoDocument(app.document, *app.port, ReadRadio); }
+void CreateTemplateFromRadio(int) {
+  ReadRadioIntoDocument(app.document, *app.port, ReadRadioIntoTemplate);
+}
+void SendData(int) { SendDocumentToRadio(app.document, *app.port, WriteRadio); }
+
+// Channels.
+
+// What was edited so far counts as accepted: the memory list starts from the working copy, and
+// would lose what an editor of a slot wrote into the image alone.
+void BeginChannelEditing() {
+  RefreshOperatingState(app.document.image);
+  BeginWorkingCopy(app.document);
+}
+
+void ViewMemory(int) {
+  BeginChannelEditing();
+  ShowMemoryListDialog(app.document);
+}
+
+void EditSlot(int command) {
+  BeginChannelEditing();
+  ShowChannelEditorDialog(app.document, ChannelOfCommand(command));
+}
+
+void EditGroups(int) {
+  RunFeatureEditor(app.document, [](CloneImage& working_copy) {
+    return ShowGroupsDialog(app.document.image, working_copy, 0, app.document.region);
+  });
+}
+
+// Interchange.
+
+void ImportFile(CloneImage& image) {
+  auto lines = OpenImportFile(app.import_session);
+  if (lines && ShowImportColumnsDialog(app.import_session, *lines)) {
+    ShowSelectionDialog(image, app.import_session, *lines, app.document.region);
   }
 }
 
-bool RunFileCommand(int command) {
-  switch (command) {
-    case CM_NEW:
-      RunNew();
-      return true;
-    case CM_OPEN:
-      OpenRadioFile(app.document);
-      return true;
-    case CM_SAVE:
-      SaveDocument(app.document);
-      return true;
-    case CM_SAVE_AS:
-      SaveDocumentAs(app.document);
-      return true;
-    case CM_EXPORT:
-      ExportChannels(app.document);
-      return true;
-    case CM_IMPORT:
-      ImportChannels(app.document, app.import_session);
-      return true;
-    case CM_PRINT:
-      PrintDocument(app.document, app.dtmf_display);
-      return true;
-    case CM_EXIT:
-      PostMessageA(app.main_window, WM_CLOSE, 0, 0);
-      return true;
-    default:
-      return false;
+// A document that only took channels from a file does not count as changed: so it is meant.
+void ImportChannels(int) {
+  CloneImage& working_copy = BeginWorkingCopy(app.document);
+  if (ShowImportDialog(app.import_session)) {
+    ImportFile(working_copy);
+    TakeWorkingCopy(app.document);
   }
 }
 
-bool RunRadioCommand(int command) {
-  switch (command) {
-    case CM_GET_DATA:
-      ReadRadioIntoDocument(app.document, *app.port, ReadRadio);
-      return true;
-    case CM_SEND_DATA:
-      SendDocumentToRadio(app.document, *app.port, WriteRadio);
-      return true;
-    case CM_PORT_SETUP:
-      SetUpPort(*app.port, app.document.preferences);
-      return true;
-    case CM_CREATE_TEMPLATE:
-      ReadRadioIntoDocument(app.document, *app.port, ReadRadioIntoTemplate);
-      return true;
-    default:
-      return false;
+void MergeFromFile(int) {
+  Document& document = app.document;
+  const auto file = ShowOpenBox(MergeFileBox(document.preferences.data_folder));
+  MergeSource source;
+  if (!file || !ReadMergeSource(source, document.working_copy, file->path)) {
+    return;
+  }
+  source.region = document.region;
+  if (ShowMergeDialog(document.image, document.working_copy, source, app.merge_options)) {
+    document.changed = true;
   }
 }
 
-bool RunOtherCommand(int command) {
-  switch (command) {
-    case CM_MERGE:
-      MergeFromFile(app.document, app.merge_options);
-      return true;
-    case CM_PREFERENCES:
-      ShowPreferencesDialog(app.document.preferences);
-      return true;
-    case CM_HELP_CONTENTS:
-      ShowHelpContents();
-      return true;
-    case CM_HELP_SEARCH:
-      ShowHelpSearch();
-      return true;
-    case CM_HELP_ON_HELP:
-      ShowHelpOnHelp();
-      return true;
-    case CM_ABOUT:
-      ShowAboutDialog();
-      return true;
-    default:
-      return false;
-  }
+// The radio's settings. `starts_from_defaults` is the editor's preference.
+void EditFeature(bool (*show)(const FeatureEditor&), bool Preferences::*starts_from_defaults) {
+  Document& document = app.document;
+  RunFeatureEditor(document, [&](CloneImage& working_copy) {
+    return show({.image = working_copy,
+                 .defaults = document.defaults,
+                 .defaults_file = app.defaults_file,
+                 .starts_from_defaults = document.preferences.*starts_from_defaults});
+  });
 }
+
+bool ShowAutodial(const FeatureEditor& editor) {
+  return ShowAutodialDialog(editor, app.dtmf_display);
+}
+
+void EditAutodial(int) { EditFeature(ShowAutodial, &Preferences::use_dial_defaults); }
+void EditSettings(int) { EditFeature(ShowSettingsDialog, &Preferences::use_setting_defaults); }
+void EditVorn(int) { EditFeature(ShowVornDialog, &Preferences::use_vorn_defaults); }
+void EditWxNames(int) { EditFeature(ShowWxNamesDialog, &Preferences::use_wx_names_defaults); }
+void EditIcons(int) { EditFeature(ShowIconsDialog, &Preferences::use_icon_defaults); }
+
+constexpr bool kCollects = true;
+// Saving asks or collects by itself where it has to.
+constexpr bool kAsItIs = false;
+
+constexpr Command kCommands[] = {
+    {CM_NEW, kAsItIs, [](int) { StartNewFile(app.document); }},
+    {CM_OPEN, kAsItIs, [](int) { OpenRadioFile(app.document); }},
+    {CM_SAVE, kAsItIs, [](int) { SaveDocument(app.document); }},
+    {CM_SAVE_AS, kAsItIs, [](int) { SaveDocumentAs(app.document); }},
+    {CM_IMPORT, kCollects, ImportChannels},
+    {CM_EXPORT, kCollects, [](int) { ExportChannels(app.document); }},
+    {CM_PRINT, kAsItIs, [](int) { PrintDocument(app.document, app.dtmf_display); }},
+    {CM_EXIT, kAsItIs, [](int) { PostMessageA(app.main_window, WM_CLOSE, 0, 0); }},
+    {CM_GET_DATA, kAsItIs, GetData},
+    {CM_SEND_DATA, kCollects, SendData},
+    {CM_PORT_SETUP, kAsItIs, [](int) { SetUpPort(*app.port, app.document.preferences); }},
+    {CM_CREATE_TEMPLATE, kAsItIs, CreateTemplateFromRadio},
+    {CM_VIEW, kCollects, ViewMemory},
+    {CM_GROUP, kCollects, EditGroups},
+    {CM_MERGE, kCollects, MergeFromFile},
+    {CM_VFO_A_FIRST, kCollects, EditSlot, kSlotCommands},
+    {CM_AUTODIAL, kCollects, EditAutodial},
+    {CM_SETTINGS, kCollects, EditSettings},
+    {CM_VORN, kCollects, EditVorn},
+    // These two do not collect first, wanted: what the main dialog's controls hold stays there.
+    {CM_WX_NAMES, kAsItIs, EditWxNames},
+    {CM_ICON_SELECT, kAsItIs, EditIcons},
+    {CM_PREFERENCES, kAsItIs, [](int) { ShowPreferencesDialog(app.document.preferences); }},
+    {CM_HELP_CONTENTS, kAsItIs, [](int) { ShowHelpContents(); }},
+    {CM_HELP_SEARCH, kAsItIs, [](int) { ShowHelpSearch(); }},
+    {CM_HELP_ON_HELP, kAsItIs, [](int) { ShowHelpOnHelp(); }},
+    {CM_ABOUT, kAsItIs, [](int) { ShowAboutDialog(ProgramPath()); }},
+};
 
 }  // namespace
 
-bool RunCommand(int command) {
-  return RunFileCommand(command) || RunRadioCommand(command) || RunOtherCommand(command) ||
-         RunFeatureCommand(command) || RunChannelCommand(command);
-}
+std::span<const Command> Commands() { return kCommands; }
+
+bool RunCommand(int command) { return RunCommand(kCommands, app.document, command); }
 
 }  // namespace qz7

@@ -6,18 +6,23 @@
 
 namespace qz7 {
 
+void StartNewFile(Document& document) {
+  if (AskSaveChanges(document)) {
+    NewDocument(document);
+  }
+}
+
 void OpenRadioFile(Document& document) {
   OpenDocument(document);
   if (NeedsVariantConversion(document.image, document.region)) {
-    ConvertChannelsForVariant(document.image, document.working_copy, document.region);
+    ConvertChannelsForVariant(BeginWorkingCopy(document), document.region);
+    TakeWorkingCopy(document);
   }
 }
 
 void ExportChannels(Document& document) {
-  CollectMainDialog(document);
   RebuildDerivedTables(document.image);
-  document.working_copy = document.image;
-  document.changed = true;
+  AcceptImage(document);
   const auto file =
       ShowSaveBox(ExportFileBox(document.preferences.data_folder, document.last_export_name));
   if (file) {

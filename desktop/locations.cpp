@@ -68,15 +68,12 @@ const std::string& ProfilePath() {
   return path;
 }
 
-DefaultsFile DefaultsFilePlaces() {
+DefaultsFile FindDefaultsFile() {
   char current[MAX_PATH] = "";
   GetCurrentDirectoryA(MAX_PATH, current);
   const std::string user_folder = UserFolder();
-  std::string fallback;
-  if (!user_folder.empty()) {
-    fallback = user_folder + "\\" + kDefaultsName;
-  }
-  return {.path = std::string(current) + "\\" + kDefaultsName, .fallback_path = fallback};
+  return ChooseDefaultsFile(std::string(current) + "\\" + kDefaultsName,
+                            user_folder.empty() ? "" : user_folder + "\\" + kDefaultsName);
 }
 
 }  // namespace qz7

@@ -16,7 +16,7 @@ std::string BesideProgram(const char* name);
 // otherwise in the user's application data.
 const std::string& ProfilePath();
 
-// "qz7.def" in the current folder, with the user's own folder to fall back on.
-DefaultsFile DefaultsFilePlaces();
+// "qz7.def" as of the current folder of now.
+DefaultsFile FindDefaultsFile();
 
 }  // namespace qz7

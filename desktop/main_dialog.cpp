@@ -6,6 +6,7 @@
 
 #include "core/editors/main_fields.h"
 #include "core/files/document_header.h"
+#include "core/files/seams.h"
 #include "desktop/app_state.h"
 #include "desktop/editors/setting_controls.h"
 #include "desktop/locations.h"
@@ -89,7 +90,7 @@ void OnUseDefaults(HWND dialog) {
 void OnStoreDefaults(HWND dialog) {
   StoreMainDefaults(app.document);
   DisableDefaultsButtons(dialog, ID_FILE_COMMENT);
-  SaveDefaultsRecord(app.document.defaults, DefaultsFilePlaces());
+  SaveDefaultsRecord(app.document.defaults, app.defaults_file);
 }
 
 void OnClose(HWND dialog) {

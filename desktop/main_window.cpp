@@ -1,6 +1,6 @@
 #include "desktop/main_window.h"
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "desktop/app_state.h"
 #include "desktop/commands.h"
 #include "desktop/toolkit/dialog_support.h"
@@ -47,6 +47,26 @@ LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l) {
   }
 }
 
+BOOL CALLBACK TakeUsable(HWND window, LPARAM found) {
+  if (!IsWindowVisible(window) || !IsWindowEnabled(window) ||
+      GetWindow(window, GW_OWNER) == nullptr) {
+    return TRUE;
+  }
+  *reinterpret_cast<HWND*>(found) = window;
+  return FALSE;
+}
+
+// The window of a program in which the user goes on: its last active pop-up, or the main window
+// where none is open.
+HWND WindowInUse(HWND main_window) {
+  HWND window = GetLastActivePopup(main_window);
+  if (!IsWindowEnabled(window)) {
+    EnumThreadWindows(GetWindowThreadProcessId(main_window, nullptr), TakeUsable,
+                      reinterpret_cast<LPARAM>(&window));
+  }
+  return window;
+}
+
 }  // namespace
 
 bool RegisterMainWindow() {
@@ -69,6 +89,13 @@ HWND CreateMainWindow() {
                       CW_USEDEFAULT, 0, 0, 0, nullptr, nullptr, dialog_modules.program, nullptr);
   dialog_modules.main_window = app.main_window;
   return app.main_window;
+}
+
+void BringToFront(HWND main_window) {
+  if (IsIconic(main_window)) {
+    ShowWindow(main_window, IsWindowEnabled(main_window) ? SW_RESTORE : SW_SHOWNOACTIVATE);
+  }
+  SetForegroundWindow(WindowInUse(main_window));
 }
 
 void UnloadResourceLibrary() {

@@ -10,6 +10,10 @@ bool RegisterMainWindow();
 // Not yet shown; the main dialog gives it its size. Null when it cannot be created.
 HWND CreateMainWindow();
 
+// The program of this main window, whichever process it is, comes to the front. With a pop-up open
+// the main window is disabled and is not activated: it would take the keyboard for nothing.
+void BringToFront(HWND main_window);
+
 // Frees the resource library where it is still loaded.
 void UnloadResourceLibrary();
 

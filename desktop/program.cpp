@@ -1,12 +1,12 @@
 #include "desktop/program.h"
 
-#include "core/files/messages.h"
-#include "core/link/port_setup.h"
+#include "core/files/seams.h"
 #include "desktop/app_state.h"
 #include "desktop/command_line.h"
 #include "desktop/locations.h"
 #include "desktop/main_dialog.h"
 #include "desktop/main_window.h"
+#include "desktop/start_up.h"
 #include "desktop/toolkit/dialog_support.h"
 
 namespace qz7 {
@@ -18,21 +18,12 @@ namespace {
 constexpr const char* kFontFile = "qz7.fon";
 constexpr int kFailed = -1;
 
-// The first instance and its last active pop-up come to the front. The pop-up is asked for first:
-// raising the main window makes that one the last active.
 bool RaiseRunningProgram() {
   const HWND running = FindWindowA(kMainWindowClass, nullptr);
   if (running == nullptr) {
     return false;
   }
-  const HWND popup = GetLastActivePopup(running);
-  if (IsIconic(running)) {
-    ShowWindow(running, SW_RESTORE);
-  }
-  SetForegroundWindow(running);
-  if (popup != running) {
-    SetForegroundWindow(popup);
-  }
+  BringToFront(running);
   return true;
 }
 
@@ -53,24 +44,18 @@ bool LoadResourceLibrary() {
   return false;
 }
 
-void OpenDocumentOfCommandLine(const std::string& command_line) {
-  const auto name = CommandLineFile(command_line);
+std::optional<NamedFile> FileOfCommandLine(const std::string& command_line) {
+  const auto name = CommandLineName(command_line);
   if (!name) {
-    return;
+    return std::nullopt;
   }
+  NamedFile file{.name = *name, .path = std::nullopt};
   char path[MAX_PATH] = "";
-  if (GetFullPathNameA(name->c_str(), MAX_PATH, path, nullptr) != 0) {
-    OpenNamedDocument(app.document, path);
+  const DWORD size = GetFullPathNameA(FileOfName(*name).c_str(), MAX_PATH, path, nullptr);
+  if (size != 0 && size < MAX_PATH) {
+    file.path = path;
   }
-}
-
-void AdviseTemplate() {
-  if (app.document.preferences.template_path.empty()) {
-    ShowMessage(
-        "One of the first things you should do\nis create a template file.\n"
-        "Select Help|Contents for instructions.",
-        kProgramTitle, Buttons::kOk, Icon::kNone);
-  }
+  return file;
 }
 
 // Nobody waits for the other windows: one that hangs must not keep the program from starting.
@@ -86,16 +71,6 @@ void RemoveFont() {
   if (RemoveFontResourceA(BesideProgram(kFontFile).c_str())) {
     TellFontChange();
   }
-}
-
-void StartDocument(const std::string& command_line) {
-  Document& document = app.document;
-  OpenChosenPort(*app.port, document.preferences.port_index);
-  // The stored defaults are not loaded yet: a new document that takes them takes zeros, on purpose.
-  NewDocument(document);
-  document.working_copy = document.image;
-  OpenDocumentOfCommandLine(command_line);
-  LoadDefaultsRecord(document.defaults, DefaultsFilePlaces(), document.image);
 }
 
 int RunMessageLoop() {
@@ -119,6 +94,7 @@ int RunProgram(HINSTANCE instance, const std::string& command_line, int show_sta
     return kFailed;
   }
   dialog_modules.help_path = BesideProgram("qz7.hlp");
+  app.defaults_file = FindDefaultsFile();
   app.port = MakeSerialPort();
   LoadPreferences(app.document.preferences, ProgramFolder());
   if (!RegisterMainWindow()) {
@@ -135,8 +111,7 @@ int RunProgram(HINSTANCE instance, const std::string& command_line, int show_sta
   }
   ShowWindow(app.main_dialog, SW_SHOW);
   ShowWindow(app.main_window, show_state);
-  StartDocument(command_line);
-  AdviseTemplate();
+  StartDocument(app.document, *app.port, FileOfCommandLine(command_line), app.defaults_file);
   InstallFont();
   const int exit_code = RunMessageLoop();
   app.port->Close();

@@ -5,10 +5,7 @@
 #include <ctime>
 #include <string>
 
-#include "core/files/file_boxes.h"
-#include "core/files/messages.h"
-#include "core/files/profile.h"
-#include "core/link/port_setup.h"
+#include "core/files/seams.h"
 #include "desktop/link/port_dialog.h"
 #include "desktop/locations.h"
 #include "desktop/printing/printing.h"

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <deque>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 

@@ -33,7 +33,7 @@ def includes(path):
 class PlatformHeaders(unittest.TestCase):
     def test_windows_headers_stand_only_in_the_windows_and_dialog_files(self):
         for path in tracked("*.cpp", "*.h"):
-            allowed = (path.endswith(("_win32.cpp", "_win32.h"))
+            allowed = (path.endswith(("_win32.cpp", "_win32_test.cpp", "_win32.h"))
                        or path.startswith(("desktop/", "tests/ui/")))
             with self.subTest(path):
                 self.assertTrue(allowed or not includes(path) & WINDOWS_HEADERS)

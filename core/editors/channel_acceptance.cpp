@@ -3,7 +3,7 @@
 #include "core/editors/channel_editor.h"
 #include "core/editors/group_table.h"
 #include "core/editors/memory_list.h"
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/frequency_check.h"
 
 namespace qz7 {

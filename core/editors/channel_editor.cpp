@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/channel_text.h"
 #include "core/image/frequency_check.h"
 

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/channel_record.h"
 #include "core/image/channel_text.h"
 #include "core/image/settings_map.h"
@@ -76,9 +76,7 @@ std::string GroupChannelRow(const CloneImage& image, int n, const RegionVariant&
                                                        : ChannelLabel(image, n);
 }
 
-GroupEditor OpenGroupEditor(const CloneImage& image, CloneImage& working_copy, int g,
-                            const RegionVariant& region) {
-  working_copy = image;
+GroupEditor OpenGroupEditor(CloneImage& working_copy, int g, const RegionVariant& region) {
   GroupEditor editor;
   editor.region = region;
   editor.group = g;

@@ -27,9 +27,8 @@ std::string GroupRow(const CloneImage& image, int n, const RegionVariant& region
 // shown.
 std::string GroupChannelRow(const CloneImage& image, int n, const RegionVariant& region);
 
-// Copies the image into the working copy, on which the editor works, and shows group g = 0..4.
-GroupEditor OpenGroupEditor(const CloneImage& image, CloneImage& working_copy, int g,
-                            const RegionVariant& region);
+// Shows group g = 0..4; the editor works on the working copy.
+GroupEditor OpenGroupEditor(CloneImage& working_copy, int g, const RegionVariant& region);
 
 enum class GroupEdit {
   kBeep,  // refused

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "core/editors/group_table.h"
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/operating_state.h"
 
 namespace qz7 {
@@ -148,29 +148,22 @@ RowToEdit ChannelToEdit(std::span<const int> selected_rows) {
   return {.channel = selected_rows.front() + 1};
 }
 
-void OpenMemoryList(CloneImage& image, const CloneImage& working_copy) { image = working_copy; }
-
-ListEnd AcceptMemoryList(CloneImage& image, CloneImage& working_copy) {
+ListEnd AcceptMemoryList(CloneImage& image, const CloneImage& accepted) {
   if (!IsProgrammed(image, 1)) {
     ShowMessage("Memory channel 1 must always be programmed", kProgramTitle, Buttons::kOk,
                 Icon::kStop);
     return ListEnd::kStaysOpen;
   }
-  if (image == working_copy) {
+  if (image == accepted) {
     return ListEnd::kUnchanged;
   }
   RefreshOperatingState(image);
-  working_copy = image;
   return ListEnd::kChanged;
 }
 
-bool CancelMemoryList(CloneImage& image, const CloneImage& working_copy) {
-  if (image != working_copy && ShowMessage("Cancel all changes to memory channels?", kProgramTitle,
-                                           Buttons::kYesNo, Icon::kQuestion) != Answer::kYes) {
-    return false;
-  }
-  image = working_copy;
-  return true;
+bool MayCancelMemoryList(const CloneImage& image, const CloneImage& accepted) {
+  return image == accepted || ShowMessage("Cancel all changes to memory channels?", kProgramTitle,
+                                          Buttons::kYesNo, Icon::kQuestion) == Answer::kYes;
 }
 
 }  // namespace qz7

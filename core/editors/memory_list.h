@@ -7,8 +7,8 @@
 
 namespace qz7 {
 
-// The memory list edits the clone image; the working copy keeps the state as last accepted. Row r
-// shows memory channel r + 1.
+// The memory list edits the clone image; the working copy keeps the state as last accepted, which
+// opening it takes the image back to. Row r shows memory channel r + 1.
 
 // The operations on channels. Record, flag byte, name table entry and comment travel together, and
 // the groups follow. A number that names no memory channel makes the call do nothing.
@@ -45,17 +45,16 @@ struct RowToEdit {
 // a message.
 RowToEdit ChannelToEdit(std::span<const int> selected_rows);
 
-// Opening takes the image back to the state as last accepted.
-void OpenMemoryList(CloneImage& image, const CloneImage& working_copy);
-
 enum class ListEnd {
   kStaysOpen,  // after OK: row 0 is to be selected
   kUnchanged,
-  kChanged,  // the document is to be marked as changed
+  kChanged,  // the image is to become the accepted state
 };
-// OK: refuses an image without memory channel 1; what has changed becomes the accepted state.
-ListEnd AcceptMemoryList(CloneImage& image, CloneImage& working_copy);
-// Cancel: asks where something has changed, and takes the image back. False: the list stays open.
-bool CancelMemoryList(CloneImage& image, const CloneImage& working_copy);
+// OK: refuses an image without memory channel 1. The operating state follows what has changed since
+// `accepted`.
+ListEnd AcceptMemoryList(CloneImage& image, const CloneImage& accepted);
+// Cancel: asks where something has changed. True: the image is to be taken back; false: the list
+// stays open.
+bool MayCancelMemoryList(const CloneImage& image, const CloneImage& accepted);
 
 }  // namespace qz7

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <array>
 #include <cstring>
+#include <new>
+#include <utility>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/channel_text.h"
 #include "core/image/settings_map.h"
 
@@ -27,17 +29,29 @@ void Discard(PrintText& text) {
   text.discarded = true;
 }
 
-// Makes room for `size` more bytes; false when the list was discarded instead.
-bool Reserve(PrintText& text, std::size_t size) {
-  if (text.used + size <= text.block.size()) {
-    return true;
-  }
-  if (text.block.size() + kGrowth >= kTooLarge) {
+// Gives the block another size; false when the list was discarded instead.
+bool Resize(PrintText& text, std::size_t size) {
+  std::unique_ptr<std::uint8_t[]> block(new (std::nothrow) std::uint8_t[size]);
+  if (!block) {
     Discard(text);
     return false;
   }
-  text.block.resize(text.block.size() + kGrowth);
+  std::copy_n(text.block.get(), text.used, block.get());
+  text.block = std::move(block);
+  text.size = size;
   return true;
+}
+
+// Makes room for `size` more bytes; false when the list was discarded instead.
+bool Reserve(PrintText& text, std::size_t size) {
+  if (text.used + size <= text.size) {
+    return true;
+  }
+  if (text.size + kGrowth >= kTooLarge) {
+    Discard(text);
+    return false;
+  }
+  return Resize(text, text.size + kGrowth);
 }
 
 // A run of dashes with the title from column 27 on. The title's own end ends the line, and column
@@ -93,7 +107,7 @@ void AppendAutodial(PrintText& text, const CloneImage& image, DtmfDisplay displa
 
 PrintText StartPrintText() {
   PrintText text;
-  text.block.resize(kFirstSize);
+  Resize(text, kFirstSize);
   return text;
 }
 
@@ -109,7 +123,7 @@ void AppendLine(PrintText& text, std::string_view line) {
   if (!Reserve(text, size)) {
     return;
   }
-  std::uint8_t* place = text.block.data() + text.used;
+  std::uint8_t* place = text.block.get() + text.used;
   WriteU16(place, static_cast<std::uint16_t>(line.size()));
   std::copy(line.begin(), line.end(), place + kLengthSize);
   place[kLengthSize + line.size()] = 0;
@@ -120,17 +134,16 @@ void FinishPrintText(PrintText& text) {
   if (text.discarded || !Reserve(text, kLengthSize)) {
     return;
   }
-  WriteU16(text.block.data() + text.used, kEndOfList);
+  WriteU16(text.block.get() + text.used, kEndOfList);
   text.used += kLengthSize;
-  if (text.block.size() - text.used >= kWorthShrinking) {
-    text.block.resize(text.used);
-    text.block.shrink_to_fit();
+  if (text.size - text.used >= kWorthShrinking) {
+    Resize(text, text.used);
   }
 }
 
 std::vector<std::string> PrintLines(const PrintText& text) {
   std::vector<std::string> lines;
-  const std::uint8_t* place = text.block.data();
+  const std::uint8_t* place = text.block.get();
   while (!text.discarded && ReadU16(place) != kEndOfList) {
     const std::size_t length = ReadU16(place);
     lines.emplace_back(reinterpret_cast<const char*>(place + kLengthSize), length);

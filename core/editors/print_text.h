@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -14,10 +15,11 @@ namespace qz7 {
 
 // The lines of a listing, one byte block: each line is a 16-bit little-endian length, its
 // characters and a 0 byte; the length 0xFFFF ends the list. The block starts at 5000 bytes and
-// grows by 2500. A growth to 60000 bytes or more, or a line of 2497 characters or more, discards
-// the whole list; what is appended later is ignored.
+// grows by 2500. A growth to 60000 bytes or more, a line of 2497 characters or more, or an
+// allocation that fails discards the whole list; what is appended later is ignored.
 struct PrintText {
-  std::vector<std::uint8_t> block;
+  std::unique_ptr<std::uint8_t[]> block;
+  std::size_t size = 0;  // of the block
   std::size_t used = 0;
   bool discarded = false;
 };

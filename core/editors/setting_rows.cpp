@@ -3,7 +3,7 @@
 #include <array>
 #include <utility>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 namespace {

@@ -71,14 +71,11 @@ bool NeedsVariantConversion(const CloneImage& image, const RegionVariant& region
   return image[kVersionType] != PlaceOf(region.variant);
 }
 
-void ConvertChannelsForVariant(CloneImage& image, CloneImage& working_copy,
-                               const RegionVariant& region) {
-  working_copy = image;
+void ConvertChannelsForVariant(CloneImage& image, const RegionVariant& region) {
   for (int n = -1; n >= -kSpecialSlotCount; --n) {
-    ConvertSpecialSlot(GetChannelRecord(working_copy, n), SlotBand(n), region);
+    ConvertSpecialSlot(GetChannelRecord(image, n), SlotBand(n), region);
   }
-  ConvertMemoryChannels(working_copy, region);
-  image = working_copy;
+  ConvertMemoryChannels(image, region);
 }
 
 }  // namespace qz7

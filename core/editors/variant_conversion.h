@@ -9,9 +9,7 @@ namespace qz7 {
 bool NeedsVariantConversion(const CloneImage& image, const RegionVariant& region);
 
 // Puts the special slots of a document from another version into their bands, and what lies in the
-// MW band onto the region's grid. It works on a fresh copy in `working_copy`; both are the same in
-// the end.
-void ConvertChannelsForVariant(CloneImage& image, CloneImage& working_copy,
-                               const RegionVariant& region);
+// MW band onto the region's grid.
+void ConvertChannelsForVariant(CloneImage& image, const RegionVariant& region);
 
 }  // namespace qz7

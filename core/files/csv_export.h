@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "core/files/file_boxes.h"
+#include "core/files/seams.h"
 #include "core/image/clone_image.h"
 
 namespace qz7 {

@@ -1,7 +1,6 @@
 #include "core/files/defaults_record.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 
 #include "core/files/file_output.h"
@@ -82,21 +81,20 @@ void CopyMainDefaultsToRecord(const CloneImage& image, DefaultsRecord& record) {
   }
 }
 
-void LoadDefaultsRecord(DefaultsRecord& record, const DefaultsFile& file, const CloneImage& image) {
-  if (ReadRecord(record, file.path)) {
-    return;
+DefaultsFile ChooseDefaultsFile(const std::string& current_path, const std::string& user_path) {
+  if (user_path.empty() || CanWriteFile(current_path)) {
+    return {.path = current_path, .fallback_path = ""};
   }
-  if (file.fallback_path.empty() || !ReadRecord(record, file.fallback_path)) {
-    FillDefaultsRecord(record, image);
-  }
+  return {.path = user_path, .fallback_path = current_path};
+}
+
+bool LoadDefaultsRecord(DefaultsRecord& record, const DefaultsFile& file) {
+  return ReadRecord(record, file.path) ||
+         (!file.fallback_path.empty() && ReadRecord(record, file.fallback_path));
 }
 
 void SaveDefaultsRecord(const DefaultsRecord& record, const DefaultsFile& file) {
-  std::error_code ignored;
-  if (WriteWholeFile(file.path, record) == WriteOutcome::kCannotCreate &&
-      !std::filesystem::exists(file.path, ignored) && !file.fallback_path.empty()) {
-    WriteWholeFile(file.fallback_path, record);
-  }
+  WriteWholeFile(file.path, record);
 }
 
 }  // namespace qz7

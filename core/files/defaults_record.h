@@ -30,16 +30,18 @@ void FillDefaultsRecord(DefaultsRecord& record, const CloneImage& image);
 void CopyMainDefaultsToImage(const DefaultsRecord& record, CloneImage& image);
 void CopyMainDefaultsToRecord(const CloneImage& image, DefaultsRecord& record);
 
-// The file "qz7.def": the one in the current folder, or, where there is none and none can be made,
-// the one in the user's own folder.
+// The file "qz7.def". One file is written and read, so that no two can differ.
 struct DefaultsFile {
   std::string path;
-  std::string fallback_path;  // empty: none
+  std::string fallback_path;  // read as long as there is no file at `path`; empty: none
 };
 
-// Reads the file; a short one leaves the rest of the record as it was. Without a file the record is
-// filled from the image.
-void LoadDefaultsRecord(DefaultsRecord& record, const DefaultsFile& file, const CloneImage& image);
+// The one in the current folder; where that cannot be written, the one in the user's own folder,
+// which starts from what the current folder has. `user_path` may be empty: no such folder.
+DefaultsFile ChooseDefaultsFile(const std::string& current_path, const std::string& user_path);
+
+// Reads the file; a short one leaves the rest of the record as it was. False without a file.
+bool LoadDefaultsRecord(DefaultsRecord& record, const DefaultsFile& file);
 // Failures are not reported.
 void SaveDefaultsRecord(const DefaultsRecord& record, const DefaultsFile& file);
 

@@ -1,10 +1,9 @@
 #include "core/files/document.h"
 
-#include "core/files/file_boxes.h"
 #include "core/files/file_output.h"
-#include "core/files/messages.h"
 #include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
+#include "core/files/seams.h"
 #include "core/image/derived_tables.h"
 
 namespace qz7 {
@@ -51,12 +50,33 @@ bool OpenFile(Document& document, const ChosenFile& file) {
   if (!ReadRadioDataFile(document.working_copy, file.path)) {
     return false;
   }
-  document.image = document.working_copy;
+  TakeWorkingCopy(document);
   BecomeFile(document, file);
   return true;
 }
 
 }  // namespace
+
+CloneImage& BeginWorkingCopy(Document& document) {
+  document.working_copy = document.image;
+  return document.working_copy;
+}
+
+void AcceptWorkingCopy(Document& document) {
+  if (document.working_copy != document.image) {
+    TakeWorkingCopy(document);
+    document.changed = true;
+  }
+}
+
+void TakeWorkingCopy(Document& document) { document.image = document.working_copy; }
+
+void DropWorkingCopy(Document& document) { document.working_copy = document.image; }
+
+void AcceptImage(Document& document) {
+  document.working_copy = document.image;
+  document.changed = true;
+}
 
 bool CollectMainDialog(Document& document) {
   ReadMainControls(document.image);
@@ -81,18 +101,15 @@ void NewDocument(Document& document) {
   document.path = document.preferences.data_folder + kSeparator + document.name;
   document.changed = false;
   document.untitled = true;
-  if (document.preferences.use_main_defaults_new) {
-    ApplyMainDefaults(document);
-  }
   RefreshDocument(document);
 }
 
 void RefreshDocument(Document& document) {
   // The two are not told apart on purpose: a Save As with either set leaves the defaults in memory.
   if (document.preferences.use_main_defaults_new || document.preferences.use_main_defaults_open) {
-    ApplyMainDefaults(document);
+    CopyMainDefaultsToImage(document.defaults, document.image);
   }
-  document.working_copy = document.image;
+  DropWorkingCopy(document);
   LoadMainDialog(document.image);
   SetMainTitle(std::string(kProgramTitle) + " - " + document.name);
 }
@@ -179,7 +196,7 @@ bool CreateTemplate(Document& document, const std::string& name) {
 }
 
 void TakeRadioImage(Document& document) {
-  document.image = document.working_copy;
+  TakeWorkingCopy(document);
   document.changed = true;
   CopyNamesToTable(document.image);
   LoadMainDialog(document.image);

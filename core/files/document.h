@@ -14,7 +14,8 @@ inline constexpr const char* kNewDocumentName = "NONAME.RDF";
 // The one open document.
 struct Document {
   CloneImage image{};
-  // Target of every read, buffer of the radio exchanges, and what changes are detected against.
+  // Target of every read, buffer of editors and exchanges, the state that the memory list returns
+  // to, and what changes are detected against. The operations below copy it, nothing else does.
   CloneImage working_copy{};
   std::string name;  // without folder
   std::string path;  // what Save writes to
@@ -27,10 +28,17 @@ struct Document {
   DefaultsRecord defaults{};
 };
 
-// What the document needs of the window around it, defined once per program like the messages.
-void LoadMainDialog(const CloneImage& image);
-void ReadMainControls(CloneImage& image);
-void SetMainTitle(const std::string& title);
+// Work on the working copy begins with a fresh copy of the image.
+CloneImage& BeginWorkingCopy(Document& document);
+// The image takes the work over, and the document has changed, only where a byte differs.
+void AcceptWorkingCopy(Document& document);
+// The image takes over what the working copy holds; that alone is no change of the document.
+void TakeWorkingCopy(Document& document);
+// The work is given up: the working copy is the image again.
+void DropWorkingCopy(Document& document);
+// The other way: what was done in the image itself counts as accepted, and the document has
+// changed.
+void AcceptImage(Document& document);
 
 // Reads the main dialog's controls into the image. True when the image now differs from the working
 // copy, which sets the changed flag; nothing here ever clears it.

@@ -1,6 +1,6 @@
 #include "core/files/file_output.h"
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 

@@ -41,12 +41,18 @@ std::string RealTarget(const std::string& path) {
   return real ? std::string(real.get()) : path;
 }
 
+// "" for a bare name.
+std::string FolderOf(const std::string& path) { return path.substr(0, path.rfind('/') + 1); }
+
+// Where no bit lets anyone write, a file is read-only even for an administrator.
+bool MayBeWritten(const std::string& target, const struct stat& file) {
+  return access(target.c_str(), W_OK) == 0 && (file.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) != 0;
+}
+
 // A short name in the target's folder, so that it fits wherever the target's own does; no other
 // process uses it.
 std::string FreshNameBeside(const std::string& target) {
-  const std::size_t slash = target.rfind('/');
-  const std::string folder = slash == std::string::npos ? "" : target.substr(0, slash + 1);
-  return folder + "~qz7-" + std::to_string(getpid()) + ".tmp";
+  return FolderOf(target) + "~qz7-" + std::to_string(getpid()) + ".tmp";
 }
 
 WriteOutcome WriteInPlace(const std::string& path, std::span<const std::uint8_t> bytes) {
@@ -60,9 +66,9 @@ WriteOutcome WriteInPlace(const std::string& path, std::span<const std::uint8_t>
 // The folder's own entry of a new name goes to the disk, too; a folder that cannot be flushed has
 // taken the file all the same.
 void FlushFolderOf(const std::string& path) {
-  const std::size_t slash = path.rfind('/');
-  const std::string folder = slash == std::string::npos ? "." : path.substr(0, slash + 1);
-  const int handle = open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const std::string folder = FolderOf(path);
+  const int handle =
+      open(folder.empty() ? "." : folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (handle >= 0) {
     fsync(handle);
     close(handle);
@@ -71,6 +77,16 @@ void FlushFolderOf(const std::string& path) {
 
 }  // namespace
 
+bool CanWriteFile(const std::string& path) {
+  const std::string target = RealTarget(path);
+  struct stat file {};
+  if (stat(target.c_str(), &file) == 0) {
+    return !S_ISDIR(file.st_mode) && MayBeWritten(target, file);
+  }
+  const std::string folder = FolderOf(target);
+  return access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) == 0;
+}
+
 WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
   if (path.empty()) {
     return WriteOutcome::kCannotCreate;
@@ -78,11 +94,7 @@ WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_
   const std::string target = RealTarget(path);
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
-  if (exists && access(target.c_str(), W_OK) != 0) {
-    return WriteOutcome::kCannotCreate;
-  }
-  // No bit lets anyone write: read-only, even for an administrator.
-  if (exists && (old.st_mode & (S_IWUSR | S_IWGRP | S_IWOTH)) == 0) {
+  if (exists && !MayBeWritten(target, old)) {
     return WriteOutcome::kCannotCreate;
   }
   if (exists && !S_ISREG(old.st_mode)) {

@@ -16,9 +16,27 @@ bool FinishFile(HANDLE file, std::span<const std::uint8_t> bytes) {
   return CloseHandle(file) && flushed;
 }
 
-HANDLE OpenForWriting(const std::string& path, DWORD disposition) {
-  return CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, disposition, FILE_ATTRIBUTE_NORMAL,
-                     nullptr);
+// Others may have the file open in whichever way.
+HANDLE OpenForWriting(const std::string& path, DWORD disposition,
+                      DWORD flags = FILE_ATTRIBUTE_NORMAL) {
+  return CreateFileA(path.c_str(), GENERIC_WRITE,
+                     FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr, disposition,
+                     flags, nullptr);
+}
+
+bool Exists(const std::string& path) {
+  return GetFileAttributesA(path.c_str()) != INVALID_FILE_ATTRIBUTES;
+}
+
+bool CloseOpened(HANDLE file) { return file != INVALID_HANDLE_VALUE && CloseHandle(file); }
+
+// False for a file that is read-only, a folder, and a file that another program keeps to itself.
+// Not every system's open asks for the attribute.
+bool OpensForWriting(const std::string& path) {
+  if ((GetFileAttributesA(path.c_str()) & FILE_ATTRIBUTE_READONLY) != 0) {
+    return false;
+  }
+  return CloseOpened(OpenForWriting(path, OPEN_EXISTING));
 }
 
 // A short name in the target's folder, so that it fits wherever the target's own does; no other
@@ -39,13 +57,18 @@ WriteOutcome WriteInPlace(const std::string& path, std::span<const std::uint8_t>
 
 }  // namespace
 
+bool CanWriteFile(const std::string& path) {
+  return Exists(path) ? OpensForWriting(path)
+                      : CloseOpened(OpenForWriting(FreshNameBeside(path), CREATE_ALWAYS,
+                                                   FILE_FLAG_DELETE_ON_CLOSE));
+}
+
 WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
   if (path.empty()) {
     return WriteOutcome::kCannotCreate;
   }
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
-  if (exists && (attributes & (FILE_ATTRIBUTE_READONLY | FILE_ATTRIBUTE_DIRECTORY)) != 0) {
+  const bool exists = Exists(path);
+  if (exists && !OpensForWriting(path)) {
     return WriteOutcome::kCannotCreate;
   }
   const std::string fresh = FreshNameBeside(path);
@@ -61,7 +84,7 @@ WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_
   if (!MoveFileExA(fresh.c_str(), path.c_str(),
                    MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH)) {
     DeleteFileA(fresh.c_str());
-    return WriteOutcome::kWriteError;
+    return exists ? WriteInPlace(path, bytes) : WriteOutcome::kWriteError;
   }
   return WriteOutcome::kWritten;
 }

@@ -6,8 +6,8 @@
 #include <limits>
 #include <memory>
 
-#include "core/files/profile.h"
 #include "core/files/radio_data_file.h"
+#include "core/files/seams.h"
 #include "core/image/band_plan.h"
 
 namespace qz7 {

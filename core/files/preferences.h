@@ -6,7 +6,7 @@
 
 namespace qz7 {
 
-// What outlives a run in the preferences file (core/files/profile.h).
+// What outlives a run in the preferences file (core/files/seams.h).
 struct Preferences {
   std::string data_folder;    // without a "\" at its end
   std::string template_path;  // empty: none chosen

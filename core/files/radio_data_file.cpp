@@ -7,7 +7,7 @@
 
 #include "core/files/document_header.h"
 #include "core/files/file_output.h"
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/derived_tables.h"
 
 namespace qz7 {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/interchange/field_splitter.h"
 
 namespace qz7 {

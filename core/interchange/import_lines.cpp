@@ -6,7 +6,7 @@
 #include <limits>
 #include <vector>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/text_codec.h"
 
 namespace qz7 {

@@ -5,7 +5,7 @@
 #include <cstdio>
 #include <new>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/band_plan.h"
 #include "core/image/derived_tables.h"
 #include "core/image/text_codec.h"

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "core/files/csv_columns.h"
-#include "core/files/file_boxes.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 

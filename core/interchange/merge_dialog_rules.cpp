@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/operating_state.h"
 #include "core/interchange/import_placement.h"
 

@@ -5,7 +5,7 @@
 #include <new>
 
 #include "core/files/document_header.h"
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 namespace {

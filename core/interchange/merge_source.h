@@ -9,7 +9,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/files/file_boxes.h"
+#include "core/files/seams.h"
 #include "core/image/clone_image.h"
 #include "core/image/derived_tables.h"
 #include "core/image/region_variant.h"

@@ -5,8 +5,8 @@
 #include <memory>
 #include <new>
 
-#include "core/files/messages.h"
 #include "core/files/radio_data_file.h"
+#include "core/files/seams.h"
 #include "core/image/operating_state.h"
 
 namespace qz7 {

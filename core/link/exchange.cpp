@@ -2,7 +2,7 @@
 
 #include <numeric>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 namespace {

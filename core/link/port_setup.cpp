@@ -1,5 +1,7 @@
 #include "core/link/port_setup.h"
 
+#include "core/files/seams.h"
+
 namespace qz7 {
 
 std::string PortName(int index) { return "COM" + std::to_string(index); }

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 
 #include "core/files/preferences.h"
@@ -15,9 +14,6 @@ std::string PortName(int index);
 
 // Opens the chosen port; an open one is closed first. False, with nothing shown, for no port.
 bool OpenChosenPort(SerialPort& port, int index);
-
-// The port dialog, defined once per program: the chosen index 0..9, or nothing when cancelled.
-std::optional<int> AskForPort(int index);
 
 // The index that the port dialog opens with: 0 for one that is not in its list.
 int ListedPort(int index);

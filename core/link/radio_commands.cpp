@@ -20,7 +20,7 @@ bool ReadRadioIntoDocument(Document& document, SerialPort& port,
   if (!EnsurePort(document, port)) {
     return false;
   }
-  document.working_copy = document.image;
+  BeginWorkingCopy(document);
   if (!exchange()) {
     return false;
   }
@@ -30,8 +30,7 @@ bool ReadRadioIntoDocument(Document& document, SerialPort& port,
 
 bool SendDocumentToRadio(Document& document, SerialPort& port,
                          const std::function<bool()>& exchange) {
-  CollectMainDialog(document);
-  document.working_copy = document.image;
+  BeginWorkingCopy(document);
   return EnsurePort(document, port) && exchange();
 }
 

@@ -1,6 +1,6 @@
 #include "core/link/serial_port.h"
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 

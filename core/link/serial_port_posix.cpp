@@ -11,7 +11,7 @@
 #include <chrono>
 #include <thread>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/link/serial_port.h"
 
 namespace qz7 {

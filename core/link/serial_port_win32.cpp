@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <string>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/link/serial_port.h"
 
 namespace qz7 {

@@ -235,7 +235,7 @@ INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l)
 bool ShowGroupsDialog(const CloneImage& image, CloneImage& working_copy, int g,
                       const RegionVariant& region) {
   GroupsWindow window{.image = image, .working_copy = working_copy};
-  window.editor = OpenGroupEditor(image, working_copy, g, region);
+  window.editor = OpenGroupEditor(working_copy, g, region);
   return RunDialog("DLLDlgGroupList", DlgProcGroupList, &window) == 0;
 }
 

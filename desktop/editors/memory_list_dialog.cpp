@@ -124,7 +124,7 @@ void OnOk(HWND dialog) {
       ShowRow(ListOf(dialog), 0);
       return;
     case ListEnd::kChanged:
-      document.changed = true;
+      AcceptImage(document);
       break;
     case ListEnd::kUnchanged:
       break;
@@ -134,7 +134,8 @@ void OnOk(HWND dialog) {
 
 void OnCancel(HWND dialog) {
   Document& document = StateOf<ListWindow>(dialog).document;
-  if (CancelMemoryList(document.image, document.working_copy)) {
+  if (MayCancelMemoryList(document.image, document.working_copy)) {
+    TakeWorkingCopy(document);
     EndDialog(dialog, -1);
   }
 }
@@ -289,7 +290,7 @@ INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l
 }  // namespace
 
 bool ShowMemoryListDialog(Document& document) {
-  OpenMemoryList(document.image, document.working_copy);
+  TakeWorkingCopy(document);
   ListWindow window{.document = document};
   return RunDialog("DLLDlgListMemory", DlgProcListMemory, &window) == 0;
 }

@@ -4,8 +4,7 @@
 
 #include <string>
 
-#include "core/files/file_boxes.h"
-#include "core/files/profile.h"
+#include "core/files/seams.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
 

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/link/port_setup.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"

@@ -1,6 +1,6 @@
 #include <windows.h>
 
-#include "core/files/file_boxes.h"
+#include "core/files/seams.h"
 #include "core/link/clone_write.h"
 #include "desktop/link/clone_dialogs.h"
 #include "desktop/link/exchange_window.h"

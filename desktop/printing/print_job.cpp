@@ -1,6 +1,6 @@
 #include "desktop/printing/print_job.h"
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 
 namespace qz7 {
 namespace {

@@ -1,7 +1,6 @@
 #include "desktop/printing/printing.h"
 
 #include "core/editors/print_text.h"
-#include "desktop/printing/print_job.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
 
@@ -11,19 +10,11 @@ namespace {
 // The system asks back without saying for which document.
 struct Printing {
   HWND progress = nullptr;
-  const PrintJob* job = nullptr;
+  PrintJob* job = nullptr;
 } printing;
 
-// "Continue" while nobody has cancelled; the user's press is among the messages handled here.
 BOOL CALLBACK KeepPrinting(HDC, int) {
-  MSG message;
-  while (!printing.job->aborted && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
-    if (printing.progress == nullptr || !IsDialogMessageA(printing.progress, &message)) {
-      TranslateMessage(&message);
-      DispatchMessageA(&message);
-    }
-  }
-  return printing.job->aborted ? FALSE : TRUE;
+  return HandleMessagesWhilePrinting(*printing.job, printing.progress) ? TRUE : FALSE;
 }
 
 class DevicePrinter final : public Printer {
@@ -129,6 +120,20 @@ void PrintLinesOn(const ChosenPrinter& chosen, const std::vector<std::string>& l
 }
 
 }  // namespace
+
+bool HandleMessagesWhilePrinting(PrintJob& job, HWND progress) {
+  MSG message;
+  while (!job.aborted && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    if (message.message == WM_QUIT) {
+      job.aborted = true;
+      PostQuitMessage(static_cast<int>(message.wParam));
+    } else if (progress == nullptr || !IsDialogMessageA(progress, &message)) {
+      TranslateMessage(&message);
+      DispatchMessageA(&message);
+    }
+  }
+  return !job.aborted;
+}
 
 void PrintDocument(const Document& document, DtmfDisplay display) {
   PrintText text;

@@ -6,6 +6,7 @@
 
 #include "core/editors/autodial.h"
 #include "core/files/document.h"
+#include "desktop/printing/print_job.h"
 
 namespace qz7 {
 
@@ -20,6 +21,11 @@ struct ChosenPrinter {
 // The system's print box, offering one copy, collation, no selection and no page range; nothing
 // when the user cancels. Defined by each program, as the other boxes are.
 std::optional<ChosenPrinter> ShowPrintBox();
+
+// Handles the messages that wait, those of the progress dialog as a dialog's, until the job is
+// aborted; false once it is. The user's press of Cancel is among them. A message to quit aborts the
+// job, too, and waits for the program's own loop again.
+bool HandleMessagesWhilePrinting(PrintJob& job, HWND progress);
 
 // File, Print: the listing of the document, to a printer of the user's choice.
 void PrintDocument(const Document& document, DtmfDisplay display);

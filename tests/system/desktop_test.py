@@ -50,6 +50,7 @@ class Start(DesktopTest):
         before = sorted(self.windows())
         self.assertEqual(RAISED_STATUS, self.start_program().wait(desktop.LIMIT))
         window.wait_until_in_front()
+        self.driver("focus", window.handle, desktop.LIMIT * 1000)
         self.assertEqual(before, sorted(self.windows()))
         self.driver("close", other_window.handle)
         other.wait(desktop.LIMIT)
@@ -64,6 +65,16 @@ class Start(DesktopTest):
         self.assert_second_start_raises(popup)
         popup.finish(CANCEL)
         self.leave()
+
+    def test_a_second_start_raises_the_message_over_the_dialog_of_the_first(self):
+        self.make_document("A.RDF", comment="as it was")
+        self.start("a.rdf", name="A.RDF")
+        self.main.set(FILE_COMMENT, "changed")
+        self.main.command(EXIT)
+        question = self.window(TITLE)
+        self.assert_second_start_raises(question)
+        question.finish(NO)
+        self.assert_ends()
 
 
 class CommandLine(DesktopTest):
@@ -97,6 +108,13 @@ class CommandLine(DesktopTest):
         self.program = self.start_program("nowhere.rdf")
         path = self.windows_path("NOWHERE.RDF")
         self.answer(OK, f"Cannot open file:\n{path}", TITLE, "OK")
+        self.main = self.window(f"{TITLE} - {NEW_NAME}", MAIN_CLASS)
+        self.leave()
+
+    def test_a_name_that_is_too_long_for_a_path_is_told_as_it_was_given(self):
+        name = "n" * 250
+        self.program = self.start_program(name)
+        self.answer(OK, f"Cannot open file:\n{name}", TITLE, "OK")
         self.main = self.window(f"{TITLE} - {NEW_NAME}", MAIN_CLASS)
         self.leave()
 

@@ -8,6 +8,7 @@
 //   wait CLASS TITLE LIMIT      the visible top-level window of that class and title (empty: any)
 //   gone WINDOW LIMIT           until it is destroyed
 //   front WINDOW LIMIT          until it is the foreground window
+//   focus WINDOW LIMIT          until the keyboard is its own or one of its controls'
 //   windows                     every visible top-level window: window, class, title
 //   controls WINDOW             every visible control: identifier, class, text, 1 if enabled
 //   enabled WINDOW              1 or 0
@@ -221,6 +222,19 @@ Fields Front(const Fields& fields) {
   return {};
 }
 
+Fields Focus(const Fields& fields) {
+  const HWND window = WindowOf(fields[1]);
+  const DWORD thread = GetWindowThreadProcessId(window, nullptr);
+  const auto has_focus = [&] {
+    GUITHREADINFO info{};
+    info.cbSize = sizeof info;
+    return GetGUIThreadInfo(thread, &info) && info.hwndFocus != nullptr &&
+           (info.hwndFocus == window || IsChild(window, info.hwndFocus));
+  };
+  WaitUntil(has_focus, fields[2], "the keyboard is elsewhere");
+  return {};
+}
+
 Fields ListWindows(const Fields&) {
   Fields result;
   for (const HWND window : VisibleWindows()) {
@@ -312,20 +326,11 @@ struct Action {
 };
 
 constexpr Action kActions[] = {
-    {"wait", 4, Wait},
-    {"gone", 3, Gone},
-    {"front", 3, Front},
-    {"windows", 1, ListWindows},
-    {"controls", 2, ListControls},
-    {"enabled", 2, Enabled},
-    {"command", 3, Command},
-    {"press", 3, Press},
-    {"checked", 3, Checked},
-    {"text", 3, Text},
-    {"set", 4, Set},
-    {"choose", 4, Choose},
-    {"chosen", 3, Chosen},
-    {"close", 2, Close},
+    {"wait", 4, Wait},       {"gone", 3, Gone},           {"front", 3, Front},
+    {"focus", 3, Focus},     {"windows", 1, ListWindows}, {"controls", 2, ListControls},
+    {"enabled", 2, Enabled}, {"command", 3, Command},     {"press", 3, Press},
+    {"checked", 3, Checked}, {"text", 3, Text},           {"set", 4, Set},
+    {"choose", 4, Choose},   {"chosen", 3, Chosen},       {"close", 2, Close},
 };
 
 Fields Run(const Fields& fields) {

@@ -1,3 +1,7 @@
+#include <algorithm>
+#include <map>
+
+#include "desktop/commands.h"
 #include "tests/ui/window_fixture.h"
 
 namespace qz7 {
@@ -66,6 +70,63 @@ TEST_F(MenuTest, TheBandMenusAreSubmenusOfMemory) {
   EXPECT_EQ(ItemsOf(GetSubMenu(memory, last - 2)), BandItems(113));
   EXPECT_EQ(ItemsOf(GetSubMenu(memory, last - 1)), BandItems(123));
   EXPECT_EQ(ItemsOf(GetSubMenu(memory, last)), BandItems(133));
+}
+
+// Every command, with whether the main dialog is collected first.
+std::map<int, bool> ExpectedCommands() {
+  std::map<int, bool> commands;
+  for (const int id : {107, 110, 111, 112, 144, 149, 150, 152, 153}) {
+    commands[id] = true;
+  }
+  for (int id = 113; id <= 142; ++id) {
+    commands[id] = true;
+  }
+  for (const int id :
+       {100, 101, 102, 103, 104, 105, 106, 108, 109, 145, 146, 147, 148, 154, 155, 156}) {
+    commands[id] = false;
+  }
+  return commands;
+}
+
+TEST(Commands, AreTheseAndNoOthersEachOnceAndCollectWhereTheyShould) {
+  std::map<int, bool> commands;
+  for (const Command& command : Commands()) {
+    EXPECT_NE(command.run, nullptr);
+    for (int id = command.id; id < command.id + command.count; ++id) {
+      EXPECT_TRUE(commands.emplace(id, command.collects_first).second) << id;
+    }
+  }
+  EXPECT_EQ(commands, ExpectedCommands());
+}
+
+// The commands of a menu and of all menus below it.
+std::vector<int> IdsOf(HMENU menu) {
+  std::vector<int> ids;
+  for (int i = 0; i < GetMenuItemCount(menu); ++i) {
+    if (const HMENU below = GetSubMenu(menu, i)) {
+      const std::vector<int> more = IdsOf(below);
+      ids.insert(ids.end(), more.begin(), more.end());
+    } else if (const auto id = static_cast<int>(GetMenuItemID(menu, i)); id != 0) {
+      ids.push_back(id);
+    }
+  }
+  return ids;
+}
+
+TEST_F(MenuTest, HasAnItemForEveryCommandAndACommandForEveryItem) {
+  std::vector<int> ids = IdsOf(GetMenu(app.main_window));
+  std::sort(ids.begin(), ids.end());
+  std::vector<int> expected;
+  for (const auto& [id, collects] : ExpectedCommands()) {
+    expected.push_back(id);
+  }
+  EXPECT_EQ(ids, expected);
+}
+
+TEST_F(MenuTest, LeavesIdsWithoutAnItemToTheSystem) {
+  for (const int id : {99, 143, 151, 157}) {
+    EXPECT_FALSE(RunCommand(id)) << id;
+  }
 }
 
 }  // namespace

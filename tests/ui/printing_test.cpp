@@ -75,6 +75,21 @@ TEST_F(PrintingDialog, DoesNotCollectTheMainDialogFirst) {
   EXPECT_FALSE(app.document.changed);
 }
 
+TEST_F(PrintingDialog, AMessageToQuitEndsTheJobAndThenTheProgram) {
+  PrintJob job;
+  EXPECT_TRUE(HandleMessagesWhilePrinting(job, nullptr));
+  PostQuitMessage(7);
+  EXPECT_FALSE(HandleMessagesWhilePrinting(job, nullptr));
+  EXPECT_TRUE(job.aborted);
+  EXPECT_FALSE(HandleMessagesWhilePrinting(job, nullptr));
+  MSG message{};
+  while (message.message != WM_QUIT && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {
+    DispatchMessageA(&message);
+  }
+  EXPECT_EQ(message.message, WM_QUIT);
+  EXPECT_EQ(message.wParam, 7U);
+}
+
 // What the progress dialog shows, one text after the other, and the user's press of Cancel.
 std::vector<std::string> shown;
 std::string cancel_at;

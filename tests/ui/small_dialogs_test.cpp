@@ -189,7 +189,7 @@ TEST_F(AboutDialogTest, ShowsTheVersionRecord) {
     EXPECT_FALSE(TextOf(dialog, 106).empty());
     Press(dialog, IDOK);
   });
-  ShowAboutDialog();
+  ShowAboutDialog(ProgramPath());
 }
 
 TEST_F(AboutDialogTest, IsCentredOverTheMainWindow) {
@@ -202,7 +202,7 @@ TEST_F(AboutDialogTest, IsCentredOverTheMainWindow) {
     EXPECT_LE(std::abs((main.top + main.bottom) / 2 - (own.top + own.bottom) / 2), 1);
     SendMessageA(dialog, WM_CLOSE, 0, 0);
   });
-  ShowAboutDialog();
+  ShowAboutDialog(ProgramPath());
 }
 
 TEST(Program, ExportsTheCopyManyDialog) {
@@ -216,7 +216,7 @@ TEST(Program, ExportsTheCopyManyDialog) {
 TEST_F(AboutDialogTest, LeaksNoGdiObjectAndNoWindow) {
   const auto open_and_close = [] {
     const DialogScript script([](HWND dialog) { Press(dialog, IDOK); });
-    ShowAboutDialog();
+    ShowAboutDialog(ProgramPath());
   };
   open_and_close();
   const ProcessObjects before = CountObjects();

@@ -54,6 +54,7 @@ WindowTest::WindowTest() {
   EXPECT_NE(dialog_modules.library, nullptr);
   app.document = Document{};
   app.document.preferences.data_folder = folder.path().string();
+  app.defaults_file = {.path = folder.File("qz7.def"), .fallback_path = ""};
   UsePort<MemoryLine>();
   EXPECT_NE(CreateMainWindow(), nullptr);
   EXPECT_NE(CreateMainDialog(app.main_window), nullptr);

@@ -7,6 +7,17 @@ namespace {
 
 using Name = std::optional<std::string>;
 
+// The file that a command line opens.
+Name CommandLineFile(const std::string& command_line) {
+  const Name name = CommandLineName(command_line);
+  return name ? Name(FileOfName(*name)) : std::nullopt;
+}
+
+TEST(CommandLine, KeepsTheNameAsItIsGiven) {
+  EXPECT_EQ(CommandLineName("/quiet  my\\Club more"), Name("my\\Club"));
+  EXPECT_EQ(FileOfName("my\\Club"), "MY\\CLUB.RDF");
+}
+
 TEST(CommandLine, WithoutAWordNamesNoFile) {
   EXPECT_EQ(CommandLineFile(""), std::nullopt);
   EXPECT_EQ(CommandLineFile("  \t "), std::nullopt);

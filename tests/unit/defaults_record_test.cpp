@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "tests/unit/document_bytes.h"
 #include "tests/unit/image_fixture.h"
 #include "tests/unit/seams.h"
@@ -91,15 +93,16 @@ class DefaultsFileTest : public testing::Test {
     }
   }
   TempFolder folder;
-  DefaultsFile file{.path = folder.File("qz7.def"), .fallback_path = folder.File("user.def")};
+  std::string current_path = folder.File("qz7.def");
+  std::string user_path = folder.File("user.def");
+  DefaultsFile file{.path = current_path, .fallback_path = user_path};
   Bytes bytes = Bytes(799);
-  std::unique_ptr<CloneImage> image = image_fixture::MakePatternImage();
   DefaultsRecord record{};
 };
 
 TEST_F(DefaultsFileTest, HoldsTheRecordAsItStands) {
   PutFile(file.path, bytes);
-  LoadDefaultsRecord(record, file, *image);
+  EXPECT_TRUE(LoadDefaultsRecord(record, file));
   EXPECT_EQ(FirstDifference(record, bytes), -1);
   SaveDefaultsRecord(record, {.path = folder.File("copy.def"), .fallback_path = ""});
   EXPECT_EQ(FileBytes(folder.File("copy.def")), bytes);
@@ -108,7 +111,7 @@ TEST_F(DefaultsFileTest, HoldsTheRecordAsItStands) {
 TEST_F(DefaultsFileTest, AShortOneLeavesTheRestAsItWas) {
   PutFile(file.path, Bytes(10, 9));
   record.fill(5);
-  LoadDefaultsRecord(record, file, *image);
+  EXPECT_TRUE(LoadDefaultsRecord(record, file));
   EXPECT_EQ(record[9], 9);
   EXPECT_EQ(record[10], 5);
   EXPECT_EQ(record[798], 5);
@@ -118,27 +121,56 @@ TEST_F(DefaultsFileTest, AnOversizedOneGivesItsFirstBytes) {
   Bytes longer = bytes;
   longer.resize(900, 0x77);
   PutFile(file.path, longer);
-  LoadDefaultsRecord(record, file, *image);
+  EXPECT_TRUE(LoadDefaultsRecord(record, file));
   EXPECT_EQ(FirstDifference(record, bytes), -1);
   EXPECT_TRUE(test_seams.messages.empty());
 }
 
-TEST_F(DefaultsFileTest, AMissingOneIsReplacedByTheDocumentsValues) {
-  DefaultsRecord expected{};
-  FillDefaultsRecord(expected, *image);
-  LoadDefaultsRecord(record, file, *image);
-  EXPECT_EQ(record, expected);
+TEST_F(DefaultsFileTest, AMissingOneLeavesTheRecordAsItWas) {
+  record.fill(5);
+  EXPECT_FALSE(LoadDefaultsRecord(record, file));
+  EXPECT_EQ(record[0], 5);
+  EXPECT_EQ(record[798], 5);
   EXPECT_TRUE(test_seams.messages.empty());
 }
 
-TEST_F(DefaultsFileTest, TheUsersOwnFolderStandsInForTheCurrentOne) {
-  PutFile(file.fallback_path, bytes);
-  LoadDefaultsRecord(record, file, *image);
+TEST_F(DefaultsFileTest, IsTheOneInTheCurrentFolderWhateverTheUsersFolderHas) {
+  PutFile(user_path, bytes);
+  const DefaultsFile chosen = ChooseDefaultsFile(current_path, user_path);
+  EXPECT_FALSE(LoadDefaultsRecord(record, chosen));
+  SaveDefaultsRecord(record, chosen);
+  EXPECT_EQ(FileBytes(current_path), Bytes(799));
+  EXPECT_EQ(FileBytes(user_path), bytes);
+  EXPECT_EQ(folder.Names(), (std::vector<std::string>{"qz7.def", "user.def"}));
+}
+
+TEST_F(DefaultsFileTest, IsTheUsersOwnWhereTheCurrentFolderCannotBeWritten) {
+  PutFile(user_path, bytes);
+  const DefaultsFile chosen = ChooseDefaultsFile(folder.File("none") + "/qz7.def", user_path);
+  EXPECT_TRUE(LoadDefaultsRecord(record, chosen));
   EXPECT_EQ(FirstDifference(record, bytes), -1);
-  file.path = folder.File("none") + "/qz7.def";
-  PutFile(file.fallback_path, {});
-  SaveDefaultsRecord(record, file);
-  EXPECT_EQ(FileBytes(file.fallback_path), bytes);
+  record.fill(9);
+  SaveDefaultsRecord(record, chosen);
+  EXPECT_EQ(FileBytes(user_path), Bytes(799, 9));
+}
+
+TEST_F(DefaultsFileTest, AReadOnlyOneIsReadUntilTheUserHasOneAndNeverWritten) {
+  PutFile(current_path, bytes);
+  std::filesystem::permissions(current_path, std::filesystem::perms::owner_read);
+  const DefaultsFile chosen = ChooseDefaultsFile(current_path, user_path);
+  EXPECT_TRUE(LoadDefaultsRecord(record, chosen));
+  EXPECT_EQ(FirstDifference(record, bytes), -1);
+  SaveDefaultsRecord(DefaultsRecord{}, chosen);
+  EXPECT_EQ(FileBytes(current_path), bytes);
+  EXPECT_EQ(FileBytes(user_path), Bytes(799));
+  EXPECT_TRUE(LoadDefaultsRecord(record, ChooseDefaultsFile(current_path, user_path)));
+  EXPECT_EQ(record, DefaultsRecord{});
+  std::filesystem::permissions(current_path, std::filesystem::perms::owner_all);
+}
+
+TEST_F(DefaultsFileTest, IsTheOneInTheCurrentFolderWhereTheUserHasNoFolder) {
+  const std::string nowhere = folder.File("none") + "/qz7.def";
+  EXPECT_EQ(ChooseDefaultsFile(nowhere, "").path, nowhere);
 }
 
 TEST_F(DefaultsFileTest, AFailedSaveSaysNothing) {

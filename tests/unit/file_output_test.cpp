@@ -133,6 +133,20 @@ TEST_F(FileOutput, DoesNotReplaceAReadOnlyFile) {
   EXPECT_EQ(Names(), std::vector<std::string>{"radio.rdf"});
 }
 
+TEST_F(FileOutput, KnowsWhatCanBeWrittenAndLeavesNoTrace) {
+  EXPECT_TRUE(CanWriteFile(path_));
+  EXPECT_TRUE(Names().empty());
+  EXPECT_FALSE(CanWriteFile(folder_.File("missing/radio.rdf")));
+  EXPECT_FALSE(CanWriteFile(folder_.path().string()));
+  PutFile(path_, Bytes(30, 0x11));
+  EXPECT_TRUE(CanWriteFile(path_));
+  EXPECT_EQ(FileBytes(path_), Bytes(30, 0x11));
+  std::filesystem::permissions(path_, std::filesystem::perms::owner_read);
+  EXPECT_FALSE(CanWriteFile(path_));
+  std::filesystem::permissions(path_, std::filesystem::perms::owner_all);
+  EXPECT_EQ(Names(), std::vector<std::string>{"radio.rdf"});
+}
+
 TEST_F(FileOutput, ShowsNothingWhenAllIsWell) {
   EXPECT_TRUE(WriteFileOrShow(path_, Sample(100)));
   EXPECT_TRUE(test_seams.messages.empty());

@@ -33,10 +33,17 @@ struct Window {
   GroupEditor editor;
 };
 
+// Opens the editor on a fresh copy of the window's image.
+GroupEditor& OpenEditor(Window& window, int g) {
+  *window.working_copy = *window.image;
+  window.editor = OpenGroupEditor(*window.working_copy, g, test_region);
+  return window.editor;
+}
+
 Window Open(const Groups& groups, int g = 0) {
   Window window;
   PutGroups(*window.image, groups);
-  window.editor = OpenGroupEditor(*window.image, *window.working_copy, g, test_region);
+  OpenEditor(window, g);
   return window;
 }
 
@@ -101,8 +108,7 @@ TEST(GroupEditor, ShowsMembersWhateverTheirFlags) {
   Window window;
   PutGroups(*window.image, {{6}, {}, {}, {}, {}});
   (*window.image)[3357 + 7] = 0;
-  EXPECT_EQ(OpenGroupEditor(*window.image, *window.working_copy, 0, test_region).rows,
-            std::vector<std::string>{Row(" 7 ")});
+  EXPECT_EQ(OpenEditor(window, 0).rows, std::vector<std::string>{Row(" 7 ")});
 }
 
 TEST(GroupEditor, ShowsTheNextGroupsFirstMemberAsAnExtraLastRow) {
@@ -118,15 +124,14 @@ TEST(GroupEditor, ReadsTheTwoBytesBehindTheLastGroup) {
   Window window;
   (*window.image)[3350] = 0;
   (*window.image)[3351] = 6;
-  const GroupEditor editor = OpenGroupEditor(*window.image, *window.working_copy, 4, test_region);
+  const GroupEditor& editor = OpenEditor(window, 4);
   EXPECT_EQ(editor.rows, std::vector<std::string>{Row(" 7 ")});
 }
 
 TEST(GroupEditor, SkipsFreeEntriesBetweenMembersAndAbsentChannels) {
   Window window;
   PutBytes(*window.image, 3110, {0, 6, 255, 7, 0, 255, 0, 240, 9, 8});
-  EXPECT_EQ(OpenGroupEditor(*window.image, *window.working_copy, 0, test_region).rows,
-            (std::vector<std::string>{Row(" 7 "), Row(" 9 ")}));
+  EXPECT_EQ(OpenEditor(window, 0).rows, (std::vector<std::string>{Row(" 7 "), Row(" 9 ")}));
 }
 
 TEST(GroupEditorOk, WritesBack25RowsWithoutAChange) {
@@ -148,7 +153,7 @@ TEST(GroupEditorOk, WritesThe25thRowOfTheLastGroupBehindTheTable) {
   PutGroups(*window.image, {{}, {}, {}, {}, Numbers(10, 24)});
   (*window.image)[3350] = 0x33;
   (*window.image)[3351] = 6;
-  window.editor = OpenGroupEditor(*window.image, *window.working_copy, 4, test_region);
+  OpenEditor(window, 4);
   AcceptGroups(*window.working_copy, window.editor);
   CloneImage expected = *window.image;
   expected[3350] = 0;
@@ -329,8 +334,8 @@ TEST(GroupEditorProperty, TouchesNothingButTheGroups) {
     SCOPED_TRACE("seed " + std::to_string(seed));
     Dice dice(seed);
     auto image = MakeRandomImage(dice);
-    auto working_copy = MakeImage();
-    GroupEditor editor = OpenGroupEditor(*image, *working_copy, dice.Below(5), test_region);
+    const auto working_copy = std::make_unique<CloneImage>(*image);
+    GroupEditor editor = OpenGroupEditor(*working_copy, dice.Below(5), test_region);
     for (int i = 0; i < 40; ++i) {
       switch (dice.Below(3)) {
         case 0:

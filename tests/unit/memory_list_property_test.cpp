@@ -207,25 +207,6 @@ TEST(MemoryListProperty, InsertThenDeleteRestoresAllButWhatFellOff) {
   }
 }
 
-TEST(MemoryListProperty, CancelRestoresByteForByte) {
-  for (unsigned seed = 1; seed <= 20; ++seed) {
-    SCOPED_TRACE("seed " + std::to_string(seed));
-    Dice dice(seed);
-    auto image = MakeRandomImage(dice);
-    PutGroups(*image, RandomGroups(dice));
-    const auto working_copy = std::make_unique<CloneImage>(*image);
-    const CloneImage before = *image;
-    Model model = ModelOf(*image);
-    for (int i = 0; i < 30; ++i) {
-      RunRandomCommand(dice, *image, model);
-    }
-    ASSERT_NE(*image, before);
-    test_seams.answers = {Answer::kYes};
-    ASSERT_TRUE(CancelMemoryList(*image, *working_copy));
-    EXPECT_EQ(*image, before);
-  }
-}
-
 // Whatever a file holds: no command leaves the buffer or comes to no end.
 TEST(MemoryListProperty, EveryCommandStandsEveryHostileImage) {
   for (unsigned seed = 1; seed <= 60; ++seed) {

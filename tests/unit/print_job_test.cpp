@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {

@@ -7,10 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "core/files/messages.h"
 #include "core/files/new_document.h"
+#include "core/files/seams.h"
 #include "core/image/channel_record.h"
 #include "core/image/settings_map.h"
+#include "tests/unit/failing_new.h"
 #include "tests/unit/plain_numbers.h"
 #include "tests/unit/seams.h"
 
@@ -123,18 +124,19 @@ TEST(PrintTextBuffer, StoresLengthCharactersAndAZero) {
   AppendLine(text, "");
   FinishPrintText(text);
   const std::vector<std::uint8_t> expected = {2, 0, 'a', 'b', 0, 0, 0, 0, 0xFF, 0xFF};
-  EXPECT_EQ(expected, text.block);
+  EXPECT_EQ(expected, std::vector(text.block.get(), text.block.get() + text.used));
+  EXPECT_EQ(10U, text.size);
   EXPECT_EQ((std::vector<std::string>{"ab", ""}), PrintLines(text));
 }
 
 TEST(PrintTextBuffer, StartsAt5000BytesAndGrowsBy2500) {
   PrintText text = StartPrintText();
-  EXPECT_EQ(5000U, text.block.size());
+  EXPECT_EQ(5000U, text.size);
   AppendLine(text, std::string(2496, 'a'));
   AppendLine(text, std::string(2496, 'a'));
-  EXPECT_EQ(5000U, text.block.size());
+  EXPECT_EQ(5000U, text.size);
   AppendLine(text, "");
-  EXPECT_EQ(7500U, text.block.size());
+  EXPECT_EQ(7500U, text.size);
 }
 
 TEST(PrintTextBuffer, KeepsFewerThan100SpareBytesAtTheEnd) {
@@ -142,12 +144,12 @@ TEST(PrintTextBuffer, KeepsFewerThan100SpareBytesAtTheEnd) {
   AppendLine(text, std::string(2496, 'a'));
   AppendLine(text, std::string(2397, 'a'));
   FinishPrintText(text);
-  EXPECT_EQ(99U, text.block.size() - text.used);
+  EXPECT_EQ(99U, text.size - text.used);
   PrintText shorter = StartPrintText();
   AppendLine(shorter, std::string(2496, 'a'));
   AppendLine(shorter, std::string(2396, 'a'));
   FinishPrintText(shorter);
-  EXPECT_EQ(shorter.used, shorter.block.size());
+  EXPECT_EQ(shorter.used, shorter.size);
 }
 
 TEST(PrintTextBuffer, RefusesALineOf2497Characters) {
@@ -156,7 +158,7 @@ TEST(PrintTextBuffer, RefusesALineOf2497Characters) {
   EXPECT_FALSE(text.discarded);
   AppendLine(text, std::string(2497, 'a'));
   EXPECT_TRUE(text.discarded);
-  EXPECT_TRUE(text.block.empty());
+  EXPECT_EQ(nullptr, text.block);
 }
 
 TEST(PrintTextBuffer, IsDiscardedWhenItWouldReach60000Bytes) {
@@ -165,7 +167,7 @@ TEST(PrintTextBuffer, IsDiscardedWhenItWouldReach60000Bytes) {
   for (int i = 0; i < 23; ++i) {
     AppendLine(text, std::string(2496, 'a'));
   }
-  EXPECT_EQ(57'500U, text.block.size());
+  EXPECT_EQ(57'500U, text.size);
   EXPECT_FALSE(text.discarded);
   AppendLine(text, std::string(2496, 'a'));
   EXPECT_TRUE(text.discarded);
@@ -188,6 +190,40 @@ TEST(Listing, ThatWasDiscardedSaysOutOfMemory) {
   EXPECT_EQ("Out of memory", test_seams.messages[0].text);
   EXPECT_EQ(kProgramTitle, test_seams.messages[0].caption);
   EXPECT_EQ(Icon::kStop, test_seams.messages[0].icon);
+}
+
+// No memory from now on, until the end of the test.
+class WithoutMemory : public testing::Test {
+ protected:
+  ~WithoutMemory() override { nothrow_new_fails = false; }
+};
+
+TEST_F(WithoutMemory, AListingIsDiscardedAndSaysSo) {
+  const auto image = EmptyDocument();
+  PrintText text;
+  nothrow_new_fails = true;
+  EXPECT_FALSE(BuildPrintText(*image, "A", DtmfDisplay::kSymbols, test_region, text));
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Out of memory"});
+  EXPECT_TRUE(text.discarded);
+}
+
+TEST_F(WithoutMemory, AListIsDiscardedWhenItHasToGrow) {
+  PrintText text = StartPrintText();
+  nothrow_new_fails = true;
+  AppendLine(text, std::string(2496, 'a'));
+  AppendLine(text, std::string(2496, 'a'));
+  EXPECT_FALSE(text.discarded);
+  AppendLine(text, "");
+  EXPECT_TRUE(text.discarded);
+  EXPECT_TRUE(PrintLines(text).empty());
+}
+
+TEST_F(WithoutMemory, AListIsDiscardedWhenItIsCutToItsSize) {
+  PrintText text = StartPrintText();
+  AppendLine(text, "a");
+  nothrow_new_fails = true;
+  FinishPrintText(text);
+  EXPECT_TRUE(text.discarded);
 }
 
 }  // namespace

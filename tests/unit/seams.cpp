@@ -2,9 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include "core/files/profile.h"
-#include "core/link/port_setup.h"
-
 namespace qz7 {
 
 TestSeams test_seams;

@@ -9,8 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/files/file_boxes.h"
-#include "core/files/messages.h"
+#include "core/files/seams.h"
 #include "core/image/clone_image.h"
 
 namespace qz7 {

@@ -40,9 +40,7 @@ std::unique_ptr<CloneImage> SettledImage() {
 
 CloneImage Converted(const CloneImage& image) {
   CloneImage converted = image;
-  auto working_copy = MakePatternImage();
-  ConvertChannelsForVariant(converted, *working_copy, test_region);
-  EXPECT_EQ(converted, *working_copy);
+  ConvertChannelsForVariant(converted, test_region);
   return converted;
 }
 
@@ -70,15 +68,6 @@ TEST(VariantConversion, IsNeededWhereTheVersionIsNotTheRegion) {
 TEST(VariantConversion, LeavesASettledImageAlone) {
   const auto image = SettledImage();
   EXPECT_EQ(DifferingOffsets(*image, Converted(*image)), std::vector<std::size_t>{});
-}
-
-TEST(VariantConversion, StartsFromTheImageWhateverTheWorkingCopyHolds) {
-  auto image = SettledImage();
-  auto working_copy = MakeImage();
-  const CloneImage before = *image;
-  ConvertChannelsForVariant(*image, *working_copy, test_region);
-  EXPECT_EQ(*image, before);
-  EXPECT_EQ(*working_copy, before);
 }
 
 TEST(VariantConversion, MovesASlotOutsideItsBandToTheBandsDefault) {

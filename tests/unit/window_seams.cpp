@@ -1,4 +1,3 @@
-#include "core/files/document.h"
 #include "tests/unit/seams.h"
 
 // The main window of the unit tests: it remembers what it was told, and its controls are a script.

@@ -1,0 +1,67 @@
+#include "desktop/version_texts.h"
+
+#include <windows.h>
+
+#include <cstdio>
+#include <vector>
+
+namespace qz7 {
+namespace {
+
+// Empty without a record.
+std::vector<char> ReadRecord(const std::string& path) {
+  DWORD ignored = 0;
+  std::vector<char> record(GetFileVersionInfoSizeA(path.c_str(), &ignored));
+  if (!record.empty() &&
+      !GetFileVersionInfoA(path.c_str(), 0, static_cast<DWORD>(record.size()), record.data())) {
+    record.clear();
+  }
+  return record;
+}
+
+// Eight hexadecimal digits. The translation's language and code page are stored the other way round
+// than a path names them.
+std::string TranslationOf(const std::vector<char>& record) {
+  void* value = nullptr;
+  UINT size = 0;
+  if (record.empty() ||
+      !VerQueryValueA(record.data(), "\\VarFileInfo\\Translation", &value, &size) ||
+      size < 2 * sizeof(WORD)) {
+    return "";
+  }
+  const WORD* words = static_cast<const WORD*>(value);
+  char digits[9] = "";
+  std::snprintf(digits, sizeof digits, "%04x%04x", words[0], words[1]);
+  return digits;
+}
+
+std::string ValueOf(const std::vector<char>& record, const std::string& translation,
+                    const char* name) {
+  const std::string path = "\\StringFileInfo\\" + translation + "\\" + name;
+  void* value = nullptr;
+  UINT size = 0;
+  if (!VerQueryValueA(record.data(), path.c_str(), &value, &size) || size == 0) {
+    return "";
+  }
+  return static_cast<const char*>(value);
+}
+
+}  // namespace
+
+std::optional<VersionTexts> ReadVersionTexts(const std::string& path) {
+  const std::vector<char> record = ReadRecord(path);
+  const std::string translation = TranslationOf(record);
+  if (translation.empty()) {
+    return std::nullopt;
+  }
+  const auto value = [&](const char* name) { return ValueOf(record, translation, name); };
+  return VersionTexts{.description = value("FileDescription"),
+                      .version = value("FileVersion"),
+                      .legal = value("LegalCopyRight"),
+                      .company = value("CompanyName"),
+                      .address = value("Address"),
+                      .support = value("Support"),
+                      .special_build = value("SpecialBuild")};
+}
+
+}  // namespace qz7

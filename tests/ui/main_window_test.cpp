@@ -1,0 +1,90 @@
+#include "desktop/main_window.h"
+
+#include "desktop/commands.h"
+#include "resources/control_ids.h"
+#include "tests/ui/window_fixture.h"
+
+// A second start brings the first one to the front, from behind another window.
+namespace qz7 {
+namespace {
+
+int main_activations = 0;
+
+LRESULT CALLBACK CountActivations(int code, WPARAM w, LPARAM l) {
+  const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(l);
+  if (code == HC_ACTION && sent.hwnd == app.main_window && sent.message == WM_ACTIVATE &&
+      LOWORD(sent.wParam) != WA_INACTIVE) {
+    ++main_activations;
+  }
+  return CallNextHookEx(nullptr, code, w, l);
+}
+
+class BringingToFront : public WindowTest {
+ protected:
+  ~BringingToFront() override { DestroyWindow(other_); }
+
+  // What a second start does once another window is in front.
+  void BringMainWindowToFront() {
+    SetForegroundWindow(other_);
+    ASSERT_EQ(GetActiveWindow(), other_);
+    const HHOOK hook =
+        SetWindowsHookExA(WH_CALLWNDPROC, CountActivations, nullptr, GetCurrentThreadId());
+    main_activations = 0;
+    BringToFront(app.main_window);
+    UnhookWindowsHookEx(hook);
+  }
+
+ private:
+  HWND other_ = CreateWindowExA(0, "STATIC", "other", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50, nullptr,
+                                nullptr, nullptr, nullptr);
+};
+
+TEST_F(BringingToFront, ActivatesTheMainWindowWhereNothingElseIsOpen) {
+  BringMainWindowToFront();
+  EXPECT_EQ(GetActiveWindow(), app.main_window);
+  EXPECT_EQ(main_activations, 1);
+}
+
+TEST_F(BringingToFront, GivesTheKeyboardToTheDialogAndNeverToTheDisabledMainWindow) {
+  const DialogScript script([this](HWND dialog) {
+    BringMainWindowToFront();
+    EXPECT_EQ(GetActiveWindow(), dialog);
+    EXPECT_TRUE(IsChild(dialog, GetFocus()));
+    EXPECT_EQ(main_activations, 0);
+    Press(dialog, IDCANCEL);
+  });
+  RunCommand(CM_PREFERENCES);
+}
+
+TEST_F(BringingToFront, FindsTheDialogAlsoWhenTheDisabledMainWindowWasTheLastActive) {
+  const DialogScript script([this](HWND dialog) {
+    SetForegroundWindow(app.main_window);
+    BringMainWindowToFront();
+    EXPECT_EQ(GetActiveWindow(), dialog);
+    EXPECT_EQ(main_activations, 0);
+    Press(dialog, IDCANCEL);
+  });
+  RunCommand(CM_PREFERENCES);
+}
+
+TEST_F(BringingToFront, RestoresAMinimizedMainWindow) {
+  ShowWindow(app.main_window, SW_MINIMIZE);
+  BringMainWindowToFront();
+  EXPECT_FALSE(IsIconic(app.main_window));
+  EXPECT_EQ(GetActiveWindow(), app.main_window);
+}
+
+TEST_F(BringingToFront, RestoresAMinimizedMainWindowWithADialogWithoutActivatingIt) {
+  const DialogScript script([this](HWND dialog) {
+    ShowWindow(app.main_window, SW_MINIMIZE);
+    BringMainWindowToFront();
+    EXPECT_FALSE(IsIconic(app.main_window));
+    EXPECT_EQ(GetActiveWindow(), dialog);
+    EXPECT_EQ(main_activations, 0);
+    Press(dialog, IDCANCEL);
+  });
+  RunCommand(CM_PREFERENCES);
+}
+
+}  // namespace
+}  // namespace qz7

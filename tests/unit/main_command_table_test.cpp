@@ -1,0 +1,65 @@
+#include <gtest/gtest.h>
+
+#include <memory>
+
+#include "desktop/command_table.h"
+#include "tests/unit/seams.h"
+
+namespace qz7 {
+namespace {
+
+// The commands that ran, each with whether the controls had been collected by then.
+struct RanCommand {
+  int id;
+  bool collected;
+  bool operator==(const RanCommand&) const = default;
+};
+std::vector<RanCommand> runs;
+bool collected = false;
+
+void Record(int id) { runs.push_back({id, collected}); }
+
+constexpr Command kTestCommands[] = {
+    {7, false, Record},
+    {8, true, Record},
+    {20, true, Record, 3},
+};
+
+class CommandTable : public testing::Test {
+ protected:
+  CommandTable() {
+    runs.clear();
+    collected = false;
+    test_seams.controls = [](CloneImage&) { collected = true; };
+  }
+  bool RunId(int id) { return RunCommand(kTestCommands, *document, id); }
+  std::unique_ptr<Document> document = std::make_unique<Document>();
+};
+
+TEST_F(CommandTable, CollectsTheMainDialogBeforeACommandThatWantsIt) {
+  EXPECT_TRUE(RunId(8));
+  EXPECT_EQ(runs, (std::vector<RanCommand>{{8, true}}));
+}
+
+TEST_F(CommandTable, LeavesTheMainDialogAloneForTheOthers) {
+  EXPECT_TRUE(RunId(7));
+  EXPECT_EQ(runs, (std::vector<RanCommand>{{7, false}}));
+}
+
+TEST_F(CommandTable, TellsAFunctionOfSeveralCommandsWhichOneItIs) {
+  for (const int id : {20, 21, 22}) {
+    EXPECT_TRUE(RunId(id));
+  }
+  EXPECT_EQ(runs, (std::vector<RanCommand>{{20, true}, {21, true}, {22, true}}));
+}
+
+TEST_F(CommandTable, DoesNothingForAnIdThatIsNone) {
+  for (const int id : {0, 6, 9, 19, 23}) {
+    EXPECT_FALSE(RunId(id)) << id;
+  }
+  EXPECT_TRUE(runs.empty());
+  EXPECT_FALSE(collected);
+}
+
+}  // namespace
+}  // namespace qz7
