@@ -18,4 +18,4 @@ def one_line(text):
 
 def pattern_of(text):
     """What a program shows that is explained by this text."""
-    return ".+".join(re.escape(part) for part in re.split("%[sd]", text))
+    return ".*".join(re.escape(part) for part in re.split(" ?%[sd]", text))

