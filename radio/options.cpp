@@ -1,7 +1,6 @@
 #include "radio/options.h"
 
-#include <getopt.h>
-
+#include <CLI/CLI.hpp>
 #include <charconv>
 #include <cstdint>
 #include <cstdio>
@@ -16,7 +15,7 @@ constexpr char kUsage[] =
     "usage: qz7radio [--image FILE] [--link PATH] [--speed wire|fast]\n"
     "                [--fault KIND[@POS]]... [--seed N] send|receive|serve\n";
 
-constexpr char kHelp[] =
+constexpr char kExplanation[] =
     "\n"
     "Plays the radio at the other end of the cable, on a pseudo-terminal whose name\n"
     "is the first line on standard output. How each exchange went, and at the end\n"
@@ -25,18 +24,9 @@ constexpr char kHelp[] =
     "  send           sends its memory when a program opens the terminal and listens;\n"
     "                 ends after the first exchange that the program accepts\n"
     "  receive        takes one memory from the program, stores it in FILE and ends\n"
-    "  serve          does either again and again until it is ended by a signal\n"
-    "\n"
-    "  --image FILE   the radio's memory: 8122 bytes, or a radio data file of 21282\n"
-    "                 bytes (send only); without it the radio has one of its own\n"
-    "  --link PATH    makes a symbolic link to the terminal, for as long as it lives\n"
-    "  --speed wire   9600 baud, 11 bits a byte, in both directions (if not told)\n"
-    "  --speed fast   as fast as it goes\n"
-    "  --fault KIND   plays a fault in the first exchange; may be given repeatedly\n"
-    "  --seed N       chooses the faults of \"random\" [1]\n"
-    "  --help         shows this text\n"
-    "  --version      shows the version\n"
-    "\n"
+    "  serve          does either again and again until it is ended by a signal\n";
+
+constexpr char kFaults[] =
     "Faults; POS counts from 0 the bytes that the radio sends, or that it receives,\n"
     "up to the checksum (8122); [N] is where it happens without POS:\n";
 
@@ -45,100 +35,115 @@ constexpr char kHelpEnd[] =
     "                 same of send, receive and serve, means the same faults\n"
     "\n"
     "Exit status: 0 done, 1 no exchange came about, 2 wrong usage or a FILE or PATH\n"
-    "that cannot be used.\n";
+    "that cannot be used.";
 
-enum LongOption : int { kImage = 1000, kLink, kSpeed, kFault, kSeed, kHelpOption, kVersion };
-
-constexpr option kLongOptions[] = {
-    {"image", required_argument, nullptr, kImage}, {"link", required_argument, nullptr, kLink},
-    {"speed", required_argument, nullptr, kSpeed}, {"fault", required_argument, nullptr, kFault},
-    {"seed", required_argument, nullptr, kSeed},   {"help", no_argument, nullptr, kHelpOption},
-    {"version", no_argument, nullptr, kVersion},   {nullptr, 0, nullptr, 0},
-};
+constexpr std::size_t kNameWidth = 17;
 
 // What was read so far. "random" waits until mode and seed are known.
 struct Reading {
   Options options;
   std::uint64_t seed = 1;
   int random_faults = 0;
-  std::string wrong;  // empty: nothing yet
 };
 
-void ReadSpeed(std::string_view text, Reading& reading) {
-  if (text == "wire" || text == "fast") {
-    reading.options.wire_speed = text == "wire";
-  } else {
-    reading.wrong = "the speed is wire or fast: " + std::string(text);
+// The usage stands above the explanation, in the description.
+class HelpText : public CLI::Formatter {
+ public:
+  HelpText() { column_width(kNameWidth); }
+  std::string make_usage(const CLI::App* /*app*/, std::string /*name*/) const override {
+    return "";
+  }
+};
+
+void ReadSpeed(const std::string& text, Reading& reading) {
+  if (text != "wire" && text != "fast") {
+    throw CLI::ValidationError("the speed is wire or fast: " + text);
+  }
+  reading.options.wire_speed = text == "wire";
+}
+
+void ReadFaults(const std::vector<std::string>& texts, Reading& reading) {
+  for (const std::string& text : texts) {
+    std::string wrong;
+    if (text == "random") {
+      ++reading.random_faults;
+    } else if (const auto fault = ParseFault(text, wrong)) {
+      reading.options.faults.push_back(*fault);
+    } else {
+      throw CLI::ValidationError(wrong);
+    }
   }
 }
 
-void ReadFault(std::string_view text, Reading& reading) {
-  if (text == "random") {
-    ++reading.random_faults;
-  } else if (const auto fault = ParseFault(text, reading.wrong)) {
-    reading.options.faults.push_back(*fault);
-  }
-}
-
+// Decimal digits only: a conversion of the library's own would take "010" for eight.
 void ReadSeed(std::string_view text, Reading& reading) {
   const char* end = text.data() + text.size();
   const auto [stop, error] = std::from_chars(text.data(), end, reading.seed);
   if (error != std::errc() || stop != end) {
-    reading.wrong = "the seed is a number from 0 up: " + std::string(text);
+    throw CLI::ValidationError("the seed is a number from 0 up: " + std::string(text));
   }
 }
 
-void ReadPath(std::string_view text, std::string_view option, std::string& path, Reading& reading) {
-  path = text;
-  if (path.empty()) {
-    reading.wrong = std::string(option) + " needs a name";
-  }
-}
-
-void ReadMode(int count, char** words, Reading& reading) {
-  const std::string_view word = count > 0 ? words[0] : "";
-  if (count == 0) {
-    reading.wrong = "say what the radio does: send, receive or serve";
-  } else if (count > 1) {
-    reading.wrong = "too many words: " + std::string(words[1]);
-  } else if (word == "send") {
+void ReadMode(const std::string& word, Reading& reading) {
+  if (word == "send") {
     reading.options.mode = Mode::kSend;
   } else if (word == "receive") {
     reading.options.mode = Mode::kReceive;
   } else if (word == "serve") {
     reading.options.mode = Mode::kServe;
   } else {
-    reading.wrong = "the radio knows send, receive and serve: " + std::string(word);
+    throw CLI::ValidationError("the radio knows send, receive and serve: " + word);
   }
 }
 
-void ReadOption(int found, const char* word, Reading& reading) {
-  switch (found) {
-    case kImage:
-      ReadPath(optarg, "--image", reading.options.image, reading);
-      break;
-    case kLink:
-      ReadPath(optarg, "--link", reading.options.link, reading);
-      break;
-    case kSpeed:
-      ReadSpeed(optarg, reading);
-      break;
-    case kFault:
-      ReadFault(optarg, reading);
-      break;
-    case kSeed:
-      ReadSeed(optarg, reading);
-      break;
-    case ':':
-      reading.wrong = std::string(word) + " needs a value";
-      break;
-    default: {
-      const bool is_letter = optopt > 0 && optopt < kImage;
-      const std::string letter = {'-', static_cast<char>(optopt)};
-      reading.wrong = "unknown option: " + (is_letter ? letter : std::string(word));
-      break;
-    }
-  }
+void AddPath(CLI::App& program, const std::string& name, const std::string& value,
+             const std::string& help, std::string& path) {
+  program
+      .add_option_function<std::string>(
+          name,
+          [name, &path](const std::string& text) {
+            if (text.empty()) {
+              throw CLI::ValidationError(name + " needs a name");
+            }
+            path = text;
+          },
+          help)
+      ->option_text(value);
+}
+
+void AddOptions(CLI::App& program, Reading& reading) {
+  // The last one told counts; faults add up.
+  program.option_defaults()->multi_option_policy(CLI::MultiOptionPolicy::TakeLast);
+  AddPath(program, "--image", "FILE",
+          "the radio's memory: 8122 bytes, or a radio data file of 21282\n"
+          "bytes (send only); without it the radio has one of its own",
+          reading.options.image);
+  AddPath(program, "--link", "PATH",
+          "makes a symbolic link to the terminal, for as long as it lives", reading.options.link);
+  program
+      .add_option_function<std::string>(
+          "--speed", [&reading](const std::string& text) { ReadSpeed(text, reading); },
+          "wire: 9600 baud, 11 bits a byte, in both directions (if not\n"
+          "told); fast: as fast as it goes")
+      ->option_text("SPEED");
+  program
+      .add_option_function<std::vector<std::string>>(
+          "--fault",
+          [&reading](const std::vector<std::string>& texts) { ReadFaults(texts, reading); },
+          "plays a fault in the first exchange; may be given repeatedly")
+      ->option_text("KIND")
+      ->allow_extra_args(false)
+      ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+  program
+      .add_option_function<std::string>(
+          "--seed", [&reading](const std::string& text) { ReadSeed(text, reading); },
+          "chooses the faults of \"random\" [1]")
+      ->option_text("N");
+  program
+      .add_option_function<std::string>(
+          "MODE", [&reading](const std::string& word) { ReadMode(word, reading); })
+      ->multi_option_policy(CLI::MultiOptionPolicy::Throw)
+      ->group("");  // the explanation tells it
 }
 
 void ChooseRandomFaults(Reading& reading) {
@@ -151,33 +156,33 @@ void ChooseRandomFaults(Reading& reading) {
   }
 }
 
+// Help goes to standard output; what is wrong with the call, and the usage, to standard error.
+int Explain(const CLI::App& program, const CLI::ParseError& error) {
+  if (error.get_exit_code() == 0) {
+    return program.exit(error);
+  }
+  Note(error.what());
+  std::fputs(kUsage, stderr);
+  return kExitWrongUsage;
+}
+
 }  // namespace
 
 std::optional<Options> ReadOptions(int argc, char** argv, int& status) {
   Reading reading;
-  opterr = 0;
-  int found = 0;
-  while (reading.wrong.empty() &&
-         (found = getopt_long(argc, argv, ":", kLongOptions, nullptr)) != -1) {
-    if (found == kHelpOption) {
-      std::fputs((std::string(kUsage) + kHelp + FaultHelp() + kHelpEnd).c_str(), stdout);
-      status = kExitDone;
-      return std::nullopt;
+  CLI::App program(std::string(kUsage) + kExplanation, "qz7radio");
+  program.formatter(std::make_shared<HelpText>());
+  program.set_help_flag("--help", "shows this text");
+  program.set_version_flag("--version", "qz7radio " QZ7RADIO_VERSION, "shows the version");
+  program.footer(kFaults + FaultHelp() + kHelpEnd);
+  AddOptions(program, reading);
+  try {
+    program.parse(argc, argv);
+    if (program.get_option("MODE")->empty()) {
+      throw CLI::ValidationError("say what the radio does: send, receive or serve");
     }
-    if (found == kVersion) {
-      std::puts("qz7radio " QZ7RADIO_VERSION);
-      status = kExitDone;
-      return std::nullopt;
-    }
-    ReadOption(found, argv[optind - 1], reading);
-  }
-  if (reading.wrong.empty()) {
-    ReadMode(argc - optind, argv + optind, reading);
-  }
-  if (!reading.wrong.empty()) {
-    Note(reading.wrong);
-    std::fputs(kUsage, stderr);
-    status = kExitWrongUsage;
+  } catch (const CLI::ParseError& error) {
+    status = Explain(program, error);
     return std::nullopt;
   }
   ChooseRandomFaults(reading);

@@ -4,20 +4,15 @@
 HELP_FOLDER is where the build writes qz7.html, qz7.hlp and the manual pages; PROGRAMS_FOLDER is
 where qz7ctl and qz7radio of this machine are. Without it their options are not compared.
 """
-import importlib.util
-import os
 import sys
 import unittest
 
 import support
 
-SYSTEM_PYTHON = "/usr/bin/python3"  # has the distribution's packages where another comes first
-
 if __name__ == "__main__":
     if len(sys.argv) not in (2, 3):
         sys.exit(__doc__)
-    if not importlib.util.find_spec("markdown_it") and sys.executable != SYSTEM_PYTHON:
-        os.execv(SYSTEM_PYTHON, [SYSTEM_PYTHON, *sys.argv])
+    support.reexecute_with_packages()
     support.built["help"] = sys.argv[1]
     support.built["programs"] = sys.argv[2] if len(sys.argv) == 3 else None
     suite = unittest.defaultTestLoader.discover(support.HERE, pattern="*_test.py")

@@ -1,5 +1,6 @@
 """What the tests of the help share: the places, the topics, the page taken apart."""
 import functools
+import importlib.util
 import os
 import re
 import sys
@@ -10,6 +11,14 @@ HERE = os.path.dirname(os.path.abspath(__file__))
 TOP = os.path.dirname(os.path.dirname(HERE))
 HELP = os.path.join(TOP, "help")
 sys.path.insert(0, os.path.join(TOP, "tools", "help"))
+
+SYSTEM_PYTHON = "/usr/bin/python3"  # has the distribution's packages where another comes first
+
+
+def reexecute_with_packages():
+    if not importlib.util.find_spec("markdown_it") and sys.executable != SYSTEM_PYTHON:
+        os.execv(SYSTEM_PYTHON, [SYSTEM_PYTHON, *sys.argv])
+
 
 # Filled by help_test.py from its arguments.
 built = {"help": None, "programs": None}
@@ -26,13 +35,10 @@ def read_built(name):
 
 
 def sources(*folders):
-    """The C++ files of folders as paths from the top."""
-    found = []
-    for folder in folders:
-        for name in sorted(os.listdir(os.path.join(TOP, folder))):
-            if name.endswith((".cpp", ".h")):
-                found.append(f"{folder}/{name}")
-    return found
+    """The C++ files below folders as paths from the top."""
+    return [os.path.relpath(os.path.join(root, name), TOP) for folder in folders
+            for root, _, names in sorted(os.walk(os.path.join(TOP, folder)))
+            for name in sorted(names) if name.endswith((".cpp", ".h"))]
 
 
 @functools.cache

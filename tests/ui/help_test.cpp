@@ -11,6 +11,7 @@
 #include "desktop/toolkit/help_viewer.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
+#include "tests/unit/seams.h"
 
 namespace qz7 {
 namespace {
@@ -41,6 +42,9 @@ bool HasHelpOnHelp() { return has_help_on_help; }
 void AskHelpViewer(const std::string& file, UINT command, ULONG_PTR data) {
   // The text of a search is looked at while it is there.
   const bool text = command == HELP_PARTIALKEY;
+  if (command == HELP_CONTEXT) {
+    Record("context", std::to_string(data));
+  }
   asked.push_back({file, command, text ? *reinterpret_cast<const char*>(data) : data});
 }
 

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -8,6 +7,7 @@
 #include "desktop/app_state.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
+#include "tests/unit/samples.h"
 
 // What the tests of the import and merge windows share.
 namespace qz7 {
@@ -37,9 +37,7 @@ class InterchangeWindowTest : public WindowTest {
 };
 
 // A list of the program's samples.
-inline Bytes Sample(const std::string& name) {
-  return FileBytes((std::filesystem::path(QZ7_SAMPLES) / name).string());
-}
+inline Bytes Sample(const std::string& name) { return FileBytes(SamplePath(name)); }
 
 inline std::vector<std::string> RowsOf(HWND dialog, int list) {
   std::vector<std::string> rows;

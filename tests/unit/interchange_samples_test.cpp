@@ -1,11 +1,11 @@
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <string>
 #include <vector>
 
 #include "core/interchange/import.h"
 #include "tests/unit/interchange_fixture.h"
+#include "tests/unit/samples.h"
 #include "tests/unit/seams.h"
 #include "tests/unit/temp_folder.h"
 
@@ -15,9 +15,7 @@ namespace {
 
 using namespace interchange_fixture;
 
-Bytes Sample(const char* name) {
-  return FileBytes((std::filesystem::path(QZ7_SAMPLES) / name).string());
-}
+Bytes Sample(const char* name) { return FileBytes(SamplePath(name)); }
 
 class Samples : public testing::Test {
  protected:

@@ -2,12 +2,24 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cstdlib>
+#include <fstream>
+
 namespace qz7 {
 
 TestSeams test_seams;
 
+void Record(const std::string& kind, std::string text) {
+  if (const char* path = std::getenv("QZ7_RECORD")) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    std::ofstream(path, std::ios::app) << kind << ' ' << text << '\n';
+  }
+}
+
 Answer ShowMessage(const std::string& text, const std::string& caption, Buttons buttons,
                    Icon icon) {
+  Record("message", text);
   test_seams.messages.push_back({text, caption, buttons, icon});
   if (test_seams.answers.empty()) {
     if (test_seams.answer) {
@@ -90,6 +102,9 @@ class FreshSeams : public testing::EmptyTestEventListener {
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
+  if (const char* path = std::getenv("QZ7_RECORD")) {
+    std::ofstream(path, std::ios::trunc);
+  }
   testing::UnitTest::GetInstance()->listeners().Append(new qz7::FreshSeams);
   return RUN_ALL_TESTS();
 }

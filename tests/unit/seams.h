@@ -52,6 +52,10 @@ struct TestSeams {
 };
 extern TestSeams test_seams;
 
+// Adds a line to the file that QZ7_RECORD names, if it does: what the user was shown in the whole
+// run. The help's tests compare it with the help.
+void Record(const std::string& kind, std::string text);
+
 // The texts of all messages shown so far.
 std::vector<std::string> ShownTexts();
 
