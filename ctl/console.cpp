@@ -9,7 +9,6 @@
 namespace qz7 {
 namespace {
 
-int link_errors = 0;
 bool answer_yes = false;
 std::string last_message;
 
@@ -17,13 +16,12 @@ std::string last_message;
 
 // Messages go to standard error, and every question gets its safe answer: nothing is changed, an
 // exchange is given up. A message that repeats itself, as that of a vanished port, is shown once.
-Answer ShowMessage(const std::string& text, const std::string& caption, Buttons buttons,
+Answer ShowMessage(const std::string& text, const std::string& /*caption*/, Buttons buttons,
                    Icon /*icon*/) {
   if (text != last_message) {
     PrintError(text);
   }
   last_message = text;
-  link_errors += caption == "Communications Error" ? 1 : 0;
   switch (buttons) {
     case Buttons::kOk:
       return Answer::kOk;
@@ -37,8 +35,6 @@ Answer ShowMessage(const std::string& text, const std::string& caption, Buttons 
 std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }
 
 void AnswerYes() { answer_yes = true; }
-
-int LinkErrorsShown() { return link_errors; }
 
 std::string Utf8(std::string_view text) {
   std::string utf8;

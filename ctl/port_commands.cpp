@@ -172,7 +172,7 @@ int DryRunCommand(const WriteOptions& options, const std::string& file) {
   PrintLine("document: " + file + ", " + std::to_string(CountProgrammedChannels(image)) +
             " programmed memory channels");
   PrintLine("template: " + options.template_file + ", whose radio identity would be sent");
-  PrintLine("would be sent: " + std::to_string(kCloneSize + 1) + " bytes, a header of " +
+  PrintLine("would be sent: " + std::to_string(kRadioBlock.size + 1) + " bytes, a header of " +
             std::to_string(kCloneHeaderSize) + ", " + std::to_string(kCloneBlockCount) +
             " blocks of " + std::to_string(kCloneBlockSize) + " and a checksum");
   return kDone;

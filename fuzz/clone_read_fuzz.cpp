@@ -31,7 +31,7 @@ void PlayEvent(FuzzInput& input, CloneRead& read, MemoryLine& line) {
       SendBlockOf(line, input.Byte(), 16 * (1 + input.Byte()));
       break;
     case 4:
-      SendBlockOf(line, 0x00, static_cast<int>(kCloneSize));
+      SendBlockOf(line, 0x00, static_cast<int>(kRadioBlock.size));
       break;
     case 5:
       line.line_errors = input.Byte();
@@ -70,11 +70,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr std::size_t kMostEvents = 400;
   fuzz_answers.clear();
   FuzzInput input(data, std::min(size, kMostEvents));
-  std::vector<std::uint8_t> memory(kCloneSize + 2 * kGuard, kGuardByte);
+  std::vector<std::uint8_t> memory(kRadioBlock.size + 2 * kGuard, kGuardByte);
   MemoryLine line;
   line.Open("fuzz");
   CloneRead read;
-  BeginCloneRead(read, line, std::span(memory).subspan(kGuard, kCloneSize));
+  BeginCloneRead(read, line, std::span(memory).subspan(kGuard, kRadioBlock.size));
   while (!input.IsEmpty() && !read.ended) {
     PlayEvent(input, read, line);
   }

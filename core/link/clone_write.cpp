@@ -12,7 +12,7 @@
 namespace qz7 {
 namespace {
 
-constexpr int kSize = static_cast<int>(kCloneSize);
+constexpr int kSize = static_cast<int>(kRadioBlock.size);
 constexpr std::size_t kMarketVersion = 8;  // in the radio block
 constexpr std::uint8_t kJapaneseVersion = 1;
 
@@ -36,7 +36,7 @@ bool StepWaitEcho(CloneWrite& write, SerialPort& port) {
   while (write.echo_received < write.echo_expected) {
     std::array<std::uint8_t, 256> scratch;
     const auto missing = static_cast<std::size_t>(write.echo_expected - write.echo_received);
-    const std::size_t count = port.Read(std::span(scratch).first(missing));
+    const std::size_t count = ReadArrived(write, port, std::span(scratch).first(missing));
     if (count == 0) {
       return false;
     }
@@ -45,21 +45,16 @@ bool StepWaitEcho(CloneWrite& write, SerialPort& port) {
   write.phase = CloneWrite::kBlockEchoed;
   write.bytes_confirmed += write.echo_received;
   write.echo_received = 0;
-  ShowExchangeProgress(write, write.bytes_confirmed);
+  SetProgress(write.meter, write.bytes_confirmed);
   return true;
 }
 
-void RefuseAnswer(CloneWrite& write, SerialPort& port) {
+void RefuseAnswer(CloneWrite& write) {
   write.response_countdown = 0;
   write.echo_received = 0;
   write.phase = CloneWrite::kIdle;
   write.blocks_sent = 0;
-  // Retry leaves the buttons disabled on purpose: the user can only cancel.
-  if (LinkErrorRetry(write, "Acknowledge Error")) {
-    RestartExchange(write, port);
-  } else {
-    EndExchange(write, -1);
-  }
+  AskForRetry(write, LinkError::kAcknowledge, "Acknowledge Error");
 }
 
 // The radio answers the header and the first block; its answer to the last one is consumed when it
@@ -71,9 +66,9 @@ bool StepBlockEchoed(CloneWrite& write, SerialPort& port) {
     return true;
   }
   std::array<std::uint8_t, 1> answer;
-  const bool answered = port.Read(answer) == 1;
+  const bool answered = ReadArrived(write, port, answer) == 1;
   if (answered && answer[0] != kAck) {
-    RefuseAnswer(write, port);
+    RefuseAnswer(write);
     return true;
   }
   if (last) {
@@ -92,8 +87,16 @@ bool StepFinished(CloneWrite& write, SerialPort& port) {
   return true;
 }
 
-void HandleNoResponse(CloneWrite& write, SerialPort& port) {
-  LinkErrorOk(write, "Timeout waiting for QZ-7 response");
+void AnswerAcknowledgeError(CloneWrite& write, SerialPort& port, bool retry) {
+  // Retry leaves the buttons disabled on purpose: the user can only cancel.
+  if (retry) {
+    RestartExchange(write, port);
+  } else {
+    EndExchange(write, -1);
+  }
+}
+
+void AnswerNoResponse(CloneWrite& write, SerialPort& port) {
   write.phase = CloneWrite::kIdle;
   write.blocks_sent = 0;
   write.can_start = true;
@@ -106,11 +109,10 @@ bool IsWaitingForRadio(const CloneWrite& write) {
 
 }  // namespace
 
-void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy,
-                     MeterSize meter) {
+void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy) {
   write = CloneWrite{};
-  write.block = std::span(working_copy).subspan(kRadioBlock.offset, kRadioBlock.size);
-  BeginProgress(write.meter, kSize, meter.width, meter.height);
+  write.block = RadioBlockOf(working_copy);
+  write.meter.total = kSize;
   MirrorOperatingChannel(working_copy);
   RestartExchange(write, port);
 }
@@ -154,8 +156,7 @@ void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& tem
     EndExchange(write, -1);
     return;
   }
-  MergeTemplate(write.block,
-                std::span(*template_image).subspan(kRadioBlock.offset, kRadioBlock.size));
+  MergeTemplate(write.block, RadioBlockOf(*template_image));
   write.can_start = false;
   port.Purge(Queues::kTransmit);
   ExpectEcho(write, WriteBytesOneByOne(port, write.block.first(kCloneHeaderSize)));
@@ -171,6 +172,9 @@ void MergeTemplate(std::span<std::uint8_t> block, std::span<const std::uint8_t> 
 }
 
 bool StepCloneWrite(CloneWrite& write, SerialPort& port) {
+  if (write.question) {
+    return false;
+  }
   switch (write.phase) {
     case CloneWrite::kSendBlock:
       return StepSendBlock(write, port);
@@ -192,21 +196,34 @@ std::size_t BytesAwaited(const CloneWrite& write) {
 }
 
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port) {
-  while (!write.ended && write.polling && write.phase != CloneWrite::kFinished &&
-         !port.HasFailed() && StepCloneWrite(write, port)) {
+  while (IsRunning(write, port) && write.phase != CloneWrite::kFinished &&
+         StepCloneWrite(write, port)) {
   }
 }
 
 void TickCloneWrite(CloneWrite& write, SerialPort& port) {
-  if (port.HasFailed()) {
+  if (!IsRunning(write, port)) {
     return;
   }
   if (write.phase == CloneWrite::kFinished) {
     EndExchange(write, 0);
-    return;
+  } else if (IsWaitingForRadio(write) && write.response_countdown == 0) {
+    AskForOk(write, LinkError::kNoResponse, "Timeout waiting for QZ-7 response");
+  } else {
+    NotifyCloneWrite(write, port);
   }
-  if (IsWaitingForRadio(write) && write.response_countdown == 0) {
-    HandleNoResponse(write, port);
+}
+
+void AnswerCloneWrite(CloneWrite& write, SerialPort& port, Answer answer) {
+  switch (TakeQuestion(write).value_or(LinkError::kFailedRead)) {
+    case LinkError::kAcknowledge:
+      AnswerAcknowledgeError(write, port, answer == Answer::kRetry);
+      break;
+    case LinkError::kNoResponse:
+      AnswerNoResponse(write, port);
+      break;
+    default:
+      break;
   }
   NotifyCloneWrite(write, port);
 }

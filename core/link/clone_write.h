@@ -26,8 +26,7 @@ inline constexpr int kResponseTicks = 10;
 
 // Opens the exchange on a working copy: refreshes its operating-channel mirror and waits for
 // StartCloneWrite. The working copy must outlive the exchange.
-void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy,
-                     MeterSize meter = {});
+void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy);
 
 // The user's OK: loads the template, refuses one of the Japanese version, merges it and sends the
 // header. Ignored unless the exchange is idle.
@@ -41,7 +40,8 @@ TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& t
 // 10 and 11 repeat its bytes 6 and 7, 12 and 13 are the template's.
 void MergeTemplate(std::span<std::uint8_t> block, std::span<const std::uint8_t> template_block);
 
-// One send step; true when the next step may find something to do.
+// One send step; true when the next step may find something to do. A step does nothing while a
+// question is open.
 bool StepCloneWrite(CloneWrite& write, SerialPort& port);
 
 // How many bytes the next step can use: a driver that can wait for so many need not wake for each.
@@ -53,6 +53,8 @@ std::size_t BytesAwaited(const CloneWrite& write);
 // for, and would run to a success that the radio knows nothing of. Only Cancel follows.
 void TickCloneWrite(CloneWrite& write, SerialPort& port);
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port);
+// The question's answer: the exchange goes on with what the answer says, then with its steps.
+void AnswerCloneWrite(CloneWrite& write, SerialPort& port, Answer answer);
 
 void CancelCloneWrite(CloneWrite& write);
 

@@ -11,7 +11,6 @@
 #include <chrono>
 #include <thread>
 
-#include "core/files/messages.h"
 #include "core/link/serial_port.h"
 
 namespace qz7 {
@@ -81,17 +80,17 @@ class PosixSerialPort final : public SerialPort {
 
   bool IsOpen() const override { return handle_ >= 0; }
 
-  std::size_t Read(std::span<std::uint8_t> buffer) override {
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
     const ssize_t count = read(handle_, buffer.data(), buffer.size());
     if (count > 0) {
       return static_cast<std::size_t>(count);
     }
     // Nothing there yet is EAGAIN; an end of file is a terminal that has gone away.
-    if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
-      failed_ = true;
-      ShowMessage("ERROR", "Read Error", Buttons::kOk, Icon::kNone);
+    if (count < 0 && (errno == EAGAIN || errno == EINTR)) {
+      return 0;
     }
-    return 0;
+    failed_ = true;
+    return std::nullopt;
   }
 
   std::size_t Write(std::span<const std::uint8_t> bytes) override {

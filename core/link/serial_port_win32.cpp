@@ -148,10 +148,10 @@ class Win32SerialPort final : public SerialPort {
 
   // Asks for what is there and no more: beside a wait for events, Wine keeps a read of an empty
   // queue waiting.
-  std::size_t Read(std::span<std::uint8_t> buffer) override {
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
     COMSTAT status{};
     if (!AskStatus(status)) {
-      return RefuseRead();
+      return FailedRead();
     }
     const auto size = static_cast<DWORD>(std::min<std::size_t>(buffer.size(), status.cbInQue));
     if (size == 0) {
@@ -161,10 +161,10 @@ class Win32SerialPort final : public SerialPort {
     DWORD count = 0;
     if (!ReadFile(handle_, buffer.data(), size, nullptr, &operation) &&
         GetLastError() != ERROR_IO_PENDING) {
-      return RefuseRead();
+      return FailedRead();
     }
     if (!GetOverlappedResult(handle_, &operation, &count, TRUE)) {
-      return RefuseRead();
+      return FailedRead();
     }
     return count;
   }
@@ -234,10 +234,9 @@ class Win32SerialPort final : public SerialPort {
     return operation;
   }
 
-  std::size_t RefuseRead() {
+  std::nullopt_t FailedRead() {
     failed_ = true;
-    ShowMessage("ERROR", "Read Error", Buttons::kOk, Icon::kNone);
-    return 0;
+    return std::nullopt;
   }
 
   // The queues' state. Asking clears the driver's line errors, so they are kept for LineErrors.

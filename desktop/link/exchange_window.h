@@ -6,6 +6,7 @@
 
 #include "core/link/exchange.h"
 #include "core/link/serial_port.h"
+#include "desktop/link/meter_bar.h"
 
 namespace qz7 {
 
@@ -14,14 +15,15 @@ namespace qz7 {
 struct ExchangeWindow {
   SerialPort& port;
   Exchange& exchange;
-  std::function<void()> begin;          // with the meter's size known
+  std::function<void()> begin;
   std::function<void()> tick;           // one tick of the timer
   std::function<void()> notify;         // bytes have come
+  std::function<void(Answer)> answer;   // of the question that a step has left
   std::function<void(HWND)> show = {};  // shows what the exchange allows now
   HWND dialog = nullptr;
   bool timer_runs = false;
-  int timed_count = 0;    // the meter's count when the timer was started
-  bool stepping = false;  // a step shows a message: its loop's ticks are not for us
+  int timed_count = 0;  // the meter's count when the timer was started
+  MeterBar shown_bar = {};
 };
 
 // Shows the dialog until the exchange has ended; 0 for success. The dialog's messages go through
@@ -34,7 +36,5 @@ void BeginExchangeDialog(HWND dialog, LPARAM state);
 bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l);
 // Runs something that changes the exchange, and lets the dialog follow.
 void ChangeExchange(ExchangeWindow& window, const std::function<void()>& change);
-
-MeterSize MeterSizeOf(HWND dialog);
 
 }  // namespace qz7

@@ -49,10 +49,12 @@ INT_PTR CALLBACK DlgProcReadRadio(HWND dialog, UINT message, WPARAM w, LPARAM l)
 
 bool ShowReadDialog(SerialPort& port, std::span<std::uint8_t> block) {
   CloneRead read;
-  ExchangeWindow window{.port = port, .exchange = read, .begin = {}, .tick = {}, .notify = {}};
-  window.begin = [&] { BeginCloneRead(read, port, block, MeterSizeOf(window.dialog)); };
-  window.tick = [&] { TickCloneRead(read, port); };
-  window.notify = [&] { NotifyCloneRead(read, port); };
+  ExchangeWindow window{.port = port,
+                        .exchange = read,
+                        .begin = [&] { BeginCloneRead(read, port, block); },
+                        .tick = [&] { TickCloneRead(read, port); },
+                        .notify = [&] { NotifyCloneRead(read, port); },
+                        .answer = [&](Answer answer) { AnswerCloneRead(read, port, answer); }};
   return RunExchangeDialog("DLLDlgReadRadio", DlgProcReadRadio, window) == 0;
 }
 

@@ -116,12 +116,15 @@ INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPAR
 
 bool ShowWriteDialog(SerialPort& port, CloneImage& working_copy, Preferences& preferences) {
   CloneWrite write;
-  WriteWindow window{
-      {.port = port, .exchange = write, .begin = {}, .tick = {}, .notify = {}}, write, preferences};
-  window.begin = [&] { BeginCloneWrite(write, port, working_copy, MeterSizeOf(window.dialog)); };
-  window.tick = [&] { TickCloneWrite(write, port); };
-  window.notify = [&] { NotifyCloneWrite(write, port); };
-  window.show = [&](HWND dialog) { ShowStartButtons(dialog, write.can_start); };
+  WriteWindow window{{.port = port,
+                      .exchange = write,
+                      .begin = [&] { BeginCloneWrite(write, port, working_copy); },
+                      .tick = [&] { TickCloneWrite(write, port); },
+                      .notify = [&] { NotifyCloneWrite(write, port); },
+                      .answer = [&](Answer answer) { AnswerCloneWrite(write, port, answer); },
+                      .show = [&](HWND dialog) { ShowStartButtons(dialog, write.can_start); }},
+                     write,
+                     preferences};
   if (RunExchangeDialog("DLLDlgWriteRadio", DlgProcWriteRadio, window) != 0) {
     return false;
   }

@@ -16,9 +16,9 @@ LITERAL = r'"(?:[^"\\]|\\.)*"'
 FUNCTIONS = {
     (None, "ShowMessage"): 0,
     (None, "ShowFileError"): 0,
-    (None, "LinkErrorRetry"): 1,
-    (None, "LinkErrorOk"): 1,
-    ("core/link/exchange.cpp", "ShowLinkError"): 1,
+    (None, "AskForRetry"): 2,
+    (None, "AskForOk"): 2,
+    ("core/link/exchange.cpp", "AskLinkError"): 2,
     ("desktop/printing/print_job.cpp", "ShowFailure"): 0,
     ("desktop/program.cpp", "Fail"): 0,
     ("core/editors/channel_acceptance.cpp", "Refuse"): 0,
@@ -48,6 +48,9 @@ NAMED = {
         Elsewhere("core/editors/autodial.cpp", r"\brefusal = ([^;]*);"),
     ("core/link/serial_port.cpp", "PortErrorText(device, result)"):
         Elsewhere("core/link/serial_port.cpp", r"return (device \+[^;]*);"),
+    # The other questions of an exchange are calls of AskForRetry and AskForOk.
+    ("desktop/link/exchange_window.cpp", "question.text"):
+        Elsewhere("core/link/exchange.cpp", r"LinkError::kFailedRead, ([^,]*),"),
     ("core/files/radio_data_file.cpp", "kind.wrong_magic + path"):
         Elsewhere("core/files/radio_data_file.cpp", _file_kind(0), True),
     ("core/files/radio_data_file.cpp", "kind.wrong_radio + std::string(RadioName(buffer))"):

@@ -142,6 +142,31 @@ TEST_F(ReadDialogTest, AfterRetryOfADamagedLineItWaitsForCancel) {
   EXPECT_FALSE(ShowReadDialog(radio, block));
 }
 
+// The box of a question handles messages itself: ticks and bytes that come meanwhile change
+// nothing.
+TEST_F(ReadDialogTest, StandsStillWhileAQuestionIsShown) {
+  auto& radio = UsePort<SendingRadio>();
+  radio.checksum_error = 1;
+  Bytes block(8122);
+  HWND read_dialog = nullptr;
+  test_seams.answer = [&](Buttons) {
+    radio.incoming.push_back(SumOf(radio.memory));
+    for (int n = 0; n < 50; ++n) {
+      SendMessageA(read_dialog, WM_TIMER, 1, 0);
+    }
+    HandleMessagesUntil([] { return false; }, 100);
+    EXPECT_EQ(radio.incoming.size(), 1U);
+    return Answer::kCancel;
+  };
+  const DialogScript script([&](HWND dialog) {
+    read_dialog = dialog;
+    radio.Start();
+  });
+  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Checksum Error"});
+  EXPECT_EQ(radio.sent.back(), kAbort);
+}
+
 TEST_F(ReadDialogTest, APortThatIsGoneIsNotAskedAgain) {
   auto& radio = UsePort<SendingRadio>();
   Bytes block(8122);
@@ -157,13 +182,13 @@ TEST_F(ReadDialogTest, APortThatIsGoneIsNotAskedAgain) {
 // Sends a little at a time, so that the exchange lasts.
 class SlowRadio : public SendingRadio {
  public:
-  std::size_t Read(std::span<std::uint8_t> buffer) override {
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
     constexpr std::size_t kPiece = 150;
     const ULONGLONG now = GetTickCount64();
     left_ = now == read_at_ ? left_ : kPiece;
     read_at_ = now;
-    const std::size_t count = SendingRadio::Read(buffer.first(std::min(buffer.size(), left_)));
-    left_ -= count;
+    const auto count = SendingRadio::Read(buffer.first(std::min(buffer.size(), left_)));
+    left_ -= count.value_or(0);
     return count;
   }
 

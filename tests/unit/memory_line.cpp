@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "core/files/messages.h"
-
 namespace qz7 {
 
 PortResult MemoryLine::Open(const std::string& /*device*/) {
@@ -16,10 +14,9 @@ void MemoryLine::Close() { open_ = false; }
 
 bool MemoryLine::IsOpen() const { return open_; }
 
-std::size_t MemoryLine::Read(std::span<std::uint8_t> buffer) {
+std::optional<std::size_t> MemoryLine::Read(std::span<std::uint8_t> buffer) {
   if (failed) {
-    ShowMessage("ERROR", "Read Error", Buttons::kOk, Icon::kNone);
-    return 0;
+    return std::nullopt;
   }
   const std::size_t count = std::min({buffer.size(), incoming.size(), read_limit});
   const auto end = incoming.begin() + static_cast<std::ptrdiff_t>(count);

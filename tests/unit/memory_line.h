@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,7 @@ class MemoryLine : public SerialPort {
   PortResult Open(const std::string& device) override;
   void Close() override;
   bool IsOpen() const override;
-  std::size_t Read(std::span<std::uint8_t> buffer) override;
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override;
   std::size_t Write(std::span<const std::uint8_t> bytes) override;
   void SendByte(std::uint8_t byte) override;
   unsigned LineErrors() override;

@@ -49,7 +49,7 @@ class SerialPortContract : public testing::TestWithParam<Candidate> {
     while (bytes.size() < count && std::chrono::steady_clock::now() < limit) {
       port_->WaitForInput(count - bytes.size(), 100);
       Bytes part(count - bytes.size());
-      part.resize(port_->Read(part));
+      part.resize(port_->Read(part).value_or(0));
       bytes.insert(bytes.end(), part.begin(), part.end());
     }
     return bytes;
