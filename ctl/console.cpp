@@ -59,11 +59,9 @@ bool LoadDocument(CloneImage& image, const std::string& path) {
                      : ReadRadioDataFile(image, path);
 }
 
-bool SaveDocumentTo(CloneImage& image, const std::string& path) {
-  if (path != "-") {
-    return WriteRadioDataFile(image, path);
-  }
-  PrepareRadioDataFile(image);
+namespace {
+
+bool WriteToStandardOutput(const CloneImage& image) {
   std::cout.write(reinterpret_cast<const char*>(image.data()),
                   static_cast<std::streamsize>(image.size()));
   if (!std::cout.flush()) {
@@ -71,6 +69,24 @@ bool SaveDocumentTo(CloneImage& image, const std::string& path) {
     return false;
   }
   return true;
+}
+
+}  // namespace
+
+bool SaveDocumentTo(CloneImage& image, const std::string& path) {
+  if (path != "-") {
+    return WriteRadioDataFile(image, path);
+  }
+  PrepareRadioDataFile(image);
+  return WriteToStandardOutput(image);
+}
+
+bool SaveTemplateTo(CloneImage& image, const std::string& path) {
+  if (path != "-") {
+    return WriteTemplateFile(image, path);
+  }
+  PrepareTemplateFile(image);
+  return WriteToStandardOutput(image);
 }
 
 }  // namespace qz7

@@ -25,5 +25,7 @@ void AnswerYes();
 // message and return false on failure.
 bool LoadDocument(CloneImage& image, const std::string& path);
 bool SaveDocumentTo(CloneImage& image, const std::string& path);
+// The image as a template file, in the same way.
+bool SaveTemplateTo(CloneImage& image, const std::string& path);
 
 }  // namespace qz7

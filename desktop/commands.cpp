@@ -4,6 +4,7 @@
 
 #include "core/link/port_setup.h"
 #include "core/link/radio_commands.h"
+#include "core/link/radio_transfer.h"
 #include "desktop/about_dialog.h"
 #include "desktop/app_state.h"
 #include "desktop/channel_commands.h"
@@ -20,22 +21,29 @@
 namespace qz7 {
 namespace {
 
-std::span<std::uint8_t> RadioBlockOf(CloneImage& image) {
-  return std::span(image).subspan(kRadioBlock.offset, kRadioBlock.size);
-}
+bool RunReadDialog(CloneRead& read) { return ShowReadDialog(read, *app.port); }
 
-bool ReadRadio() { return ShowReadDialog(*app.port, RadioBlockOf(app.document.working_copy)); }
-
-bool ReadRadioIntoTemplate() {
-  if (!ReadRadio() || !ShowTemplateDialog(app.document)) {
+bool NameAndWriteTemplate(CloneImage& /*working_copy*/) {
+  if (!ShowTemplateDialog(app.document)) {
     return false;
   }
   SaveTemplatePath(app.document.preferences);
   return true;
 }
 
-bool WriteRadio() {
-  return ShowWriteDialog(*app.port, app.document.working_copy, app.document.preferences);
+bool ReadIntoWorkingCopy() {
+  return ReadRadio(app.document.working_copy, *app.port, RunReadDialog);
+}
+
+bool ReadIntoTemplate() {
+  return ReadRadioIntoTemplate(app.document.working_copy, *app.port, RunReadDialog,
+                               NameAndWriteTemplate);
+}
+
+bool SendWorkingCopy() {
+  return SendToRadio(app.document.working_copy, *app.port, [](CloneWrite& write) {
+    return ShowWriteDialog(write, *app.port, app.document.preferences);
+  });
 }
 
 void RunNew() {
@@ -78,16 +86,16 @@ bool RunFileCommand(int command) {
 bool RunRadioCommand(int command) {
   switch (command) {
     case CM_GET_DATA:
-      ReadRadioIntoDocument(app.document, *app.port, ReadRadio);
+      ReadRadioIntoDocument(app.document, *app.port, ReadIntoWorkingCopy);
       return true;
     case CM_SEND_DATA:
-      SendDocumentToRadio(app.document, *app.port, WriteRadio);
+      SendDocumentToRadio(app.document, *app.port, SendWorkingCopy);
       return true;
     case CM_PORT_SETUP:
       SetUpPort(*app.port, app.document.preferences);
       return true;
     case CM_CREATE_TEMPLATE:
-      ReadRadioIntoDocument(app.document, *app.port, ReadRadioIntoTemplate);
+      ReadRadioIntoDocument(app.document, *app.port, ReadIntoTemplate);
       return true;
     default:
       return false;

@@ -181,7 +181,6 @@ bool CreateTemplate(Document& document, const std::string& name) {
 void TakeRadioImage(Document& document) {
   document.image = document.working_copy;
   document.changed = true;
-  CopyNamesToTable(document.image);
   LoadMainDialog(document.image);
 }
 

@@ -117,6 +117,16 @@ void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_co
   RestartExchange(write, port);
 }
 
+bool IsTemplateNamed(const std::string& template_path) {
+  if (template_path.empty()) {
+    ShowMessage(
+        "No template file specified.\nUse Browse Template to select one\n"
+        "or Help for create instructions.\n",
+        kProgramTitle, Buttons::kOk, Icon::kNone);
+  }
+  return !template_path.empty();
+}
+
 TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& template_path) {
   if (!ReadTemplateFile(template_image, template_path)) {
     return TemplateOutcome::kStay;
@@ -132,14 +142,7 @@ TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& t
 }
 
 void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& template_path) {
-  if (write.phase != CloneWrite::kIdle || !write.can_start) {
-    return;
-  }
-  if (template_path.empty()) {
-    ShowMessage(
-        "No template file specified.\nUse Browse Template to select one\n"
-        "or Help for create instructions.\n",
-        kProgramTitle, Buttons::kOk, Icon::kNone);
+  if (write.phase != CloneWrite::kIdle || !write.can_start || !IsTemplateNamed(template_path)) {
     return;
   }
   const std::unique_ptr<CloneImage> template_image(new (std::nothrow) CloneImage{});
@@ -148,15 +151,21 @@ void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& tem
     EndExchange(write, -1);
     return;
   }
-  const TemplateOutcome outcome = LoadTemplateFor(*template_image, template_path);
-  if (outcome == TemplateOutcome::kStay) {
-    return;
+  switch (LoadTemplateFor(*template_image, template_path)) {
+    case TemplateOutcome::kUsable:
+      StartCloneWrite(write, port, *template_image);
+      break;
+    case TemplateOutcome::kStay:
+      break;
+    case TemplateOutcome::kGiveUp:
+      EndExchange(write, -1);
+      break;
   }
-  if (outcome == TemplateOutcome::kGiveUp) {
-    EndExchange(write, -1);
-    return;
-  }
-  MergeTemplate(write.block, RadioBlockOf(*template_image));
+}
+
+void StartCloneWrite(CloneWrite& write, SerialPort& port, const CloneImage& template_image) {
+  MergeTemplate(write.block,
+                std::span(template_image).subspan(kRadioBlock.offset, kRadioBlock.size));
   write.can_start = false;
   port.Purge(Queues::kTransmit);
   ExpectEcho(write, WriteBytesOneByOne(port, write.block.first(kCloneHeaderSize)));

@@ -28,11 +28,14 @@ inline constexpr int kResponseTicks = 10;
 // StartCloneWrite. The working copy must outlive the exchange.
 void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy);
 
-// The user's OK: loads the template, refuses one of the Japanese version, merges it and sends the
-// header. Ignored unless the exchange is idle.
+// The user's OK: loads the template and starts. One that cannot be used leaves the exchange as it
+// is; one of the Japanese version ends it. Ignored unless the exchange is idle.
 void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& template_path);
+// Merges a template that is loaded and sends the header.
+void StartCloneWrite(CloneWrite& write, SerialPort& port, const CloneImage& template_image);
 
-// The checks of a template that has been named, with their messages. kStay: choose another.
+// The checks of a template, with their messages. kStay: choose another.
+bool IsTemplateNamed(const std::string& template_path);
 enum class TemplateOutcome { kUsable, kStay, kGiveUp };
 TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& template_path);
 

@@ -112,7 +112,7 @@ void BeginExchangeDialog(HWND dialog, LPARAM state) {
   SetUpDialog(dialog, state);
   auto& window = StateOf<ExchangeWindow>(dialog);
   window.dialog = dialog;
-  ChangeExchange(window, window.begin);
+  FollowExchange(window);
 }
 
 bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l) {

@@ -15,7 +15,6 @@ namespace qz7 {
 struct ExchangeWindow {
   SerialPort& port;
   Exchange& exchange;
-  std::function<void()> begin;
   std::function<void()> tick;           // one tick of the timer
   std::function<void()> notify;         // bytes have come
   std::function<void(Answer)> answer;   // of the question that a step has left
@@ -30,7 +29,7 @@ struct ExchangeWindow {
 // HandleExchangeMessage first.
 int RunExchangeDialog(const char* template_name, DLGPROC procedure, ExchangeWindow& window);
 
-// In WM_INITDIALOG: the common set-up, then the exchange's beginning.
+// In WM_INITDIALOG: the common set-up; from now on the exchange runs.
 void BeginExchangeDialog(HWND dialog, LPARAM state);
 // The timer and the meter; false for another message.
 bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l);

@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include "core/link/clone_read.h"
 #include "desktop/link/clone_dialogs.h"
 #include "desktop/link/exchange_window.h"
 #include "desktop/toolkit/dialog_support.h"
@@ -47,11 +46,9 @@ INT_PTR CALLBACK DlgProcReadRadio(HWND dialog, UINT message, WPARAM w, LPARAM l)
 
 }  // namespace
 
-bool ShowReadDialog(SerialPort& port, std::span<std::uint8_t> block) {
-  CloneRead read;
+bool ShowReadDialog(CloneRead& read, SerialPort& port) {
   ExchangeWindow window{.port = port,
                         .exchange = read,
-                        .begin = [&] { BeginCloneRead(read, port, block); },
                         .tick = [&] { TickCloneRead(read, port); },
                         .notify = [&] { NotifyCloneRead(read, port); },
                         .answer = [&](Answer answer) { AnswerCloneRead(read, port, answer); }};

@@ -1,7 +1,6 @@
 #include <windows.h>
 
 #include "core/files/file_boxes.h"
-#include "core/link/clone_write.h"
 #include "desktop/link/clone_dialogs.h"
 #include "desktop/link/exchange_window.h"
 #include "desktop/toolkit/dialog_support.h"
@@ -114,11 +113,9 @@ INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPAR
 
 }  // namespace
 
-bool ShowWriteDialog(SerialPort& port, CloneImage& working_copy, Preferences& preferences) {
-  CloneWrite write;
+bool ShowWriteDialog(CloneWrite& write, SerialPort& port, Preferences& preferences) {
   WriteWindow window{{.port = port,
                       .exchange = write,
-                      .begin = [&] { BeginCloneWrite(write, port, working_copy); },
                       .tick = [&] { TickCloneWrite(write, port); },
                       .notify = [&] { NotifyCloneWrite(write, port); },
                       .answer = [&](Answer answer) { AnswerCloneWrite(write, port, answer); },

@@ -3,7 +3,7 @@
 #include <numeric>
 #include <thread>
 
-#include "core/link/exchange.h"
+#include "core/link/radio_transfer.h"
 #include "desktop/link/clone_dialogs.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
@@ -12,7 +12,14 @@
 namespace qz7 {
 namespace {
 
-using ReadDialogTest = WindowTest;
+class ReadDialogTest : public WindowTest {
+ protected:
+  static bool Read(SerialPort& port, std::span<std::uint8_t> block) {
+    CloneRead read;
+    BeginCloneRead(read, port, block);
+    return ShowReadDialog(read, port);
+  }
+};
 
 // The memory of the radio at the other end.
 Bytes RadioMemory() {
@@ -85,7 +92,7 @@ TEST_F(ReadDialogTest, ReceivesTheRadiosMemory) {
     SavePicture(dialog, "read");
     radio.Start();
   });
-  EXPECT_TRUE(ShowReadDialog(radio, block));
+  EXPECT_TRUE(Read(radio, block));
   EXPECT_EQ(block, RadioMemory());
   EXPECT_EQ(radio.sent, (Bytes{kAck, kAck, kAck}));
   EXPECT_TRUE(IsWindowEnabled(app.main_window));
@@ -97,10 +104,10 @@ TEST_F(ReadDialogTest, CancelAndClosingEndIt) {
   Bytes block(8122);
   {
     const DialogScript script([](HWND dialog) { Press(dialog, IDCANCEL); });
-    EXPECT_FALSE(ShowReadDialog(radio, block));
+    EXPECT_FALSE(Read(radio, block));
   }
   const DialogScript script([](HWND dialog) { SendMessageA(dialog, WM_CLOSE, 0, 0); });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
   EXPECT_TRUE(radio.sent.empty());
   EXPECT_EQ(GetLastActivePopup(app.main_window), app.main_window);
 }
@@ -110,7 +117,7 @@ TEST_F(ReadDialogTest, ATransferThatStopsTimesOut) {
   radio.stop_at = 3000;
   Bytes block(8122);
   const DialogScript script([&](HWND) { radio.Start(); });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
   EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Receive Timeout"});
   EXPECT_EQ(test_seams.messages[0].caption, "Communications Error");
   EXPECT_EQ(radio.sent.back(), kAbort);
@@ -121,7 +128,7 @@ TEST_F(ReadDialogTest, AWrongChecksumIsReported) {
   radio.checksum_error = 1;
   Bytes block(8122);
   const DialogScript script([&](HWND) { radio.Start(); });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
   EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Checksum Error"});
 }
 
@@ -139,7 +146,7 @@ TEST_F(ReadDialogTest, AfterRetryOfADamagedLineItWaitsForCancel) {
     EXPECT_FALSE(HandleMessagesUntil([&] { return radio.incoming.size() != unread; }, 200));
     Press(dialog, IDCANCEL);
   });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
 }
 
 // The box of a question handles messages itself: ticks and bytes that come meanwhile change
@@ -162,7 +169,7 @@ TEST_F(ReadDialogTest, StandsStillWhileAQuestionIsShown) {
     read_dialog = dialog;
     radio.Start();
   });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
   EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Checksum Error"});
   EXPECT_EQ(radio.sent.back(), kAbort);
 }
@@ -176,7 +183,7 @@ TEST_F(ReadDialogTest, APortThatIsGoneIsNotAskedAgain) {
     EXPECT_LE(test_seams.messages.size(), 1U);
     Press(dialog, IDCANCEL);
   });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
 }
 
 // Sends a little at a time, so that the exchange lasts.
@@ -249,7 +256,7 @@ TEST_F(ReadDialogTest, AnswersWithinFiveTicksAtAnyMoment) {
   Bytes block(8122);
   const DialogScript script([&](HWND) { radio.Start(); });
   Asker asker(app.main_window);
-  EXPECT_TRUE(ShowReadDialog(radio, block));
+  EXPECT_TRUE(Read(radio, block));
   asker.Finish();
   EXPECT_LE(asker.most_ticks(), kMostTicks);
   EXPECT_GT(asker.answers(), 10);
@@ -261,7 +268,7 @@ TEST_F(ReadDialogTest, LeavesNothingBehind) {
   const auto read = [&] {
     radio.acknowledged = 0;
     const DialogScript script([&](HWND) { radio.Start(); });
-    EXPECT_TRUE(ShowReadDialog(radio, block));
+    EXPECT_TRUE(Read(radio, block));
   };
   read();
   const ProcessObjects before = CountObjects();
@@ -283,7 +290,11 @@ class SendingTest : public WindowTest {
     Chosen().template_path = folder.File("mine.tpl");
   }
   static Preferences& Chosen() { return app.document.preferences; }
-  bool Send() { return ShowWriteDialog(*app.port, app.document.working_copy, Chosen()); }
+  static bool Send() {
+    return SendToRadio(app.document.working_copy, *app.port, [](CloneWrite& write) {
+      return ShowWriteDialog(write, *app.port, Chosen());
+    });
+  }
 };
 
 TEST_F(SendingTest, SendsTheDocumentUnderTheTemplatesIdentity) {
