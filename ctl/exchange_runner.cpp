@@ -27,7 +27,7 @@ std::string ReasonToGiveUp(const SerialPort& port, const std::string& device) {
   if (interrupted != 0) {
     return "Given up.";
   }
-  return port.HasFailed() ? device + " has gone away." : "";
+  return port.IsLost() ? device + " has gone away." : "";
 }
 
 // An exchange and what brings it on.
@@ -74,7 +74,7 @@ bool Run(AnyExchange& exchange, SerialPort& port, const std::string& device,
     }
   }
   bar.Finish();
-  if (exchange.ended == 0 && interrupted == 0 && !port.HasFailed()) {
+  if (exchange.ended == 0 && interrupted == 0 && !port.IsLost()) {
     return true;
   }
   PrintError(reason);
@@ -98,7 +98,7 @@ void CatchInterrupt() {
 
 bool RunCloneRead(CloneRead& read, SerialPort& port, const std::string& device) {
   const bool done = Run(read, port, device, {NotifyCloneRead, TickCloneRead, AnswerCloneRead});
-  if (!done && !read.ended && !port.HasFailed()) {
+  if (!done && !read.ended && !port.IsLost()) {
     port.SendByte(kAbort);
     CancelCloneRead(read);
   }

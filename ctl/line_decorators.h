@@ -27,7 +27,6 @@ class PassingPort : public SerialPort {
   bool WaitForInput(std::size_t bytes, int milliseconds) override {
     return port_.WaitForInput(bytes, milliseconds);
   }
-  bool HasFailed() const override { return port_.HasFailed(); }
 
  private:
   SerialPort& port_;

@@ -9,6 +9,7 @@
 #include "core/files/messages.h"
 #include "core/files/profile.h"
 #include "core/link/port_setup.h"
+#include "desktop/link/exchange_window.h"
 #include "desktop/link/port_dialog.h"
 #include "desktop/locations.h"
 #include "desktop/printing/printing.h"
@@ -86,6 +87,10 @@ Answer ShowMessage(const std::string& text, const std::string& caption, Buttons 
   // Without a caption the system puts its own word for an error.
   const char* title = caption.empty() ? nullptr : caption.c_str();
   return AnswerOf(MessageBoxA(DialogOwner(), text.c_str(), title, BoxStyle(buttons, icon)));
+}
+
+void ShowBoxWithoutOwner(const std::string& text, const std::string& caption) {
+  MessageBoxA(nullptr, text.c_str(), caption.c_str(), MB_OK);
 }
 
 std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }

@@ -16,8 +16,10 @@ constexpr int kSize = static_cast<int>(kRadioBlock.size);
 constexpr std::size_t kMarketVersion = 8;  // in the radio block
 constexpr std::uint8_t kJapaneseVersion = 1;
 
-void ExpectEcho(CloneWrite& write, std::size_t written) {
-  write.echo_expected = static_cast<std::uint8_t>(written);
+// The echo of all the bytes, so that what the port has not taken is never taken for sent: the
+// exchange then waits, and its reads tell whether the port is still there.
+void ExpectEcho(CloneWrite& write, std::size_t bytes) {
+  write.echo_expected = static_cast<std::uint8_t>(bytes);
   write.phase = CloneWrite::kWaitEcho;
   write.response_countdown = kResponseTicks;
 }
@@ -25,10 +27,10 @@ void ExpectEcho(CloneWrite& write, std::size_t written) {
 bool StepSendBlock(CloneWrite& write, SerialPort& port) {
   const std::size_t place =
       kCloneHeaderSize + static_cast<std::size_t>(write.blocks_sent) * kCloneBlockSize;
-  const std::size_t written = port.Write(write.block.subspan(place, kCloneBlockSize));
+  port.Write(write.block.subspan(place, kCloneBlockSize));
   ++write.blocks_sent;
   write.echo_received = 0;
-  ExpectEcho(write, written);
+  ExpectEcho(write, kCloneBlockSize);
   return true;
 }
 
@@ -57,6 +59,16 @@ void RefuseAnswer(CloneWrite& write) {
   AskForRetry(write, LinkError::kAcknowledge, "Acknowledge Error");
 }
 
+// A checksum that the port does not take is sent again by a later step.
+bool SendChecksum(CloneWrite& write, SerialPort& port) {
+  const std::array<std::uint8_t, 1> checksum = {CloneChecksum(write.block)};
+  const bool taken = port.Write(checksum) == checksum.size();
+  if (taken) {
+    write.phase = CloneWrite::kFinished;
+  }
+  return taken;
+}
+
 // The radio answers the header and the first block; its answer to the last one is consumed when it
 // is there, and not waited for.
 bool StepBlockEchoed(CloneWrite& write, SerialPort& port) {
@@ -72,13 +84,12 @@ bool StepBlockEchoed(CloneWrite& write, SerialPort& port) {
     return true;
   }
   if (last) {
-    const std::array<std::uint8_t, 1> checksum = {CloneChecksum(write.block)};
-    port.Write(checksum);
-    write.phase = CloneWrite::kFinished;
-  } else if (answered) {
+    return SendChecksum(write, port);
+  }
+  if (answered) {
     write.phase = CloneWrite::kSendBlock;
   }
-  return answered || last;
+  return answered;
 }
 
 bool StepFinished(CloneWrite& write, SerialPort& port) {
@@ -168,7 +179,8 @@ void StartCloneWrite(CloneWrite& write, SerialPort& port, const CloneImage& temp
                 std::span(template_image).subspan(kRadioBlock.offset, kRadioBlock.size));
   write.can_start = false;
   port.Purge(Queues::kTransmit);
-  ExpectEcho(write, WriteBytesOneByOne(port, write.block.first(kCloneHeaderSize)));
+  WriteBytesOneByOne(port, write.block.first(kCloneHeaderSize));
+  ExpectEcho(write, kCloneHeaderSize);
   write.blocks_sent = 0;
 }
 

@@ -13,7 +13,7 @@ struct CloneWrite : Exchange {
   enum Phase { kIdle = 0, kSendBlock = 1, kBlockEchoed = 2, kFinished = 3, kWaitEcho = 4 };
   int phase = kIdle;
   int blocks_sent = 0;             // 0..507
-  std::uint8_t echo_expected = 0;  // bytes that the last write put on the line
+  std::uint8_t echo_expected = 0;  // bytes that the last write was to put on the line
   std::uint8_t echo_received = 0;
   int bytes_confirmed = 0;  // for the meter
   // Loaded with 10 and on purpose never counted down: a radio that stops answering leaves the
@@ -51,9 +51,7 @@ bool StepCloneWrite(CloneWrite& write, SerialPort& port);
 std::size_t BytesAwaited(const CloneWrite& write);
 
 // A tick of the 10 ms timer, and bytes that have come: steps until one finds nothing to do. The
-// step that finishes is left to a later tick, when the checksum byte has left the machine. A port
-// that has gone away is never sent to: a write that puts nothing on the line has no echo to wait
-// for, and would run to a success that the radio knows nothing of. Only Cancel follows.
+// step that finishes is left to a later tick, when the checksum byte has left the machine.
 void TickCloneWrite(CloneWrite& write, SerialPort& port);
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port);
 // The question's answer: the exchange goes on with what the answer says, then with its steps.

@@ -22,7 +22,7 @@ std::uint8_t CloneChecksum(std::span<const std::uint8_t> block) {
 }
 
 bool IsRunning(const Exchange& exchange, const SerialPort& port) {
-  return exchange.polling && !exchange.question && !exchange.ended && !port.HasFailed();
+  return exchange.polling && !exchange.question && !exchange.ended && !port.IsLost();
 }
 
 void RestartExchange(Exchange& exchange, SerialPort& port) {
@@ -34,7 +34,10 @@ void RestartExchange(Exchange& exchange, SerialPort& port) {
 
 std::size_t ReadArrived(Exchange& exchange, SerialPort& port, std::span<std::uint8_t> buffer) {
   const std::optional<std::size_t> count = port.Read(buffer);
-  if (!count) {
+  const bool failed_before = std::exchange(exchange.read_failed, !count);
+  if (!count && failed_before) {
+    port.Lose();
+  } else if (!count) {
     exchange.question = {LinkError::kFailedRead, "ERROR", "Read Error", Buttons::kOk};
   }
   return count.value_or(0);

@@ -46,6 +46,7 @@ struct Exchange {
   std::span<std::uint8_t> block;  // the radio block, whole
   bool polling = false;           // the 10 ms timer is wanted
   ProgressMeter meter;
+  bool read_failed = false;  // the last read did
   std::optional<LinkQuestion> question;
   std::optional<int> ended;
 };
@@ -62,8 +63,9 @@ bool IsRunning(const Exchange& exchange, const SerialPort& port);
 // Empties both queues, starts the timer, sets the meter to 0: at the start and after each Retry.
 void RestartExchange(Exchange& exchange, SerialPort& port);
 
-// Reads what has arrived, at most the buffer's size. A read that fails is told, and counts as no
-// byte.
+// Reads what has arrived, at most the buffer's size. A read that fails is told, counts as no byte,
+// and the exchange goes on. When the read after it fails too, the port is lost: nothing more is
+// told or done, and only Cancel follows.
 std::size_t ReadArrived(Exchange& exchange, SerialPort& port, std::span<std::uint8_t> buffer);
 
 // Each stops the timer and leaves a question with the caption "Communications Error": to be

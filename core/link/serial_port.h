@@ -28,8 +28,7 @@ enum class Queues { kTransmit, kReceive, kBoth };
 // What the words mean for every implementation:
 //  - Nothing waits, WaitForInput apart. Read returns what has already arrived, 0 for nothing.
 //  - A short read is the normal case; a short write means that the rest was not taken and is lost.
-//  - A failed read says so in its result, a failed write by what it took. HasFailed tells
-//    afterwards that the device is gone.
+//  - A failed read says so in its result, a failed write by what it took. A closed port fails both.
 //  - There is no time-out in here: an exchange counts its own ticks.
 class SerialPort {
  public:
@@ -66,8 +65,16 @@ class SerialPort {
   // Waits until `bytes` bytes can be read, or for `milliseconds`; true when at least one can. The
   // console program's way of waiting; the desktop program has its message loop.
   virtual bool WaitForInput(std::size_t bytes, int milliseconds) = 0;
-  // The device has gone away since it was opened: no read or write will succeed again.
-  virtual bool HasFailed() const = 0;
+
+  // The device has gone away: closes the port, which is lost until it is opened anew.
+  void Lose() {
+    Close();
+    lost_ = true;
+  }
+  bool IsLost() const { return lost_ && !IsOpen(); }
+
+ private:
+  bool lost_ = false;
 };
 
 // The machine's own serial port (POSIX or Win32), closed.

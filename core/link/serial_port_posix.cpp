@@ -69,7 +69,6 @@ class PosixSerialPort final : public SerialPort {
       }
       return {StatusOf(code), code};
     }
-    failed_ = false;
     serial_icounter_struct counts{};
     counts_errors_ = ioctl(handle_, TIOCGICOUNT, &counts) == 0;
     counted_errors_ = CountLineErrors();
@@ -89,7 +88,6 @@ class PosixSerialPort final : public SerialPort {
     if (count < 0 && (errno == EAGAIN || errno == EINTR)) {
       return 0;
     }
-    failed_ = true;
     return std::nullopt;
   }
 
@@ -101,7 +99,6 @@ class PosixSerialPort final : public SerialPort {
         continue;
       }
       if (count <= 0) {
-        failed_ = failed_ || (count < 0 && errno != EAGAIN);
         break;
       }
       taken += static_cast<std::size_t>(count);
@@ -154,8 +151,6 @@ class PosixSerialPort final : public SerialPort {
     }
     return false;
   }
-
-  bool HasFailed() const override { return failed_; }
 
  private:
   // One program at a time. The lock is for those whom the terminal's own exclusive mode lets pass.
@@ -224,7 +219,6 @@ class PosixSerialPort final : public SerialPort {
   termios saved_{};
   bool counts_errors_ = false;
   unsigned counted_errors_ = 0;
-  bool failed_ = false;
 };
 
 }  // namespace

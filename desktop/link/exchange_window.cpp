@@ -45,6 +45,15 @@ void FollowExchange(ExchangeWindow& window) {
   }
 }
 
+// The box of a failed read belongs to no window, so that the dialog behind it can be cancelled.
+Answer Ask(const LinkQuestion& question) {
+  if (question.error == LinkError::kFailedRead) {
+    ShowBoxWithoutOwner(question.text, question.caption);
+    return Answer::kOk;
+  }
+  return ShowMessage(question.text, question.caption, question.buttons, Icon::kNone);
+}
+
 // While the box of a question is open its own loop brings ticks, for which the exchange does not
 // run.
 void RunStep(ExchangeWindow& window, const std::function<void()>& step) {
@@ -53,9 +62,7 @@ void RunStep(ExchangeWindow& window, const std::function<void()>& step) {
   }
   ChangeExchange(window, step);
   while (window.exchange.question) {
-    const LinkQuestion question = *window.exchange.question;
-    const Answer answer =
-        ShowMessage(question.text, question.caption, question.buttons, Icon::kNone);
+    const Answer answer = Ask(*window.exchange.question);
     ChangeExchange(window, [&] { window.answer(answer); });
   }
 }

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <string>
 
 #include "core/link/exchange.h"
 #include "core/link/serial_port.h"
@@ -24,6 +25,9 @@ struct ExchangeWindow {
   int timed_count = 0;  // the meter's count when the timer was started
   MeterBar shown_bar = {};
 };
+
+// Defined by the program: a box with OK that belongs to no window.
+void ShowBoxWithoutOwner(const std::string& text, const std::string& caption);
 
 // Shows the dialog until the exchange has ended; 0 for success. The dialog's messages go through
 // HandleExchangeMessage first.

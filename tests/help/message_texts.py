@@ -19,6 +19,7 @@ FUNCTIONS = {
     (None, "AskForRetry"): 2,
     (None, "AskForOk"): 2,
     ("core/link/exchange.cpp", "AskLinkError"): 2,
+    ("desktop/link/exchange_window.cpp", "ShowBoxWithoutOwner"): 0,
     ("desktop/printing/print_job.cpp", "ShowFailure"): 0,
     ("desktop/program.cpp", "Fail"): 0,
     ("core/editors/channel_acceptance.cpp", "Refuse"): 0,

@@ -5,11 +5,23 @@
 
 #include "core/link/radio_transfer.h"
 #include "desktop/link/clone_dialogs.h"
+#include "desktop/link/exchange_window.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 #include "tests/unit/document_bytes.h"
 
 namespace qz7 {
+
+// Told apart from the boxes that belong to a window by their number.
+namespace {
+int boxes_without_owner = 0;
+}  // namespace
+
+void ShowBoxWithoutOwner(const std::string& text, const std::string& caption) {
+  ++boxes_without_owner;
+  ShowMessage(text, caption, Buttons::kOk, Icon::kNone);
+}
+
 namespace {
 
 class ReadDialogTest : public WindowTest {
@@ -174,16 +186,31 @@ TEST_F(ReadDialogTest, StandsStillWhileAQuestionIsShown) {
   EXPECT_EQ(radio.sent.back(), kAbort);
 }
 
-TEST_F(ReadDialogTest, APortThatIsGoneIsNotAskedAgain) {
+TEST_F(ReadDialogTest, APortThatIsGoneIsToldOnceWithoutAnOwnerAndOnlyCancelIsLeft) {
   auto& radio = UsePort<SendingRadio>();
   Bytes block(8122);
+  boxes_without_owner = 0;
   const DialogScript script([&](HWND dialog) {
     radio.failed = true;
+    EXPECT_TRUE(HandleMessagesUntil([&] { return radio.IsLost(); }));
     HandleMessagesUntil([] { return test_seams.messages.size() > 1; }, 200);
-    EXPECT_LE(test_seams.messages.size(), 1U);
+    EXPECT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
+    EXPECT_EQ(boxes_without_owner, 1);
     Press(dialog, IDCANCEL);
   });
   EXPECT_FALSE(Read(radio, block));
+}
+
+TEST_F(ReadDialogTest, OneFailedReadIsToldAndTheReadGoesOn) {
+  auto& radio = UsePort<SendingRadio>();
+  Bytes block(8122);
+  const DialogScript script([&](HWND) {
+    radio.reads_to_fail = 1;
+    radio.Start();
+  });
+  EXPECT_TRUE(Read(radio, block));
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
+  EXPECT_EQ(block, RadioMemory());
 }
 
 // Sends a little at a time, so that the exchange lasts.
@@ -386,6 +413,18 @@ TEST_F(SendingTest, AfterRetryOfAWrongAnswerOnlyCancelIsLeft) {
     EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Acknowledge Error"});
     EXPECT_FALSE(IsEnabled(dialog, IDOK));
     EXPECT_FALSE(IsEnabled(dialog, ID_BROWSE_TEMPLATE));
+    Press(dialog, IDCANCEL);
+  });
+  EXPECT_FALSE(Send());
+}
+
+TEST_F(SendingTest, APortThatWasGoneBeforeOkIsTold) {
+  auto& radio = UsePort<ReceivingRadio>();
+  const DialogScript script([&](HWND dialog) {
+    radio.failed = true;
+    Press(dialog, IDOK);
+    EXPECT_TRUE(HandleMessagesUntil([&] { return radio.IsLost(); }));
+    EXPECT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
     Press(dialog, IDCANCEL);
   });
   EXPECT_FALSE(Send());

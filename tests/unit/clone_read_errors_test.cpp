@@ -112,14 +112,46 @@ TEST_F(CloneReadErrors, AMissingChecksumDoesNotTimeOut) {
   EXPECT_EQ(read_.phase, CloneRead::kWaitChecksum);
 }
 
-TEST_F(CloneReadErrors, AFailedReadCountsAsNoByte) {
+TEST_F(CloneReadErrors, AFailedReadIsToldCountsAsNoByteAndTheReadGoesOn) {
   ReceiveMemory(3000);
-  line_.failed = true;
-  EXPECT_FALSE(Step());
-  ASSERT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
-  EXPECT_EQ(test_seams.messages[0].caption, "Read Error");
+  line_.reads_to_fail = 1;
+  EXPECT_FALSE(StepCloneRead(read_, line_));
   EXPECT_EQ(read_.position, 3000);
   EXPECT_EQ(read_.phase, CloneRead::kData);
+  ArriveMemory(3000, 8122);
+  Arrive({ChecksumOf(radio_)});
+  AnswerQuestions();
+  ASSERT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
+  EXPECT_EQ(test_seams.messages[0].caption, "Read Error");
+  EXPECT_EQ(test_seams.messages[0].buttons, Buttons::kOk);
+  EXPECT_EQ(read_.ended, 0);
+  EXPECT_EQ(block_.Content(), radio_);
+}
+
+TEST_F(CloneReadErrors, FailedReadsThatDoNotFollowEachOtherAreEachTold) {
+  ReceiveMemory(3000);
+  for (int n = 0; n < 3; ++n) {
+    line_.reads_to_fail = 1;
+    Tick();
+    Tick();
+  }
+  EXPECT_EQ(ShownTexts(), (std::vector<std::string>{"ERROR", "ERROR", "ERROR"}));
+  EXPECT_FALSE(line_.IsLost());
+}
+
+TEST_F(CloneReadErrors, ASecondFailedReadInARowLosesThePortWithoutAnotherBox) {
+  ReceiveMemory(3000);
+  line_.failed = true;
+  for (int n = 0; n < 1000; ++n) {
+    Tick();
+    Notify();
+  }
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
+  EXPECT_TRUE(line_.IsLost());
+  EXPECT_FALSE(line_.IsOpen());
+  EXPECT_FALSE(IsOver());
+  CancelCloneRead(read_);
+  EXPECT_EQ(read_.ended, -1);
 }
 
 TEST_F(CloneReadErrors, RetryAfterATimeOutListensForAHeaderAndKeepsThePosition) {

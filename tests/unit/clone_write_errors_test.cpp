@@ -246,41 +246,68 @@ TEST_F(CloneWriteErrors, NoTimeOutIsShownWhileAnEchoIsAwaited) {
   EXPECT_EQ(write_.phase, CloneWrite::kWaitEcho);
 }
 
-// A write that puts nothing on the line has no echo to wait for: without the port's word that it is
-// gone, the exchange would run through all its blocks and end as a success.
-TEST_F(CloneWriteErrors, APortThatVanishesInTheMiddleIsNeverTakenForSuccess) {
-  Start();
-  line_.failed = true;
-  Notify();
-  for (int tick = 0; tick < 1000; ++tick) {
-    Tick();
+// A device that has gone away takes nothing and gives nothing. It is told once, and only Cancel is
+// left.
+class VanishedPort : public CloneWriteErrors {
+ protected:
+  void ExpectToldOnceAndNoSuccess() {
+    line_.failed = true;
+    for (int n = 0; n < 1000 && write_.polling; ++n) {
+      TickCloneWrite(write_, line_);
+      AnswerQuestions();
+      Notify();
+    }
+    ExpectOnlyMessage("ERROR", "Read Error");
+    EXPECT_FALSE(IsOver());
+    EXPECT_TRUE(line_.IsLost());
+    CancelCloneWrite(write_);
+    EXPECT_EQ(write_.ended, -1);
   }
-  EXPECT_FALSE(IsOver());
-  EXPECT_EQ(write_.blocks_sent, 0);
-  CancelCloneWrite(write_);
-  EXPECT_EQ(write_.ended, -1);
+};
+
+TEST_F(VanishedPort, BeforeTheStartIsNeverTakenForSuccess) {
+  line_.failed = true;
+  Start();
+  EXPECT_FALSE(write_.can_start);
+  ExpectToldOnceAndNoSuccess();
 }
 
-TEST_F(CloneWriteErrors, APortThatVanishesBeforeAFollowingBlockIsNeverTakenForSuccess) {
+TEST_F(VanishedPort, InTheHeaderIsNeverTakenForSuccess) {
+  Start();
+  ExpectToldOnceAndNoSuccess();
+}
+
+TEST_F(VanishedPort, BeforeAFollowingBlockIsNeverTakenForSuccess) {
   Start();
   Tick();
   ArriveAndTick({0x06});
   Arrive({0x06});
   StepCloneWrite(write_, line_);
   ASSERT_EQ(write_.phase, CloneWrite::kSendBlock);
-  line_.failed = true;
-  Tick();
-  EXPECT_EQ(write_.blocks_sent, 1);
-  EXPECT_FALSE(IsOver());
+  ExpectToldOnceAndNoSuccess();
+  EXPECT_EQ(line_.sent.size(), 26U);
 }
 
-TEST_F(CloneWriteErrors, APortThatVanishesBeforeTheChecksumHasLeftIsNeverTakenForSuccess) {
+TEST_F(VanishedPort, BeforeTheChecksumIsNeverTakenForSuccess) {
   SendAllBlocks();
-  EchoAndTick(16);
-  ASSERT_EQ(write_.phase, CloneWrite::kFinished);
-  line_.failed = true;
+  Arrive(Bytes(16, 0x5C));
+  while (write_.phase != CloneWrite::kBlockEchoed) {
+    ASSERT_TRUE(StepCloneWrite(write_, line_));
+  }
+  ExpectToldOnceAndNoSuccess();
+  EXPECT_EQ(line_.sent.size(), 8122U);
+}
+
+TEST_F(CloneWriteErrors, OneFailedReadIsToldAndTheSendGoesOn) {
+  Start();
+  line_.reads_to_fail = 1;
   Tick();
-  EXPECT_FALSE(IsOver());
+  ExpectOnlyMessage("ERROR", "Read Error");
+  ArriveAndTick({0x06});
+  ArriveAndTick({0x06});
+  Tick();
+  EXPECT_EQ(write_.ended, 0);
+  EXPECT_EQ(line_.sent.size(), 8123U);
 }
 
 TEST_F(CloneWriteErrors, NoTimeOutIsShownBeforeTheStart) {

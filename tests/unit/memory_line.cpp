@@ -15,7 +15,8 @@ void MemoryLine::Close() { open_ = false; }
 bool MemoryLine::IsOpen() const { return open_; }
 
 std::optional<std::size_t> MemoryLine::Read(std::span<std::uint8_t> buffer) {
-  if (failed) {
+  if (failed || !open_ || reads_to_fail > 0) {
+    --reads_to_fail;
     return std::nullopt;
   }
   const std::size_t count = std::min({buffer.size(), incoming.size(), read_limit});
@@ -26,7 +27,7 @@ std::optional<std::size_t> MemoryLine::Read(std::span<std::uint8_t> buffer) {
 }
 
 std::size_t MemoryLine::Write(std::span<const std::uint8_t> bytes) {
-  const std::size_t count = failed ? 0 : std::min(bytes.size(), write_limit);
+  const std::size_t count = failed || !open_ ? 0 : std::min(bytes.size(), write_limit);
   const auto taken = bytes.first(count);
   write_sizes.push_back(count);
   sent.insert(sent.end(), taken.begin(), taken.end());
@@ -37,7 +38,7 @@ std::size_t MemoryLine::Write(std::span<const std::uint8_t> bytes) {
 }
 
 void MemoryLine::SendByte(std::uint8_t byte) {
-  if (failed) {
+  if (failed || !open_) {
     return;
   }
   sent.push_back(byte);
@@ -66,7 +67,4 @@ std::size_t MemoryLine::UnsentBytes() { return 0; }
 bool MemoryLine::WaitForInput(std::size_t /*bytes*/, int /*milliseconds*/) {
   return !incoming.empty();
 }
-
-bool MemoryLine::HasFailed() const { return failed; }
-
 }  // namespace qz7

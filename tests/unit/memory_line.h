@@ -26,7 +26,6 @@ class MemoryLine : public SerialPort {
   void RestartEvents() override;
   std::size_t UnsentBytes() override;
   bool WaitForInput(std::size_t bytes, int milliseconds) override;
-  bool HasFailed() const override;
 
   std::deque<std::uint8_t> incoming;
   std::vector<std::uint8_t> sent;
@@ -37,7 +36,8 @@ class MemoryLine : public SerialPort {
   unsigned line_errors = 0;
   std::size_t write_limit = SIZE_MAX;  // what one Write call takes at most
   std::size_t read_limit = SIZE_MAX;   // what one Read call gives at most
-  bool failed = false;
+  int reads_to_fail = 0;
+  bool failed = false;  // the device is gone: nothing works any more
 
  private:
   bool open_ = false;
