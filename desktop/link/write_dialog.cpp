@@ -45,8 +45,8 @@ void ShowStartButtons(HWND dialog, bool enabled) {
   }
   EnableWindow(start, enabled);
   EnableWindow(GetDlgItem(dialog, ID_BROWSE_TEMPLATE), enabled);
-  const HWND next = GetDlgItem(dialog, enabled ? IDOK : IDCANCEL);
-  SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+  // Not to Cancel: a second Enter would stop the transfer. From the meter it finds OK, disabled.
+  SetFocus(GetDlgItem(dialog, enabled ? IDOK : ID_METER));
 }
 
 BOOL OnInit(HWND dialog, LPARAM state) {

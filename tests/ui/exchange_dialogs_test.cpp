@@ -418,6 +418,51 @@ TEST_F(SendingTest, AfterRetryOfAWrongAnswerOnlyCancelIsLeft) {
   EXPECT_FALSE(Send());
 }
 
+// A key as the dialog's message loop handles it.
+void PressKey(HWND dialog, WPARAM key) {
+  MSG message{};
+  message.hwnd = GetFocus();
+  message.message = WM_KEYDOWN;
+  message.wParam = key;
+  EXPECT_TRUE(IsDialogMessageA(dialog, &message));
+}
+
+TEST_F(SendingTest, EnterAgainDoesNothingOnceItHasStarted) {
+  auto& radio = UsePort<ReceivingRadio>();
+  const DialogScript start([](HWND dialog) {
+    PressKey(dialog, VK_RETURN);
+    EXPECT_FALSE(IsEnabled(dialog, IDOK));
+    EXPECT_FALSE(IsEnabled(dialog, ID_BROWSE_TEMPLATE));
+    for (int n = 0; n < 3; ++n) {
+      PressKey(dialog, VK_RETURN);
+    }
+  });
+  const DialogScript done([](HWND dialog) { Press(dialog, IDOK); });
+  EXPECT_TRUE(Send());
+  EXPECT_EQ(radio.sent.size(), 8123U);
+}
+
+TEST_F(SendingTest, EscapeCancelsWhatHasStarted) {
+  UsePort<ReceivingRadio>().answers = false;
+  const DialogScript script([](HWND dialog) {
+    PressKey(dialog, VK_RETURN);
+    EXPECT_FALSE(IsEnabled(dialog, IDOK));
+    PressKey(dialog, VK_ESCAPE);
+  });
+  EXPECT_FALSE(Send());
+}
+
+TEST_F(SendingTest, TheTabKeyLeadsToCancelWhileItSends) {
+  UsePort<ReceivingRadio>().answers = false;
+  const DialogScript script([](HWND dialog) {
+    PressKey(dialog, VK_RETURN);
+    PressKey(dialog, VK_TAB);
+    EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDCANCEL));
+    PressKey(dialog, VK_RETURN);
+  });
+  EXPECT_FALSE(Send());
+}
+
 TEST_F(SendingTest, APortThatWasGoneBeforeOkIsTold) {
   auto& radio = UsePort<ReceivingRadio>();
   const DialogScript script([&](HWND dialog) {
