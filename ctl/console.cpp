@@ -10,18 +10,14 @@ namespace qz7 {
 namespace {
 
 bool answer_yes = false;
-std::string last_message;
 
 }  // namespace
 
 // Messages go to standard error, and every question gets its safe answer: nothing is changed, an
-// exchange is given up. A message that repeats itself, as that of a vanished port, is shown once.
+// exchange is given up.
 Answer ShowMessage(const std::string& text, const std::string& /*caption*/, Buttons buttons,
                    Icon /*icon*/) {
-  if (text != last_message) {
-    PrintError(text);
-  }
-  last_message = text;
+  PrintError(text);
   switch (buttons) {
     case Buttons::kOk:
       return Answer::kOk;

@@ -11,7 +11,7 @@ namespace qz7 {
 TracedPort::TracedPort(SerialPort& port, const std::string& path)
     : PassingPort(port), file_(path, std::ios::binary) {}
 
-bool TracedPort::IsTraceGood() const { return file_.good(); }
+bool TracedPort::FlushTrace() { return file_.flush().good(); }
 
 std::optional<std::size_t> TracedPort::Read(std::span<std::uint8_t> buffer) {
   const std::optional<std::size_t> count = PassingPort::Read(buffer);

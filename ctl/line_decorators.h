@@ -37,8 +37,8 @@ class PassingPort : public SerialPort {
 class TracedPort : public PassingPort {
  public:
   TracedPort(SerialPort& port, const std::string& path);
-  // Whether the file could be made and everything so far was written.
-  bool IsTraceGood() const;
+  // Whether the file could be made and everything so far is written.
+  bool FlushTrace();
 
   std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override;
   std::size_t Write(std::span<const std::uint8_t> bytes) override;

@@ -65,10 +65,19 @@ bool OpenLine(Line& line, const PortOptions& options) {
   CatchInterrupt();
   if (!options.trace.empty()) {
     line.traced = std::make_unique<TracedPort>(*line.device, options.trace);
-    if (!line.traced->IsTraceGood()) {
+    if (!line.traced->FlushTrace()) {
       ShowFileError("Cannot create file:\n" + options.trace);
       return false;
     }
+  }
+  return true;
+}
+
+// At the end of an exchange; a trace with a gap is no trace.
+bool FinishTrace(Line& line, const PortOptions& options) {
+  if (line.traced && !line.traced->FlushTrace()) {
+    ShowFileError("Error writing file:\n" + options.trace);
+    return false;
   }
   return true;
 }
@@ -93,8 +102,10 @@ bool ReceiveInto(CloneImage& image, const PortOptions& options,
   }
   MakeNewImage(image);
   PrintError("Start the clone send on the radio. Ctrl-C gives up.");
-  return receive(line.Port(),
-                 [&](CloneRead& read) { return RunCloneRead(read, line.Port(), options.port); });
+  return receive(line.Port(), [&](CloneRead& read) {
+    const bool done = RunCloneRead(read, line.Port(), options.port);
+    return FinishTrace(line, options) && done;
+  });
 }
 
 // Reads the radio into a new document.
@@ -166,14 +177,14 @@ int WriteCommand(const WriteOptions& options, const std::string& file) {
     SerialPort& inner = line.Port();
     line.pausing = std::make_unique<PausingPort>(inner, options.gap_milliseconds);
   }
-  if (SendToRadio(image, line.Port(), [&](CloneWrite& write) {
-        return RunStartedWrite(write, line.Port(), template_image, options.port);
-      })) {
-    return kDone;
+  const bool sent = SendToRadio(image, line.Port(), [&](CloneWrite& write) {
+    return RunStartedWrite(write, line.Port(), template_image, options.port);
+  });
+  if (!sent) {
+    PrintError(
+        "The radio has received only a part. Set it to clone receive again and repeat the write.");
   }
-  PrintError(
-      "The radio has received only a part. Set it to clone receive again and repeat the write.");
-  return kFailed;
+  return FinishTrace(line, options) && sent ? kDone : kFailed;
 }
 
 int DryRunCommand(const WriteOptions& options, const std::string& file) {

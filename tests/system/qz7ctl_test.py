@@ -75,6 +75,16 @@ class Files(SystemTest):
         self.assertEqual("Radio data file image is corrupted.\nError 1377\n", err)
         self.assertEqual(240, len(out.splitlines()))
 
+    def test_a_message_that_comes_twice_is_shown_twice(self):
+        self.ok("new", "a.rdf")
+        image = bytearray(self.read_bytes("a.rdf"))
+        image[82:100] = bytes(18)
+        image[80] = (image[80] + 1) % 256
+        image[81] = (image[81] - 1) % 256
+        self.write_bytes("b.rdf", image)
+        self.assertEqual((0, "", "Radio data file image is corrupted.\nError 1377\n" * 2),
+                         self.ctl("diff", "b.rdf", "b.rdf"))
+
     def test_a_file_of_another_kind_is_refused_with_its_path(self):
         self.write_bytes("x", b"hello")
         for command in ("info", "rows", "list"):
@@ -216,6 +226,13 @@ class Reading(SystemTest):
         times = [float(line[0]) for line in lines]
         self.assertEqual(sorted(times), times)
 
+    def test_a_trace_that_cannot_be_written_is_a_failure(self):
+        radio = self.radio("send")
+        status, _, err = self.ctl("read", "--port", radio.port, "--trace", "/dev/full", "a.rdf")
+        self.assertEqual(1, status)
+        self.assertIn("Error writing file:\n/dev/full\n", err)
+        self.assertEqual([], os.listdir(self.folder))
+
     def test_a_template_is_the_image_with_its_own_magic(self):
         self.make_template("t.tpl")
         self.assertEqual(b"TPL\0", self.read_bytes("t.tpl")[:4])
@@ -329,6 +346,15 @@ class Writing(SystemTest):
         self.write_bytes("pipe", self.read_bytes("t.tpl"))
         _, err = program.communicate(timeout=60)
         self.assertEqual(0, program.returncode, err)
+
+    def test_a_trace_that_cannot_be_written_fails_a_write_that_is_whole(self):
+        radio = self.radio("--image", "got", "receive")
+        status, _, err = self.ctl("write", "--port", radio.port, "--template", "t.tpl", "--trace",
+                                  "/dev/full", "a.rdf")
+        self.assertEqual(1, status)
+        self.assertIn("Error writing file:\n/dev/full\n", err)
+        self.assertNotIn("only a part", err)
+        self.assertEqual(0, radio.finish()[0])
 
     def test_a_dry_run_checks_everything_and_opens_no_port(self):
         status, out, err = self.ctl("write", "--dry-run", "--template", "t.tpl", "a.rdf")
