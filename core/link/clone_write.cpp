@@ -16,10 +16,10 @@ constexpr int kSize = static_cast<int>(kRadioBlock.size);
 constexpr std::size_t kMarketVersion = 8;  // in the radio block
 constexpr std::uint8_t kJapaneseVersion = 1;
 
-// The echo of all the bytes, so that what the port has not taken is never taken for sent: the
-// exchange then waits, and its reads tell whether the port is still there.
-void ExpectEcho(CloneWrite& write, std::size_t bytes) {
-  write.echo_expected = static_cast<std::uint8_t>(bytes);
+// The echo of all the bytes, so that what the port has not taken is never taken for sent.
+void ExpectEcho(CloneWrite& write, std::span<const std::uint8_t> bytes, std::size_t taken) {
+  write.echo_expected = static_cast<std::uint8_t>(bytes.size());
+  write.unsent = bytes.subspan(taken);
   write.phase = CloneWrite::kWaitEcho;
   write.response_countdown = kResponseTicks;
 }
@@ -27,14 +27,18 @@ void ExpectEcho(CloneWrite& write, std::size_t bytes) {
 bool StepSendBlock(CloneWrite& write, SerialPort& port) {
   const std::size_t place =
       kCloneHeaderSize + static_cast<std::size_t>(write.blocks_sent) * kCloneBlockSize;
-  port.Write(write.block.subspan(place, kCloneBlockSize));
+  const auto bytes = write.block.subspan(place, kCloneBlockSize);
+  const std::size_t taken = port.Write(bytes);
   ++write.blocks_sent;
   write.echo_received = 0;
-  ExpectEcho(write, kCloneBlockSize);
+  ExpectEcho(write, bytes, taken);
   return true;
 }
 
 bool StepWaitEcho(CloneWrite& write, SerialPort& port) {
+  if (!write.unsent.empty()) {
+    write.unsent = write.unsent.subspan(port.Write(write.unsent));
+  }
   while (write.echo_received < write.echo_expected) {
     std::array<std::uint8_t, 256> scratch;
     const auto missing = static_cast<std::size_t>(write.echo_expected - write.echo_received);
@@ -43,6 +47,9 @@ bool StepWaitEcho(CloneWrite& write, SerialPort& port) {
       return false;
     }
     write.echo_received = static_cast<std::uint8_t>(write.echo_received + count);
+  }
+  if (!write.unsent.empty()) {
+    return false;
   }
   write.phase = CloneWrite::kBlockEchoed;
   write.bytes_confirmed += write.echo_received;
@@ -179,8 +186,8 @@ void StartCloneWrite(CloneWrite& write, SerialPort& port, const CloneImage& temp
                 std::span(template_image).subspan(kRadioBlock.offset, kRadioBlock.size));
   write.can_start = false;
   port.Purge(Queues::kTransmit);
-  WriteBytesOneByOne(port, write.block.first(kCloneHeaderSize));
-  ExpectEcho(write, kCloneHeaderSize);
+  const auto header = write.block.first(kCloneHeaderSize);
+  ExpectEcho(write, header, WriteBytesOneByOne(port, header));
   write.blocks_sent = 0;
 }
 

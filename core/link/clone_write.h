@@ -15,7 +15,8 @@ struct CloneWrite : Exchange {
   int blocks_sent = 0;             // 0..507
   std::uint8_t echo_expected = 0;  // bytes that the last write was to put on the line
   std::uint8_t echo_received = 0;
-  int bytes_confirmed = 0;  // for the meter
+  std::span<const std::uint8_t> unsent;  // of these bytes, what the port has not taken yet
+  int bytes_confirmed = 0;               // for the meter
   // Loaded with 10 and on purpose never counted down: a radio that stops answering leaves the
   // exchange waiting for Cancel.
   int response_countdown = 0;
