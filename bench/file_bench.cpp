@@ -15,6 +15,7 @@
 #include "core/files/radio_data_file.h"
 #include "core/files/seams.h"
 #include "core/image/channel_record.h"
+#include "core/image/derived_tables.h"
 
 namespace qz7 {
 

@@ -10,21 +10,15 @@
 namespace qz7 {
 namespace {
 
-int link_errors = 0;
 bool answer_yes = false;
-std::string last_message;
 
 }  // namespace
 
 // Messages go to standard error, and every question gets its safe answer: nothing is changed, an
-// exchange is given up. A message that repeats itself, as that of a vanished port, is shown once.
-Answer ShowMessage(const std::string& text, const std::string& caption, Buttons buttons,
+// exchange is given up.
+Answer ShowMessage(const std::string& text, const std::string& /*caption*/, Buttons buttons,
                    Icon /*icon*/) {
-  if (text != last_message) {
-    PrintError(text);
-  }
-  last_message = text;
-  link_errors += caption == "Communications Error" ? 1 : 0;
+  PrintError(text);
   switch (buttons) {
     case Buttons::kOk:
       return Answer::kOk;
@@ -39,8 +33,6 @@ std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time
 
 void AnswerYes() { answer_yes = true; }
 
-int LinkErrorsShown() { return link_errors; }
-
 void PrintLine(std::string_view line) { std::cout << ToUtf8(line) << '\n'; }
 
 void PrintError(const std::string& line) { std::cerr << line << '\n' << std::flush; }
@@ -50,11 +42,9 @@ bool LoadDocument(CloneImage& image, const std::string& path) {
                      : ReadRadioDataFile(image, path);
 }
 
-bool SaveDocumentTo(CloneImage& image, const std::string& path) {
-  if (path != "-") {
-    return WriteRadioDataFile(image, path);
-  }
-  PrepareRadioDataFile(image);
+namespace {
+
+bool WriteToStandardOutput(const CloneImage& image) {
   std::cout.write(reinterpret_cast<const char*>(image.data()),
                   static_cast<std::streamsize>(image.size()));
   if (!std::cout.flush()) {
@@ -62,6 +52,24 @@ bool SaveDocumentTo(CloneImage& image, const std::string& path) {
     return false;
   }
   return true;
+}
+
+}  // namespace
+
+bool SaveDocumentTo(CloneImage& image, const std::string& path) {
+  if (path != "-") {
+    return WriteRadioDataFile(image, path);
+  }
+  PrepareRadioDataFile(image);
+  return WriteToStandardOutput(image);
+}
+
+bool SaveTemplateTo(CloneImage& image, const std::string& path) {
+  if (path != "-") {
+    return WriteTemplateFile(image, path);
+  }
+  PrepareTemplateFile(image);
+  return WriteToStandardOutput(image);
 }
 
 }  // namespace qz7

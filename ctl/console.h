@@ -22,12 +22,11 @@ void PrintError(const std::string& line);
 // From now on a question is answered with Yes instead of its safe answer.
 void AnswerYes();
 
-// How many messages of a failed exchange have been shown so far.
-int LinkErrorsShown();
-
 // A document for reading and for writing; "-" is standard input and output. Both show their own
 // message and return false on failure.
 bool LoadDocument(CloneImage& image, const std::string& path);
 bool SaveDocumentTo(CloneImage& image, const std::string& path);
+// The image as a template file, in the same way.
+bool SaveTemplateTo(CloneImage& image, const std::string& path);
 
 }  // namespace qz7

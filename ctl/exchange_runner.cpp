@@ -23,41 +23,58 @@ int MillisecondsUntil(Clock::time_point moment) {
 }
 
 // Why an exchange has to end although its own rules would go on waiting; empty for no reason.
-std::string ReasonToGiveUp(const SerialPort& port, const std::string& device, int errors_before) {
+std::string ReasonToGiveUp(const SerialPort& port, const std::string& device) {
   if (interrupted != 0) {
     return "Given up.";
   }
-  if (port.HasFailed()) {
-    return device + " has gone away.";
-  }
-  // The message has told the reason; nobody is there to choose what follows it.
-  return LinkErrorsShown() != errors_before ? "The exchange was not completed." : "";
+  return port.IsLost() ? device + " has gone away." : "";
+}
+
+// An exchange and what brings it on.
+template <typename AnyExchange>
+struct Steps {
+  void (*notify)(AnyExchange&, SerialPort&);
+  void (*tick)(AnyExchange&, SerialPort&);
+  void (*answer)(AnyExchange&, SerialPort&, Answer);
+};
+
+// Tells what the exchange asks and gives the safe answer. Nobody is there to choose what follows
+// it, so that only a failed read, which decides nothing, is no reason to give up.
+template <typename AnyExchange>
+std::string AnswerQuestion(AnyExchange& exchange, SerialPort& port,
+                           const Steps<AnyExchange>& steps) {
+  const LinkQuestion question = *exchange.question;
+  PrintError(question.text);
+  steps.answer(exchange, port, question.buttons == Buttons::kOk ? Answer::kOk : Answer::kCancel);
+  return question.error == LinkError::kFailedRead ? "" : "The exchange was not completed.";
 }
 
 // Brings an exchange its bytes and its 10 ms ticks.
-template <typename AnyExchange, typename Notify, typename Tick>
-bool Run(AnyExchange& exchange, SerialPort& port, const std::string& device, Notify notify,
-         Tick tick) {
+template <typename AnyExchange>
+bool Run(AnyExchange& exchange, SerialPort& port, const std::string& device,
+         const Steps<AnyExchange>& steps) {
   ProgressBar bar(IsErrorTerminal());
-  const int errors_before = LinkErrorsShown();
   Clock::time_point next_tick = Clock::now() + kTick;
   std::string reason;
   while (!exchange.ended && reason.empty()) {
     if (port.WaitForInput(BytesAwaited(exchange), MillisecondsUntil(next_tick))) {
-      notify();
+      steps.notify(exchange, port);
     }
-    if (!exchange.ended && Clock::now() >= next_tick) {
-      tick();
+    if (Clock::now() >= next_tick) {
+      steps.tick(exchange, port);
       next_tick = std::max(next_tick + kTick, Clock::now());
     }
-    if (exchange.meter_changed) {
-      exchange.meter_changed = false;
-      bar.Show(exchange.meter);
+    bar.Show(exchange.meter);
+    if (exchange.question) {
+      bar.Finish();
+      reason = AnswerQuestion(exchange, port, steps);
     }
-    reason = ReasonToGiveUp(port, device, errors_before);
+    if (reason.empty()) {
+      reason = ReasonToGiveUp(port, device);
+    }
   }
   bar.Finish();
-  if (exchange.ended == 0 && interrupted == 0 && !port.HasFailed()) {
+  if (exchange.ended == 0 && interrupted == 0 && !port.IsLost()) {
     return true;
   }
   PrintError(reason);
@@ -80,9 +97,8 @@ void CatchInterrupt() {
 }
 
 bool RunCloneRead(CloneRead& read, SerialPort& port, const std::string& device) {
-  const bool done = Run(
-      read, port, device, [&] { NotifyCloneRead(read, port); }, [&] { TickCloneRead(read, port); });
-  if (!done && !read.ended && !port.HasFailed()) {
+  const bool done = Run(read, port, device, {NotifyCloneRead, TickCloneRead, AnswerCloneRead});
+  if (!done && !read.ended && !port.IsLost()) {
     port.SendByte(kAbort);
     CancelCloneRead(read);
   }
@@ -91,9 +107,7 @@ bool RunCloneRead(CloneRead& read, SerialPort& port, const std::string& device) 
 }
 
 bool RunCloneWrite(CloneWrite& write, SerialPort& port, const std::string& device) {
-  const bool done = Run(
-      write, port, device, [&] { NotifyCloneWrite(write, port); },
-      [&] { TickCloneWrite(write, port); });
+  const bool done = Run(write, port, device, {NotifyCloneWrite, TickCloneWrite, AnswerCloneWrite});
   WaitUntilSent(port);
   return done;
 }

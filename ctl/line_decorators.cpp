@@ -11,11 +11,11 @@ namespace qz7 {
 TracedPort::TracedPort(SerialPort& port, const std::string& path)
     : PassingPort(port), file_(path, std::ios::binary) {}
 
-bool TracedPort::IsTraceGood() const { return file_.good(); }
+bool TracedPort::FlushTrace() { return file_.flush().good(); }
 
-std::size_t TracedPort::Read(std::span<std::uint8_t> buffer) {
-  const std::size_t count = PassingPort::Read(buffer);
-  Trace('<', buffer.first(count));
+std::optional<std::size_t> TracedPort::Read(std::span<std::uint8_t> buffer) {
+  const std::optional<std::size_t> count = PassingPort::Read(buffer);
+  Trace('<', buffer.first(count.value_or(0)));
   return count;
 }
 

@@ -15,7 +15,9 @@ class PassingPort : public SerialPort {
   PortResult Open(const std::string& device) override { return port_.Open(device); }
   void Close() override { port_.Close(); }
   bool IsOpen() const override { return port_.IsOpen(); }
-  std::size_t Read(std::span<std::uint8_t> buffer) override { return port_.Read(buffer); }
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
+    return port_.Read(buffer);
+  }
   std::size_t Write(std::span<const std::uint8_t> bytes) override { return port_.Write(bytes); }
   void SendByte(std::uint8_t byte) override { port_.SendByte(byte); }
   unsigned LineErrors() override { return port_.LineErrors(); }
@@ -25,7 +27,6 @@ class PassingPort : public SerialPort {
   bool WaitForInput(std::size_t bytes, int milliseconds) override {
     return port_.WaitForInput(bytes, milliseconds);
   }
-  bool HasFailed() const override { return port_.HasFailed(); }
 
  private:
   SerialPort& port_;
@@ -36,10 +37,10 @@ class PassingPort : public SerialPort {
 class TracedPort : public PassingPort {
  public:
   TracedPort(SerialPort& port, const std::string& path);
-  // Whether the file could be made and everything so far was written.
-  bool IsTraceGood() const;
+  // Whether the file could be made and everything so far is written.
+  bool FlushTrace();
 
-  std::size_t Read(std::span<std::uint8_t> buffer) override;
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override;
   std::size_t Write(std::span<const std::uint8_t> bytes) override;
   void SendByte(std::uint8_t byte) override;
 

@@ -40,7 +40,7 @@ void AddRead(CLI::App& program, Arguments& args) {
 void AddTemplate(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("template", "reads the radio into a template file");
   AddPortOptions(sub, args)->required();
-  sub->add_option("OUT.tpl", args.file, "the file to write")->required();
+  sub->add_option("OUT.tpl", args.file, "the file to write; - is standard output")->required();
   sub->callback([&] { args.run = [&] { return TemplateCommand(args.link, args.file); }; });
 }
 

@@ -1,12 +1,13 @@
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <system_error>
 
 #include "core/files/file_inspection.h"
 #include "core/files/image_difference.h"
 #include "core/files/new_document.h"
-#include "core/files/radio_data_file.h"
 #include "core/files/seams.h"
+#include "core/link/radio_transfer.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
 #include "ctl/exchange_runner.h"
@@ -64,10 +65,19 @@ bool OpenLine(Line& line, const PortOptions& options) {
   CatchInterrupt();
   if (!options.trace.empty()) {
     line.traced = std::make_unique<TracedPort>(*line.device, options.trace);
-    if (!line.traced->IsTraceGood()) {
+    if (!line.traced->FlushTrace()) {
       ShowFileError("Cannot create file:\n" + options.trace);
       return false;
     }
+  }
+  return true;
+}
+
+// At the end of an exchange; a trace with a gap is no trace.
+bool FinishTrace(Line& line, const PortOptions& options) {
+  if (line.traced && !line.traced->FlushTrace()) {
+    ShowFileError("Error writing file:\n" + options.trace);
+    return false;
   }
   return true;
 }
@@ -83,28 +93,39 @@ bool HasFolder(const std::string& out) {
   return false;
 }
 
-// Reads the radio into a new document.
-bool ReadRadio(const PortOptions& options, CloneImage& image) {
+// Opens the line and receives on it; `receive` is given the runner of the exchange.
+bool ReceiveInto(CloneImage& image, const PortOptions& options,
+                 const std::function<bool(SerialPort&, const RunRead&)>& receive) {
   Line line;
   if (!OpenLine(line, options)) {
     return false;
   }
   MakeNewImage(image);
   PrintError("Start the clone send on the radio. Ctrl-C gives up.");
-  CloneRead read;
-  BeginCloneRead(read, line.Port(), std::span(image).subspan(kRadioBlock.offset, kRadioBlock.size));
-  if (!RunCloneRead(read, line.Port(), options.port)) {
-    return false;
-  }
-  CopyNamesToTable(image);
-  return true;
+  return receive(line.Port(), [&](CloneRead& read) {
+    const bool done = RunCloneRead(read, line.Port(), options.port);
+    return FinishTrace(line, options) && done;
+  });
 }
 
-// Everything that can be checked before the first byte is sent. `image` becomes what is sent.
-bool PrepareWrite(const WriteOptions& options, const std::string& file, CloneImage& image) {
-  CloneImage template_image;
-  return LoadDocument(image, file) &&
+// Reads the radio into a new document.
+bool ReadNewDocument(const PortOptions& options, CloneImage& image) {
+  return ReceiveInto(image, options, [&](SerialPort& port, const RunRead& run) {
+    return ReadRadio(image, port, run);
+  });
+}
+
+// Everything that can be checked before the first byte is sent.
+bool LoadWhatToSend(const WriteOptions& options, const std::string& file, CloneImage& image,
+                    CloneImage& template_image) {
+  return LoadDocument(image, file) && IsTemplateNamed(options.template_file) &&
          LoadTemplateFor(template_image, options.template_file) == TemplateOutcome::kUsable;
+}
+
+bool RunStartedWrite(CloneWrite& write, SerialPort& port, const CloneImage& template_image,
+                     const std::string& device) {
+  StartCloneWrite(write, port, template_image);
+  return RunCloneWrite(write, port, device);
 }
 
 }  // namespace
@@ -118,15 +139,15 @@ int PortsCommand() {
 
 int ReadCommand(const PortOptions& options, const std::string& out) {
   CloneImage image;
-  return HasFolder(out) && ReadRadio(options, image) && SaveDocumentTo(image, out) ? kDone
-                                                                                   : kFailed;
+  return HasFolder(out) && ReadNewDocument(options, image) && SaveDocumentTo(image, out) ? kDone
+                                                                                         : kFailed;
 }
 
 int CompareCommand(const PortOptions& options, const std::string& file) {
   constexpr int kTrouble = 2;
   CloneImage expected;
   CloneImage image;
-  if (!LoadDocument(expected, file) || !ReadRadio(options, image)) {
+  if (!LoadDocument(expected, file) || !ReadNewDocument(options, image)) {
     return kTrouble;
   }
   const std::vector<std::string> lines = RadioDifferences(expected, image, kRegion);
@@ -138,41 +159,45 @@ int CompareCommand(const PortOptions& options, const std::string& file) {
 
 int TemplateCommand(const PortOptions& options, const std::string& out) {
   CloneImage image;
-  return HasFolder(out) && ReadRadio(options, image) && WriteTemplateFile(image, out) ? kDone
-                                                                                      : kFailed;
+  const auto write = [&](CloneImage& read) { return SaveTemplateTo(read, out); };
+  const auto receive = [&](SerialPort& port, const RunRead& run) {
+    return ReadRadioIntoTemplate(image, port, run, write);
+  };
+  return HasFolder(out) && ReceiveInto(image, options, receive) ? kDone : kFailed;
 }
 
 int WriteCommand(const WriteOptions& options, const std::string& file) {
   CloneImage image;
+  CloneImage template_image;
   Line line;
-  if (!PrepareWrite(options, file, image) || !OpenLine(line, options)) {
+  if (!LoadWhatToSend(options, file, image, template_image) || !OpenLine(line, options)) {
     return kFailed;
   }
   if (options.gap_milliseconds > 0) {
     SerialPort& inner = line.Port();
     line.pausing = std::make_unique<PausingPort>(inner, options.gap_milliseconds);
   }
-  CloneWrite write;
-  BeginCloneWrite(write, line.Port(), image);
-  StartCloneWrite(write, line.Port(), options.template_file);
-  if (write.phase != CloneWrite::kIdle && RunCloneWrite(write, line.Port(), options.port)) {
-    return kDone;
+  const bool sent = SendToRadio(image, line.Port(), [&](CloneWrite& write) {
+    return RunStartedWrite(write, line.Port(), template_image, options.port);
+  });
+  if (!sent) {
+    PrintError(
+        "The radio has received only a part. Set it to clone receive again and repeat the write.");
   }
-  PrintError(
-      "The radio has received only a part. Set it to clone receive again and repeat the write.");
-  return kFailed;
+  return FinishTrace(line, options) && sent ? kDone : kFailed;
 }
 
 int DryRunCommand(const WriteOptions& options, const std::string& file) {
   CloneImage image;
-  if (!PrepareWrite(options, file, image)) {
+  CloneImage template_image;
+  if (!LoadWhatToSend(options, file, image, template_image)) {
     return kFailed;
   }
   PrintLine("All checks passed; nothing was sent.");
   PrintLine("document: " + file + ", " + std::to_string(CountProgrammedChannels(image)) +
             " programmed memory channels");
   PrintLine("template: " + options.template_file + ", whose radio identity would be sent");
-  PrintLine("would be sent: " + std::to_string(kCloneSize + 1) + " bytes, a header of " +
+  PrintLine("would be sent: " + std::to_string(kRadioBlock.size + 1) + " bytes, a header of " +
             std::to_string(kCloneHeaderSize) + ", " + std::to_string(kCloneBlockCount) +
             " blocks of " + std::to_string(kCloneBlockSize) + " and a checksum");
   return kDone;

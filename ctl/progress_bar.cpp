@@ -20,6 +20,10 @@ std::string ProgressLine(const ProgressMeter& meter, double seconds) {
 ProgressBar::ProgressBar(bool on_terminal) : on_terminal_(on_terminal) {}
 
 void ProgressBar::Show(const ProgressMeter& meter) {
+  if (meter.percent == shown_percent_) {
+    return;
+  }
+  shown_percent_ = meter.percent;
   const std::chrono::duration<double> since = std::chrono::steady_clock::now() - start_;
   if (on_terminal_) {
     std::cerr << '\r' << ProgressLine(meter, since.count()) << std::flush;

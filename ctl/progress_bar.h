@@ -12,6 +12,7 @@ namespace qz7 {
 class ProgressBar {
  public:
   explicit ProgressBar(bool on_terminal);
+  // Writes when the percent is another one.
   void Show(const ProgressMeter& meter);
   // Ends the line of a terminal, so that what follows starts a new one.
   void Finish();
@@ -19,6 +20,7 @@ class ProgressBar {
  private:
   bool on_terminal_;
   bool line_open_ = false;
+  int shown_percent_ = 0;
   int shown_tenths_ = -1;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };

@@ -8,6 +8,7 @@
 #include "core/interchange/merge_source.h"
 #include "core/link/port_setup.h"
 #include "core/link/radio_commands.h"
+#include "core/link/radio_transfer.h"
 #include "desktop/about_dialog.h"
 #include "desktop/app_state.h"
 #include "desktop/editors/channel_editor_dialog.h"
@@ -32,29 +33,36 @@ namespace {
 
 // The radio.
 
-std::span<std::uint8_t> RadioBlockOf(CloneImage& image) {
-  return std::span(image).subspan(kRadioBlock.offset, kRadioBlock.size);
-}
+bool RunReadDialog(CloneRead& read) { return ShowReadDialog(read, *app.port); }
 
-bool ReadRadio() { return ShowReadDialog(*app.port, RadioBlockOf(app.document.working_copy)); }
-
-bool ReadRadioIntoTemplate() {
-  if (!ReadRadio() || !ShowTemplateDialog(app.document)) {
+bool NameAndWriteTemplate(CloneImage& /*working_copy*/) {
+  if (!ShowTemplateDialog(app.document)) {
     return false;
   }
   SaveTemplatePath(app.document.preferences);
   return true;
 }
 
-bool WriteRadio() {
-  return ShowWriteDialog(*app.port, app.document.working_copy, app.document.preferences);
+bool ReadIntoWorkingCopy() {
+  return ReadRadio(app.document.working_copy, *app.port, RunReadDialog);
 }
 
-void GetData(int) { ReadRadioIntoDocument(app.document, *app.port, ReadRadio); }
-void CreateTemplateFromRadio(int) {
-  ReadRadioIntoDocument(app.document, *app.port, ReadRadioIntoTemplate);
+bool ReadIntoTemplate() {
+  return ReadRadioIntoTemplate(app.document.working_copy, *app.port, RunReadDialog,
+                               NameAndWriteTemplate);
 }
-void SendData(int) { SendDocumentToRadio(app.document, *app.port, WriteRadio); }
+
+bool SendWorkingCopy() {
+  return SendToRadio(app.document.working_copy, *app.port, [](CloneWrite& write) {
+    return ShowWriteDialog(write, *app.port, app.document.preferences);
+  });
+}
+
+void GetData(int) { ReadRadioIntoDocument(app.document, *app.port, ReadIntoWorkingCopy); }
+void CreateTemplateFromRadio(int) {
+  ReadRadioIntoDocument(app.document, *app.port, ReadIntoTemplate);
+}
+void SendData(int) { SendDocumentToRadio(app.document, *app.port, SendWorkingCopy); }
 
 // Channels.
 

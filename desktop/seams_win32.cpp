@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/files/seams.h"
+#include "desktop/link/exchange_window.h"
 #include "desktop/link/port_dialog.h"
 #include "desktop/locations.h"
 #include "desktop/printing/printing.h"
@@ -83,6 +84,10 @@ Answer ShowMessage(const std::string& text, const std::string& caption, Buttons 
   // Without a caption the system puts its own word for an error.
   const char* title = caption.empty() ? nullptr : caption.c_str();
   return AnswerOf(MessageBoxA(DialogOwner(), text.c_str(), title, BoxStyle(buttons, icon)));
+}
+
+void ShowBoxWithoutOwner(const std::string& text, const std::string& caption) {
+  MessageBoxA(nullptr, text.c_str(), caption.c_str(), MB_OK);
 }
 
 std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }

@@ -1,6 +1,7 @@
 // The receive exchange against a radio and a user that do anything: each input byte is an event.
 
 #include <cstdlib>
+#include <deque>
 #include <vector>
 
 #include "core/link/clone_read.h"
@@ -15,7 +16,18 @@ void SendBlockOf(MemoryLine& line, std::uint8_t byte, int count) {
   line.incoming.insert(line.incoming.end(), static_cast<std::size_t>(count), byte);
 }
 
-void PlayEvent(FuzzInput& input, CloneRead& read, MemoryLine& line) {
+// A tick or a notification while the exchange waits for an answer must do nothing at all.
+void CheckStandsStill(CloneRead& read, MemoryLine& line) {
+  const auto incoming = line.incoming;
+  const auto sent = line.sent;
+  TickCloneRead(read, line);
+  NotifyCloneRead(read, line);
+  if (line.incoming != incoming || line.sent != sent || !read.question) {
+    std::abort();
+  }
+}
+
+void PlayEvent(FuzzInput& input, CloneRead& read, MemoryLine& line, std::deque<Answer>& answers) {
   constexpr int kManyTicks = 30;
   switch (input.Byte() % 12) {
     case 0:
@@ -31,7 +43,7 @@ void PlayEvent(FuzzInput& input, CloneRead& read, MemoryLine& line) {
       SendBlockOf(line, input.Byte(), 16 * (1 + input.Byte()));
       break;
     case 4:
-      SendBlockOf(line, 0x00, static_cast<int>(kCloneSize));
+      SendBlockOf(line, 0x00, static_cast<int>(kRadioBlock.size));
       break;
     case 5:
       line.line_errors = input.Byte();
@@ -39,17 +51,20 @@ void PlayEvent(FuzzInput& input, CloneRead& read, MemoryLine& line) {
     case 6:
       line.echo = !line.echo;
       break;
-    case 7:
-      line.read_limit = 1U + input.Byte() % 20U;
+    case 7: {
+      const std::uint8_t how = input.Byte();
+      line.read_limit = 1U + how % 20U;
+      line.reads_to_fail = how / 64;  // mostly a few
       break;
+    }
     case 8:
-      fuzz_answers.push_back(input.Byte() % 2 == 0 ? Answer::kRetry : Answer::kCancel);
+      answers.push_back(input.Byte() % 2 == 0 ? Answer::kRetry : Answer::kCancel);
       break;
     case 9:
       NotifyCloneRead(read, line);
       break;
     case 10:
-      for (int i = 0; i < kManyTicks && read.polling; ++i) {
+      for (int i = 0; i < kManyTicks; ++i) {
         TickCloneRead(read, line);
       }
       break;
@@ -57,8 +72,12 @@ void PlayEvent(FuzzInput& input, CloneRead& read, MemoryLine& line) {
       line.incoming.push_back(CloneChecksum(read.block));
       break;
   }
-  if (read.polling && !read.ended) {
-    TickCloneRead(read, line);
+  TickCloneRead(read, line);
+  if (read.question && answers.empty()) {
+    CheckStandsStill(read, line);
+  } else if (read.question) {
+    AnswerCloneRead(read, line, answers.front());
+    answers.pop_front();
   }
 }
 
@@ -68,22 +87,22 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr std::size_t kGuard = 64;
   constexpr std::uint8_t kGuardByte = 0x5A;
   constexpr std::size_t kMostEvents = 400;
-  fuzz_answers.clear();
+  std::deque<Answer> answers;
   FuzzInput input(data, std::min(size, kMostEvents));
-  std::vector<std::uint8_t> memory(kCloneSize + 2 * kGuard, kGuardByte);
+  std::vector<std::uint8_t> memory(kRadioBlock.size + 2 * kGuard, kGuardByte);
   MemoryLine line;
   line.Open("fuzz");
   CloneRead read;
-  BeginCloneRead(read, line, std::span(memory).subspan(kGuard, kCloneSize));
+  BeginCloneRead(read, line, std::span(memory).subspan(kGuard, kRadioBlock.size));
   while (!input.IsEmpty() && !read.ended) {
-    PlayEvent(input, read, line);
+    PlayEvent(input, read, line, answers);
   }
   for (std::size_t i = 0; i < kGuard; ++i) {
     if (memory[i] != kGuardByte || memory[memory.size() - 1 - i] != kGuardByte) {
       std::abort();
     }
   }
-  if (read.ended && read.polling) {
+  if (read.ended && (read.polling || read.question)) {
     std::abort();
   }
   return 0;

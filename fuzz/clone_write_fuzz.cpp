@@ -1,10 +1,13 @@
 // The send exchange against a radio and a user that do anything: each input byte is an event. The
 // exchange may end well only after the radio's two acknowledgements and every block.
 
+#include <algorithm>
 #include <cstdlib>
+#include <deque>
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
@@ -31,7 +34,7 @@ const std::string& TemplateFile() {
   return path;
 }
 
-void PlayEvent(FuzzInput& input, CloneWrite& write, MemoryLine& line) {
+void PlayEvent(FuzzInput& input, CloneWrite& write, MemoryLine& line, std::deque<Answer>& answers) {
   switch (input.Byte() % 10) {
     case 0:
       line.incoming.push_back(kAck);
@@ -48,11 +51,14 @@ void PlayEvent(FuzzInput& input, CloneWrite& write, MemoryLine& line) {
     case 4:
       line.write_limit = SIZE_MAX;
       break;
-    case 5:
-      line.read_limit = 1U + input.Byte() % 20U;
+    case 5: {
+      const std::uint8_t how = input.Byte();
+      line.read_limit = 1U + how % 20U;
+      line.reads_to_fail = how / 64;  // mostly a few
       break;
+    }
     case 6:
-      fuzz_answers.push_back(input.Byte() % 2 == 0 ? Answer::kRetry : Answer::kCancel);
+      answers.push_back(input.Byte() % 2 == 0 ? Answer::kRetry : Answer::kCancel);
       break;
     case 7:
       StartCloneWrite(write, line, TemplateFile());
@@ -64,16 +70,27 @@ void PlayEvent(FuzzInput& input, CloneWrite& write, MemoryLine& line) {
       NotifyCloneWrite(write, line);
       break;
   }
-  if (write.polling && !write.ended) {
-    TickCloneWrite(write, line);
+  TickCloneWrite(write, line);
+  if (write.question && !answers.empty()) {
+    AnswerCloneWrite(write, line, answers.front());
+    answers.pop_front();
   }
+}
+
+// The last that was put on the line is the whole block and its checksum.
+bool SentEverything(const CloneWrite& write, const MemoryLine& line) {
+  std::vector<std::uint8_t> all(write.block.begin(), write.block.end());
+  all.push_back(CloneChecksum(write.block));
+  return line.sent.size() >= all.size() &&
+         std::equal(all.begin(), all.end(),
+                    line.sent.end() - static_cast<std::ptrdiff_t>(all.size()));
 }
 
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   constexpr std::size_t kMostEvents = 400;
-  fuzz_answers.clear();
+  std::deque<Answer> answers;
   FuzzInput input(data, std::min(size, kMostEvents));
   const auto image = std::make_unique<CloneImage>();
   MakeNewImage(*image);
@@ -82,12 +99,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   CloneWrite write;
   BeginCloneWrite(write, line, *image);
   while (!input.IsEmpty() && !write.ended) {
-    PlayEvent(input, write, line);
+    PlayEvent(input, write, line, answers);
   }
   if (write.blocks_sent < 0 || write.blocks_sent > kCloneBlockCount) {
     std::abort();
   }
-  if (write.ended == 0 && write.blocks_sent != kCloneBlockCount) {
+  if (write.ended == 0 && (write.blocks_sent != kCloneBlockCount || !SentEverything(write, line))) {
     std::abort();
   }
   return 0;

@@ -2,14 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
-#include <deque>
 
 #include "core/files/seams.h"
 
 namespace qz7 {
-
-// What the next messages are answered with; OK or Cancel once they are used up.
-extern std::deque<Answer> fuzz_answers;
 
 // Takes bytes from the front of a fuzzer's input; 0 once it is used up.
 class FuzzInput {

@@ -198,7 +198,6 @@ bool CreateTemplate(Document& document, const std::string& name) {
 void TakeRadioImage(Document& document) {
   TakeWorkingCopy(document);
   document.changed = true;
-  CopyNamesToTable(document.image);
   LoadMainDialog(document.image);
 }
 

@@ -150,11 +150,15 @@ bool WriteRadioDataFile(CloneImage& image, const std::string& path) {
   return WriteFileOrShow(path, image);
 }
 
-bool WriteTemplateFile(CloneImage& image, const std::string& path) {
+void PrepareTemplateFile(CloneImage& image) {
   image[kBlockChecksumOffset] = RadioBlockChecksum(image);
   RebuildDerivedTables(image);
   SetMagic(image, kTemplateMagic);
   StoreFileChecksum(image);
+}
+
+bool WriteTemplateFile(CloneImage& image, const std::string& path) {
+  PrepareTemplateFile(image);
   const bool written = WriteFileOrShow(path, image);
   SetMagic(image, kRadioDataMagic);
   return written;

@@ -36,6 +36,9 @@ void PrepareRadioDataFile(CloneImage& image);
 // file:". A file that stood there before is untouched on failure.
 bool WriteRadioDataFile(CloneImage& image, const std::string& path);
 
+// Makes the image ready to be written as a template: checksums, derived tables, magic, no filler.
+void PrepareTemplateFile(CloneImage& image);
+
 // Writes the image as a template file, without filler; the image's magic is "RDF" again afterwards,
 // whatever the outcome.
 bool WriteTemplateFile(CloneImage& image, const std::string& path);

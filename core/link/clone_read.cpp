@@ -7,7 +7,7 @@ namespace qz7 {
 namespace {
 
 constexpr std::uint8_t kHeaderStart = 0x0A;
-constexpr int kSize = static_cast<int>(kCloneSize);
+constexpr int kSize = static_cast<int>(kRadioBlock.size);
 constexpr int kHeaderBytes = static_cast<int>(kCloneHeaderSize);
 constexpr int kBlockBytes = static_cast<int>(kCloneBlockSize);
 
@@ -27,7 +27,8 @@ void Abort(CloneRead& read, SerialPort& port) {
 // position lies behind the block's end: what arrives then is counted and dropped.
 int ReadIntoBlock(CloneRead& read, SerialPort& port, int most) {
   std::array<std::uint8_t, kCloneBlockSize> bytes;
-  const std::size_t count = port.Read(std::span(bytes).first(static_cast<std::size_t>(most)));
+  const std::size_t count =
+      ReadArrived(read, port, std::span(bytes).first(static_cast<std::size_t>(most)));
   for (std::size_t i = 0; i < count; ++i) {
     const std::size_t place = static_cast<std::size_t>(read.position) + i;
     if (place < read.block.size()) {
@@ -56,7 +57,7 @@ bool StepHeader(CloneRead& read, SerialPort& port) {
 
 bool StepReadBackAck(CloneRead& read, SerialPort& port, bool& read_a_byte) {
   std::array<std::uint8_t, 1> echo;
-  read_a_byte = port.Read(echo) == 1;
+  read_a_byte = ReadArrived(read, port, echo) == 1;
   if (!read_a_byte) {
     return false;
   }
@@ -69,14 +70,7 @@ bool StepReadBackAck(CloneRead& read, SerialPort& port, bool& read_a_byte) {
   read.position = 0;
   read.phase = CloneRead::kWaitHeader;
   port.SendByte(kAbort);
-  if (LinkErrorRetry(read, "Acknowledge Error")) {
-    RestartExchange(read, port);
-    // The header is not expected again: the next bytes are stored from the block's start as data.
-    read.phase = CloneRead::kData;
-    read.ticks_left = kReceiveTicks;
-  } else {
-    EndExchange(read, -1);
-  }
+  AskForRetry(read, LinkError::kAcknowledge, "Acknowledge Error");
   return true;
 }
 
@@ -92,7 +86,7 @@ bool StepData(CloneRead& read, SerialPort& port) {
     return true;
   }
   read.ticks_left = kReceiveTicks;
-  ShowExchangeProgress(read, read.position);
+  SetProgress(read.meter, read.position);
   if (read.block_fill == kBlockBytes) {
     // The second case can never be met, because the last block leads to the checksum first; the
     // radio waits for no acknowledgement there.
@@ -107,59 +101,81 @@ bool StepData(CloneRead& read, SerialPort& port) {
 
 bool StepChecksum(CloneRead& read, SerialPort& port) {
   std::array<std::uint8_t, 1> checksum;
-  if (port.Read(checksum) == 0) {
+  if (ReadArrived(read, port, checksum) == 0) {
     return false;
   }
   if (checksum[0] == CloneChecksum(read.block)) {
     port.SendByte(kAck);
     EndExchange(read, 0);
-  } else if (LinkErrorRetry(read, "Checksum Error")) {
-    // The next byte that arrives is taken for a new checksum.
-    RestartExchange(read, port);
   } else {
-    Abort(read, port);
+    AskForRetry(read, LinkError::kChecksum, "Checksum Error");
   }
   return true;
 }
 
+// Behind a question they wait with the rest of the exchange.
 void CheckLineErrors(CloneRead& read, SerialPort& port) {
-  if (port.LineErrors() == 0 || read.phase == CloneRead::kWaitHeader) {
+  if (read.ended || read.question || port.LineErrors() == 0 ||
+      read.phase == CloneRead::kWaitHeader) {
     return;
   }
   read.phase = CloneRead::kWaitHeader;
-  // The outcomes are reversed on purpose: Retry leaves the dialog waiting for Cancel with its timer
-  // stopped, Cancel listens on with the position kept.
-  if (!LinkErrorRetry(read, "Bad Receive Data")) {
-    RestartExchange(read, port);
-  }
+  AskForRetry(read, LinkError::kBadReceiveData, "Bad Receive Data");
 }
 
-void HandleStall(CloneRead& read, SerialPort& port) {
-  if (LinkErrorRetry(read, "Receive Timeout")) {
-    RestartExchange(read, port);
-    // The position is kept, so that the header's end is not met again: only a fresh exchange helps.
-    read.phase = CloneRead::kWaitHeader;
+void AnswerAcknowledgeError(CloneRead& read, SerialPort& port, bool retry) {
+  if (!retry) {
+    EndExchange(read, -1);
     return;
   }
-  Abort(read, port);
-  read.blocks_done = 0;
+  RestartExchange(read, port);
+  // The header is not expected again: the next bytes are stored from the block's start as data.
+  read.phase = CloneRead::kData;
+  read.ticks_left = kReceiveTicks;
 }
 
-bool IsReceivingData(const CloneRead& read) {
-  return read.phase == CloneRead::kData || read.phase == CloneRead::kDataAlike;
+void AnswerChecksumError(CloneRead& read, SerialPort& port, bool retry) {
+  if (!retry) {
+    Abort(read, port);
+    return;
+  }
+  // The next byte that arrives is taken for a new checksum.
+  RestartExchange(read, port);
+  CheckLineErrors(read, port);
+}
+
+// The outcomes are reversed on purpose: Retry leaves the dialog waiting for Cancel with its timer
+// stopped, Cancel listens on with the position kept.
+void AnswerBadReceiveData(CloneRead& read, SerialPort& port, bool retry) {
+  if (!retry) {
+    RestartExchange(read, port);
+  }
+}
+
+void AnswerReceiveTimeout(CloneRead& read, SerialPort& port, bool retry) {
+  if (!retry) {
+    Abort(read, port);
+    read.blocks_done = 0;
+    return;
+  }
+  RestartExchange(read, port);
+  // The position is kept, so that the header's end is not met again: only a fresh exchange helps.
+  read.phase = CloneRead::kWaitHeader;
 }
 
 }  // namespace
 
-void BeginCloneRead(CloneRead& read, SerialPort& port, std::span<std::uint8_t> block,
-                    MeterSize meter) {
+void BeginCloneRead(CloneRead& read, SerialPort& port, std::span<std::uint8_t> block) {
   read = CloneRead{};
   read.block = block;
-  BeginProgress(read.meter, kSize, meter.width, meter.height);
+  read.meter.total = kSize;
   RestartExchange(read, port);
 }
 
 bool StepCloneRead(CloneRead& read, SerialPort& port) {
+  if (read.question) {
+    return false;
+  }
   bool worked = false;
   bool read_back = false;
   switch (read.phase) {
@@ -176,28 +192,50 @@ bool StepCloneRead(CloneRead& read, SerialPort& port) {
       worked = StepData(read, port);
       break;
   }
-  if (!read.ended && !read_back) {
+  if (!read_back) {
     CheckLineErrors(read, port);
   }
   return worked;
 }
 
 std::size_t BytesAwaited(const CloneRead& read) {
-  return IsReceivingData(read) ? static_cast<std::size_t>(kBlockBytes - read.block_fill) : 1;
+  return read.phase == CloneRead::kData ? static_cast<std::size_t>(kBlockBytes - read.block_fill)
+                                        : 1;
 }
 
 void NotifyCloneRead(CloneRead& read, SerialPort& port) {
-  while (!read.ended && read.polling && StepCloneRead(read, port)) {
+  while (IsRunning(read, port) && StepCloneRead(read, port)) {
   }
 }
 
 void TickCloneRead(CloneRead& read, SerialPort& port) {
-  if (IsReceivingData(read)) {
+  if (IsRunning(read, port) && read.phase == CloneRead::kData) {
     if (read.ticks_left == 0) {
-      HandleStall(read, port);
+      AskForRetry(read, LinkError::kReceiveTimeout, "Receive Timeout");
     } else {
       --read.ticks_left;
     }
+  }
+  NotifyCloneRead(read, port);
+}
+
+void AnswerCloneRead(CloneRead& read, SerialPort& port, Answer answer) {
+  const bool retry = answer == Answer::kRetry;
+  switch (TakeQuestion(read).value_or(LinkError::kFailedRead)) {
+    case LinkError::kAcknowledge:
+      AnswerAcknowledgeError(read, port, retry);
+      break;
+    case LinkError::kChecksum:
+      AnswerChecksumError(read, port, retry);
+      break;
+    case LinkError::kBadReceiveData:
+      AnswerBadReceiveData(read, port, retry);
+      break;
+    case LinkError::kReceiveTimeout:
+      AnswerReceiveTimeout(read, port, retry);
+      break;
+    default:
+      break;
   }
   NotifyCloneRead(read, port);
 }

@@ -12,12 +12,14 @@
 namespace qz7 {
 namespace {
 
-constexpr int kSize = static_cast<int>(kCloneSize);
+constexpr int kSize = static_cast<int>(kRadioBlock.size);
 constexpr std::size_t kMarketVersion = 8;  // in the radio block
 constexpr std::uint8_t kJapaneseVersion = 1;
 
-void ExpectEcho(CloneWrite& write, std::size_t written) {
-  write.echo_expected = static_cast<std::uint8_t>(written);
+// The echo of all the bytes, so that what the port has not taken is never taken for sent.
+void ExpectEcho(CloneWrite& write, std::span<const std::uint8_t> bytes, std::size_t taken) {
+  write.echo_expected = static_cast<std::uint8_t>(bytes.size());
+  write.unsent = bytes.subspan(taken);
   write.phase = CloneWrite::kWaitEcho;
   write.response_countdown = kResponseTicks;
 }
@@ -25,41 +27,53 @@ void ExpectEcho(CloneWrite& write, std::size_t written) {
 bool StepSendBlock(CloneWrite& write, SerialPort& port) {
   const std::size_t place =
       kCloneHeaderSize + static_cast<std::size_t>(write.blocks_sent) * kCloneBlockSize;
-  const std::size_t written = port.Write(write.block.subspan(place, kCloneBlockSize));
+  const auto bytes = write.block.subspan(place, kCloneBlockSize);
+  const std::size_t taken = port.Write(bytes);
   ++write.blocks_sent;
   write.echo_received = 0;
-  ExpectEcho(write, written);
+  ExpectEcho(write, bytes, taken);
   return true;
 }
 
 bool StepWaitEcho(CloneWrite& write, SerialPort& port) {
+  if (!write.unsent.empty()) {
+    write.unsent = write.unsent.subspan(port.Write(write.unsent));
+  }
   while (write.echo_received < write.echo_expected) {
     std::array<std::uint8_t, 256> scratch;
     const auto missing = static_cast<std::size_t>(write.echo_expected - write.echo_received);
-    const std::size_t count = port.Read(std::span(scratch).first(missing));
+    const std::size_t count = ReadArrived(write, port, std::span(scratch).first(missing));
     if (count == 0) {
       return false;
     }
     write.echo_received = static_cast<std::uint8_t>(write.echo_received + count);
   }
+  if (!write.unsent.empty()) {
+    return false;
+  }
   write.phase = CloneWrite::kBlockEchoed;
   write.bytes_confirmed += write.echo_received;
   write.echo_received = 0;
-  ShowExchangeProgress(write, write.bytes_confirmed);
+  SetProgress(write.meter, write.bytes_confirmed);
   return true;
 }
 
-void RefuseAnswer(CloneWrite& write, SerialPort& port) {
+void RefuseAnswer(CloneWrite& write) {
   write.response_countdown = 0;
   write.echo_received = 0;
   write.phase = CloneWrite::kIdle;
   write.blocks_sent = 0;
-  // Retry leaves the buttons disabled on purpose: the user can only cancel.
-  if (LinkErrorRetry(write, "Acknowledge Error")) {
-    RestartExchange(write, port);
-  } else {
-    EndExchange(write, -1);
+  AskForRetry(write, LinkError::kAcknowledge, "Acknowledge Error");
+}
+
+// A checksum that the port does not take is sent again by a later step.
+bool SendChecksum(CloneWrite& write, SerialPort& port) {
+  const std::array<std::uint8_t, 1> checksum = {CloneChecksum(write.block)};
+  const bool taken = port.Write(checksum) == checksum.size();
+  if (taken) {
+    write.phase = CloneWrite::kFinished;
   }
+  return taken;
 }
 
 // The radio answers the header and the first block; its answer to the last one is consumed when it
@@ -71,19 +85,18 @@ bool StepBlockEchoed(CloneWrite& write, SerialPort& port) {
     return true;
   }
   std::array<std::uint8_t, 1> answer;
-  const bool answered = port.Read(answer) == 1;
+  const bool answered = ReadArrived(write, port, answer) == 1;
   if (answered && answer[0] != kAck) {
-    RefuseAnswer(write, port);
+    RefuseAnswer(write);
     return true;
   }
   if (last) {
-    const std::array<std::uint8_t, 1> checksum = {CloneChecksum(write.block)};
-    port.Write(checksum);
-    write.phase = CloneWrite::kFinished;
-  } else if (answered) {
+    return SendChecksum(write, port);
+  }
+  if (answered) {
     write.phase = CloneWrite::kSendBlock;
   }
-  return answered || last;
+  return answered;
 }
 
 bool StepFinished(CloneWrite& write, SerialPort& port) {
@@ -92,8 +105,16 @@ bool StepFinished(CloneWrite& write, SerialPort& port) {
   return true;
 }
 
-void HandleNoResponse(CloneWrite& write, SerialPort& port) {
-  LinkErrorOk(write, "Timeout waiting for QZ-7 response");
+void AnswerAcknowledgeError(CloneWrite& write, SerialPort& port, bool retry) {
+  // Retry leaves the buttons disabled on purpose: the user can only cancel.
+  if (retry) {
+    RestartExchange(write, port);
+  } else {
+    EndExchange(write, -1);
+  }
+}
+
+void AnswerNoResponse(CloneWrite& write, SerialPort& port) {
   write.phase = CloneWrite::kIdle;
   write.blocks_sent = 0;
   write.can_start = true;
@@ -106,13 +127,22 @@ bool IsWaitingForRadio(const CloneWrite& write) {
 
 }  // namespace
 
-void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy,
-                     MeterSize meter) {
+void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy) {
   write = CloneWrite{};
-  write.block = std::span(working_copy).subspan(kRadioBlock.offset, kRadioBlock.size);
-  BeginProgress(write.meter, kSize, meter.width, meter.height);
+  write.block = RadioBlockOf(working_copy);
+  write.meter.total = kSize;
   MirrorOperatingChannel(working_copy);
   RestartExchange(write, port);
+}
+
+bool IsTemplateNamed(const std::string& template_path) {
+  if (template_path.empty()) {
+    ShowMessage(
+        "No template file specified.\nUse Browse Template to select one\n"
+        "or Help for create instructions.\n",
+        kProgramTitle, Buttons::kOk, Icon::kNone);
+  }
+  return !template_path.empty();
 }
 
 TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& template_path) {
@@ -130,14 +160,7 @@ TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& t
 }
 
 void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& template_path) {
-  if (write.phase != CloneWrite::kIdle || !write.can_start) {
-    return;
-  }
-  if (template_path.empty()) {
-    ShowMessage(
-        "No template file specified.\nUse Browse Template to select one\n"
-        "or Help for create instructions.\n",
-        kProgramTitle, Buttons::kOk, Icon::kNone);
+  if (write.phase != CloneWrite::kIdle || !write.can_start || !IsTemplateNamed(template_path)) {
     return;
   }
   const std::unique_ptr<CloneImage> template_image(new (std::nothrow) CloneImage{});
@@ -146,19 +169,25 @@ void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& tem
     EndExchange(write, -1);
     return;
   }
-  const TemplateOutcome outcome = LoadTemplateFor(*template_image, template_path);
-  if (outcome == TemplateOutcome::kStay) {
-    return;
+  switch (LoadTemplateFor(*template_image, template_path)) {
+    case TemplateOutcome::kUsable:
+      StartCloneWrite(write, port, *template_image);
+      break;
+    case TemplateOutcome::kStay:
+      break;
+    case TemplateOutcome::kGiveUp:
+      EndExchange(write, -1);
+      break;
   }
-  if (outcome == TemplateOutcome::kGiveUp) {
-    EndExchange(write, -1);
-    return;
-  }
+}
+
+void StartCloneWrite(CloneWrite& write, SerialPort& port, const CloneImage& template_image) {
   MergeTemplate(write.block,
-                std::span(*template_image).subspan(kRadioBlock.offset, kRadioBlock.size));
+                std::span(template_image).subspan(kRadioBlock.offset, kRadioBlock.size));
   write.can_start = false;
   port.Purge(Queues::kTransmit);
-  ExpectEcho(write, WriteBytesOneByOne(port, write.block.first(kCloneHeaderSize)));
+  const auto header = write.block.first(kCloneHeaderSize);
+  ExpectEcho(write, header, WriteBytesOneByOne(port, header));
   write.blocks_sent = 0;
 }
 
@@ -171,6 +200,9 @@ void MergeTemplate(std::span<std::uint8_t> block, std::span<const std::uint8_t> 
 }
 
 bool StepCloneWrite(CloneWrite& write, SerialPort& port) {
+  if (write.question) {
+    return false;
+  }
   switch (write.phase) {
     case CloneWrite::kSendBlock:
       return StepSendBlock(write, port);
@@ -192,21 +224,34 @@ std::size_t BytesAwaited(const CloneWrite& write) {
 }
 
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port) {
-  while (!write.ended && write.polling && write.phase != CloneWrite::kFinished &&
-         !port.HasFailed() && StepCloneWrite(write, port)) {
+  while (IsRunning(write, port) && write.phase != CloneWrite::kFinished &&
+         StepCloneWrite(write, port)) {
   }
 }
 
 void TickCloneWrite(CloneWrite& write, SerialPort& port) {
-  if (port.HasFailed()) {
+  if (!IsRunning(write, port)) {
     return;
   }
   if (write.phase == CloneWrite::kFinished) {
     EndExchange(write, 0);
-    return;
+  } else if (IsWaitingForRadio(write) && write.response_countdown == 0) {
+    AskForOk(write, LinkError::kNoResponse, "Timeout waiting for QZ-7 response");
+  } else {
+    NotifyCloneWrite(write, port);
   }
-  if (IsWaitingForRadio(write) && write.response_countdown == 0) {
-    HandleNoResponse(write, port);
+}
+
+void AnswerCloneWrite(CloneWrite& write, SerialPort& port, Answer answer) {
+  switch (TakeQuestion(write).value_or(LinkError::kFailedRead)) {
+    case LinkError::kAcknowledge:
+      AnswerAcknowledgeError(write, port, answer == Answer::kRetry);
+      break;
+    case LinkError::kNoResponse:
+      AnswerNoResponse(write, port);
+      break;
+    default:
+      break;
   }
   NotifyCloneWrite(write, port);
 }

@@ -13,9 +13,10 @@ struct CloneWrite : Exchange {
   enum Phase { kIdle = 0, kSendBlock = 1, kBlockEchoed = 2, kFinished = 3, kWaitEcho = 4 };
   int phase = kIdle;
   int blocks_sent = 0;             // 0..507
-  std::uint8_t echo_expected = 0;  // bytes that the last write put on the line
+  std::uint8_t echo_expected = 0;  // bytes that the last write was to put on the line
   std::uint8_t echo_received = 0;
-  int bytes_confirmed = 0;  // for the meter
+  std::span<const std::uint8_t> unsent;  // of these bytes, what the port has not taken yet
+  int bytes_confirmed = 0;               // for the meter
   // Loaded with 10 and on purpose never counted down: a radio that stops answering leaves the
   // exchange waiting for Cancel.
   int response_countdown = 0;
@@ -26,14 +27,16 @@ inline constexpr int kResponseTicks = 10;
 
 // Opens the exchange on a working copy: refreshes its operating-channel mirror and waits for
 // StartCloneWrite. The working copy must outlive the exchange.
-void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy,
-                     MeterSize meter = {});
+void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_copy);
 
-// The user's OK: loads the template, refuses one of the Japanese version, merges it and sends the
-// header. Ignored unless the exchange is idle.
+// The user's OK: loads the template and starts. One that cannot be used leaves the exchange as it
+// is; one of the Japanese version ends it. Ignored unless the exchange is idle.
 void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& template_path);
+// Merges a template that is loaded and sends the header.
+void StartCloneWrite(CloneWrite& write, SerialPort& port, const CloneImage& template_image);
 
-// The checks of a template that has been named, with their messages. kStay: choose another.
+// The checks of a template, with their messages. kStay: choose another.
+bool IsTemplateNamed(const std::string& template_path);
 enum class TemplateOutcome { kUsable, kStay, kGiveUp };
 TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& template_path);
 
@@ -41,18 +44,19 @@ TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& t
 // 10 and 11 repeat its bytes 6 and 7, 12 and 13 are the template's.
 void MergeTemplate(std::span<std::uint8_t> block, std::span<const std::uint8_t> template_block);
 
-// One send step; true when the next step may find something to do.
+// One send step; true when the next step may find something to do. A step does nothing while a
+// question is open.
 bool StepCloneWrite(CloneWrite& write, SerialPort& port);
 
 // How many bytes the next step can use: a driver that can wait for so many need not wake for each.
 std::size_t BytesAwaited(const CloneWrite& write);
 
 // A tick of the 10 ms timer, and bytes that have come: steps until one finds nothing to do. The
-// step that finishes is left to a later tick, when the checksum byte has left the machine. A port
-// that has gone away is never sent to: a write that puts nothing on the line has no echo to wait
-// for, and would run to a success that the radio knows nothing of. Only Cancel follows.
+// step that finishes is left to a later tick, when the checksum byte has left the machine.
 void TickCloneWrite(CloneWrite& write, SerialPort& port);
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port);
+// The question's answer: the exchange goes on with what the answer says, then with its steps.
+void AnswerCloneWrite(CloneWrite& write, SerialPort& port, Answer answer);
 
 void CancelCloneWrite(CloneWrite& write);
 

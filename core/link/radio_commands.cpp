@@ -5,8 +5,12 @@
 namespace qz7 {
 namespace {
 
+// A port that went away during an exchange is opened anew, or it is said why not; the user chooses
+// where there is none.
 bool EnsurePort(Document& document, SerialPort& port) {
-  return port.IsOpen() || SetUpPort(port, document.preferences);
+  return port.IsOpen() ||
+         (port.IsLost() && OpenChosenPort(port, document.preferences.port_index)) ||
+         SetUpPort(port, document.preferences);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -27,9 +28,7 @@ enum class Queues { kTransmit, kReceive, kBoth };
 // What the words mean for every implementation:
 //  - Nothing waits, WaitForInput apart. Read returns what has already arrived, 0 for nothing.
 //  - A short read is the normal case; a short write means that the rest was not taken and is lost.
-//  - A failed read shows "ERROR" with the caption "Read Error" and counts as no byte; a failed
-//  write
-//    shows nothing and counts what was taken. HasFailed tells afterwards that the device is gone.
+//  - A failed read says so in its result, a failed write by what it took. A closed port fails both.
 //  - There is no time-out in here: an exchange counts its own ticks.
 class SerialPort {
  public:
@@ -44,7 +43,8 @@ class SerialPort {
   virtual void Close() = 0;
   virtual bool IsOpen() const = 0;
 
-  virtual std::size_t Read(std::span<std::uint8_t> buffer) = 0;
+  // Nothing when the read failed.
+  virtual std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) = 0;
   virtual std::size_t Write(std::span<const std::uint8_t> bytes) = 0;
   // Sends one byte ahead of the transmit queue.
   virtual void SendByte(std::uint8_t byte) = 0;
@@ -65,8 +65,16 @@ class SerialPort {
   // Waits until `bytes` bytes can be read, or for `milliseconds`; true when at least one can. The
   // console program's way of waiting; the desktop program has its message loop.
   virtual bool WaitForInput(std::size_t bytes, int milliseconds) = 0;
-  // The device has gone away since it was opened: no read or write will succeed again.
-  virtual bool HasFailed() const = 0;
+
+  // The device has gone away: closes the port, which is lost until it is opened anew.
+  void Lose() {
+    Close();
+    lost_ = true;
+  }
+  bool IsLost() const { return lost_ && !IsOpen(); }
+
+ private:
+  bool lost_ = false;
 };
 
 // The machine's own serial port (POSIX or Win32), closed.

@@ -12,6 +12,7 @@
 #include <thread>
 
 #include "core/files/seams.h"
+#include "core/link/line_error_count.h"
 #include "core/link/serial_port.h"
 
 namespace qz7 {
@@ -62,7 +63,7 @@ class PosixSerialPort final : public SerialPort {
   PortResult Open(const std::string& device) override {
     CloseHandle();
     handle_ = open(device.c_str(), O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
-    if (handle_ < 0 || !Claim() || !Configure()) {
+    if (handle_ < 0 || !Claim()) {
       const int code = errno;
       if (handle_ >= 0) {
         close(handle_);
@@ -70,10 +71,9 @@ class PosixSerialPort final : public SerialPort {
       }
       return {StatusOf(code), code};
     }
-    failed_ = false;
-    serial_icounter_struct counts{};
-    counts_errors_ = ioctl(handle_, TIOCGICOUNT, &counts) == 0;
-    counted_errors_ = CountLineErrors();
+    Configure();
+    line_errors_ = {};
+    LineErrors();
     return {PortStatus::kOpen, 0};
   }
 
@@ -81,17 +81,16 @@ class PosixSerialPort final : public SerialPort {
 
   bool IsOpen() const override { return handle_ >= 0; }
 
-  std::size_t Read(std::span<std::uint8_t> buffer) override {
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
     const ssize_t count = read(handle_, buffer.data(), buffer.size());
     if (count > 0) {
       return static_cast<std::size_t>(count);
     }
     // Nothing there yet is EAGAIN; an end of file is a terminal that has gone away.
-    if (count == 0 || (errno != EAGAIN && errno != EINTR)) {
-      failed_ = true;
-      ShowMessage("ERROR", "Read Error", Buttons::kOk, Icon::kNone);
+    if (count < 0 && (errno == EAGAIN || errno == EINTR)) {
+      return 0;
     }
-    return 0;
+    return std::nullopt;
   }
 
   std::size_t Write(std::span<const std::uint8_t> bytes) override {
@@ -102,7 +101,6 @@ class PosixSerialPort final : public SerialPort {
         continue;
       }
       if (count <= 0) {
-        failed_ = failed_ || (count < 0 && errno != EAGAIN);
         break;
       }
       taken += static_cast<std::size_t>(count);
@@ -113,12 +111,7 @@ class PosixSerialPort final : public SerialPort {
   // A terminal has one queue only, and an exchange sends this byte when that is empty.
   void SendByte(std::uint8_t byte) override { Write(std::span(&byte, 1)); }
 
-  unsigned LineErrors() override {
-    const unsigned counted = CountLineErrors();
-    const unsigned errors = counted - counted_errors_;
-    counted_errors_ = counted;
-    return errors;
-  }
+  unsigned LineErrors() override { return line_errors_.Since(CountLineErrors()); }
 
   void Purge(Queues queues) override {
     switch (queues) {
@@ -156,8 +149,6 @@ class PosixSerialPort final : public SerialPort {
     return false;
   }
 
-  bool HasFailed() const override { return failed_; }
-
  private:
   // One program at a time. The lock is for those whom the terminal's own exclusive mode lets pass.
   bool Claim() {
@@ -165,16 +156,12 @@ class PosixSerialPort final : public SerialPort {
            ioctl(handle_, TIOCEXCL) == 0;
   }
 
-  bool Configure() {
-    if (tcgetattr(handle_, &saved_) != 0) {
-      return false;
-    }
+  // A device that refuses its settings stays open on purpose.
+  void Configure() {
+    has_saved_ = tcgetattr(handle_, &saved_) == 0;
     const termios line = LineSettings(saved_);
-    if (tcsetattr(handle_, TCSANOW, &line) != 0) {
-      return false;
-    }
+    tcsetattr(handle_, TCSANOW, &line);
     SetModemLines(TIOCMBIS);
-    return true;
   }
 
   // A pseudo-terminal has no modem lines; nothing depends on them there.
@@ -195,11 +182,11 @@ class PosixSerialPort final : public SerialPort {
     return ioctl(handle_, FIONREAD, &waiting) == 0 ? static_cast<std::size_t>(waiting) : 0;
   }
 
-  // The driver's running count of damaged bytes; 0 where it keeps none.
-  unsigned CountLineErrors() const {
+  // The driver's running count of damaged bytes; nothing where it does not tell.
+  std::optional<unsigned> CountLineErrors() const {
     serial_icounter_struct counts{};
-    if (!counts_errors_ || ioctl(handle_, TIOCGICOUNT, &counts) != 0) {
-      return 0;
+    if (ioctl(handle_, TIOCGICOUNT, &counts) != 0) {
+      return std::nullopt;
     }
     return static_cast<unsigned>(counts.frame + counts.overrun + counts.parity + counts.brk +
                                  counts.buf_overrun);
@@ -215,7 +202,9 @@ class PosixSerialPort final : public SerialPort {
     if (UnsentBytes() > 0) {
       tcflush(handle_, TCOFLUSH);
     }
-    tcsetattr(handle_, TCSANOW, &saved_);
+    if (has_saved_) {
+      tcsetattr(handle_, TCSANOW, &saved_);
+    }
     ioctl(handle_, TIOCNXCL);
     close(handle_);
     handle_ = -1;
@@ -223,9 +212,8 @@ class PosixSerialPort final : public SerialPort {
 
   int handle_ = -1;
   termios saved_{};
-  bool counts_errors_ = false;
-  unsigned counted_errors_ = 0;
-  bool failed_ = false;
+  bool has_saved_ = false;
+  LineErrorCount line_errors_;
 };
 
 }  // namespace

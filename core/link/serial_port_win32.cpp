@@ -128,13 +128,9 @@ class Win32SerialPort final : public SerialPort {
     COMMTIMEOUTS timeouts = NonWaitingReads();
     GetCommState(handle_, &line);
     SetLine(line);
-    if (!SetCommState(handle_, &line) || !SetCommTimeouts(handle_, &timeouts)) {
-      const DWORD code = GetLastError();
-      CloseHandle(handle_);
-      handle_ = INVALID_HANDLE_VALUE;
-      return Failure(code);
-    }
-    failed_ = false;
+    // A device that refuses its settings stays open on purpose.
+    SetCommState(handle_, &line);
+    SetCommTimeouts(handle_, &timeouts);
     kept_errors_ = 0;
     if (!SetCommMask(handle_, EV_RXCHAR)) {
       ShowMessage("ERROR", "Comm Error", Buttons::kOk, Icon::kNone);
@@ -148,10 +144,10 @@ class Win32SerialPort final : public SerialPort {
 
   // Asks for what is there and no more: beside a wait for events, Wine keeps a read of an empty
   // queue waiting.
-  std::size_t Read(std::span<std::uint8_t> buffer) override {
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
     COMSTAT status{};
     if (!AskStatus(status)) {
-      return RefuseRead();
+      return std::nullopt;
     }
     const auto size = static_cast<DWORD>(std::min<std::size_t>(buffer.size(), status.cbInQue));
     if (size == 0) {
@@ -161,10 +157,10 @@ class Win32SerialPort final : public SerialPort {
     DWORD count = 0;
     if (!ReadFile(handle_, buffer.data(), size, nullptr, &operation) &&
         GetLastError() != ERROR_IO_PENDING) {
-      return RefuseRead();
+      return std::nullopt;
     }
     if (!GetOverlappedResult(handle_, &operation, &count, TRUE)) {
-      return RefuseRead();
+      return std::nullopt;
     }
     return count;
   }
@@ -174,14 +170,12 @@ class Win32SerialPort final : public SerialPort {
     DWORD count = 0;
     if (!WriteFile(handle_, bytes.data(), static_cast<DWORD>(bytes.size()), nullptr, &operation) &&
         GetLastError() != ERROR_IO_PENDING) {
-      failed_ = true;
       return 0;
     }
     if (WaitForSingleObject(done_, kLongestWriteMilliseconds) != WAIT_OBJECT_0) {
       CancelIo(handle_);
     }
-    // Nothing holds a byte back on this line: a device that takes none for so long is gone.
-    failed_ |= !GetOverlappedResult(handle_, &operation, &count, TRUE) && count == 0;
+    GetOverlappedResult(handle_, &operation, &count, TRUE);
     return count;
   }
 
@@ -214,7 +208,7 @@ class Win32SerialPort final : public SerialPort {
 
   std::size_t UnsentBytes() override { return Status().cbOutQue; }
 
-  void* ArmReceiveEvent() override { return receive_wait_.Arm(handle_); }
+  void* ArmReceiveEvent() override { return IsOpen() ? receive_wait_.Arm(handle_) : nullptr; }
 
   // The console program has nothing else to wait for: it looks again each millisecond.
   bool WaitForInput(std::size_t bytes, int milliseconds) override {
@@ -224,20 +218,12 @@ class Win32SerialPort final : public SerialPort {
     return Status().cbInQue > 0;
   }
 
-  bool HasFailed() const override { return failed_; }
-
  private:
   OVERLAPPED NewOperation() {
     ResetEvent(done_);
     OVERLAPPED operation{};
     operation.hEvent = done_;
     return operation;
-  }
-
-  std::size_t RefuseRead() {
-    failed_ = true;
-    ShowMessage("ERROR", "Read Error", Buttons::kOk, Icon::kNone);
-    return 0;
   }
 
   // The queues' state. Asking clears the driver's line errors, so they are kept for LineErrors.
@@ -273,7 +259,6 @@ class Win32SerialPort final : public SerialPort {
   HANDLE done_;
   ReceiveWait receive_wait_;
   DWORD kept_errors_ = 0;
-  bool failed_ = false;
 };
 
 }  // namespace

@@ -1,21 +1,18 @@
 #pragma once
 
-#include <cstdint>
-#include <span>
-
 #include "core/files/preferences.h"
-#include "core/image/clone_image.h"
-#include "core/link/serial_port.h"
+#include "core/link/clone_read.h"
+#include "core/link/clone_write.h"
 
 namespace qz7 {
 
-// Each shows its dialog and runs the exchange in it; true when the exchange succeeded.
+// Each shows its dialog and runs the exchange, which has begun, in it; true when the exchange
+// succeeded.
 
-// Receives the radio's block into `block`.
-bool ShowReadDialog(SerialPort& port, std::span<std::uint8_t> block);
+bool ShowReadDialog(CloneRead& read, SerialPort& port);
 
-// Sends the working copy's block on the base of the configured template, which the user can change,
-// and says what to do next when that is done.
-bool ShowWriteDialog(SerialPort& port, CloneImage& working_copy, Preferences& preferences);
+// Sends on the base of the configured template, which the user can change, and says what to do next
+// when that is done.
+bool ShowWriteDialog(CloneWrite& write, SerialPort& port, Preferences& preferences);
 
 }  // namespace qz7

@@ -1,5 +1,6 @@
 #include "desktop/link/exchange_window.h"
 
+#include "core/files/seams.h"
 #include "desktop/link/meter_painting.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
@@ -9,12 +10,12 @@ namespace {
 
 constexpr UINT_PTR kTimer = 1;
 
-// The timer runs while the exchange polls. A port that has gone away is not asked again: the dialog
+// The timer runs while the exchange does. A port that has gone away is not asked again: the dialog
 // waits for Cancel. After progress the ticks are counted from here, so that the echo of a block
 // that has just been written is there at the second tick and not just missed by it.
 void FollowTimer(ExchangeWindow& window) {
   const int count = window.exchange.meter.count;
-  const bool wanted = window.exchange.polling && !window.port.HasFailed();
+  const bool wanted = IsRunning(window.exchange, window.port);
   if (wanted && (!window.timer_runs || count != window.timed_count)) {
     SetTimer(window.dialog, kTimer, kTickMilliseconds, nullptr);
   } else if (!wanted) {
@@ -24,21 +25,45 @@ void FollowTimer(ExchangeWindow& window) {
   window.timed_count = count;
 }
 
+void FollowMeter(ExchangeWindow& window) {
+  const HWND meter = GetDlgItem(window.dialog, ID_METER);
+  RECT client;
+  GetClientRect(meter, &client);
+  const MeterBar bar =
+      MeterBarOf(window.exchange.meter.percent, InsideMeterFrame(static_cast<int>(client.right)));
+  if (bar != window.shown_bar) {
+    window.shown_bar = bar;
+    InvalidateRect(meter, nullptr, FALSE);
+  }
+}
+
 void FollowExchange(ExchangeWindow& window) {
   FollowTimer(window);
-  if (window.exchange.meter_changed) {
-    window.exchange.meter_changed = false;
-    InvalidateRect(GetDlgItem(window.dialog, ID_METER), nullptr, FALSE);
-  }
+  FollowMeter(window);
   if (window.show) {
     window.show(window.dialog);
   }
 }
 
+// The box of a failed read belongs to no window, so that the dialog behind it can be cancelled.
+Answer Ask(const LinkQuestion& question) {
+  if (question.error == LinkError::kFailedRead) {
+    ShowBoxWithoutOwner(question.text, question.caption);
+    return Answer::kOk;
+  }
+  return ShowMessage(question.text, question.caption, question.buttons, Icon::kNone);
+}
+
+// While the box of a question is open its own loop brings ticks, for which the exchange does not
+// run.
 void RunStep(ExchangeWindow& window, const std::function<void()>& step) {
-  if (!window.stepping && window.exchange.polling && !window.exchange.ended &&
-      !window.port.HasFailed()) {
-    ChangeExchange(window, step);
+  if (!IsRunning(window.exchange, window.port)) {
+    return;
+  }
+  ChangeExchange(window, step);
+  while (window.exchange.question) {
+    const Answer answer = Ask(*window.exchange.question);
+    ChangeExchange(window, [&] { window.answer(answer); });
   }
 }
 
@@ -94,7 +119,7 @@ void BeginExchangeDialog(HWND dialog, LPARAM state) {
   SetUpDialog(dialog, state);
   auto& window = StateOf<ExchangeWindow>(dialog);
   window.dialog = dialog;
-  ChangeExchange(window, window.begin);
+  FollowExchange(window);
 }
 
 bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l) {
@@ -113,16 +138,8 @@ bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l) {
 }
 
 void ChangeExchange(ExchangeWindow& window, const std::function<void()>& change) {
-  window.stepping = true;
   change();
-  window.stepping = false;
   FollowExchange(window);
-}
-
-MeterSize MeterSizeOf(HWND dialog) {
-  RECT client;
-  GetClientRect(GetDlgItem(dialog, ID_METER), &client);
-  return {.width = client.right, .height = client.bottom};
 }
 
 }  // namespace qz7

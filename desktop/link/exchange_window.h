@@ -3,9 +3,11 @@
 #include <windows.h>
 
 #include <functional>
+#include <string>
 
 #include "core/link/exchange.h"
 #include "core/link/serial_port.h"
+#include "desktop/link/meter_bar.h"
 
 namespace qz7 {
 
@@ -14,27 +16,28 @@ namespace qz7 {
 struct ExchangeWindow {
   SerialPort& port;
   Exchange& exchange;
-  std::function<void()> begin;          // with the meter's size known
   std::function<void()> tick;           // one tick of the timer
   std::function<void()> notify;         // bytes have come
+  std::function<void(Answer)> answer;   // of the question that a step has left
   std::function<void(HWND)> show = {};  // shows what the exchange allows now
   HWND dialog = nullptr;
   bool timer_runs = false;
-  int timed_count = 0;    // the meter's count when the timer was started
-  bool stepping = false;  // a step shows a message: its loop's ticks are not for us
+  int timed_count = 0;  // the meter's count when the timer was started
+  MeterBar shown_bar = {};
 };
+
+// Defined by the program: a box with OK that belongs to no window.
+void ShowBoxWithoutOwner(const std::string& text, const std::string& caption);
 
 // Shows the dialog until the exchange has ended; 0 for success. The dialog's messages go through
 // HandleExchangeMessage first.
 int RunExchangeDialog(const char* template_name, DLGPROC procedure, ExchangeWindow& window);
 
-// In WM_INITDIALOG: the common set-up, then the exchange's beginning.
+// In WM_INITDIALOG: the common set-up; from now on the exchange runs.
 void BeginExchangeDialog(HWND dialog, LPARAM state);
 // The timer and the meter; false for another message.
 bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l);
 // Runs something that changes the exchange, and lets the dialog follow.
 void ChangeExchange(ExchangeWindow& window, const std::function<void()>& change);
-
-MeterSize MeterSizeOf(HWND dialog);
 
 }  // namespace qz7

@@ -1,6 +1,5 @@
 #include <windows.h>
 
-#include "core/link/clone_read.h"
 #include "desktop/link/clone_dialogs.h"
 #include "desktop/link/exchange_window.h"
 #include "desktop/toolkit/dialog_support.h"
@@ -47,12 +46,12 @@ INT_PTR CALLBACK DlgProcReadRadio(HWND dialog, UINT message, WPARAM w, LPARAM l)
 
 }  // namespace
 
-bool ShowReadDialog(SerialPort& port, std::span<std::uint8_t> block) {
-  CloneRead read;
-  ExchangeWindow window{.port = port, .exchange = read, .begin = {}, .tick = {}, .notify = {}};
-  window.begin = [&] { BeginCloneRead(read, port, block, MeterSizeOf(window.dialog)); };
-  window.tick = [&] { TickCloneRead(read, port); };
-  window.notify = [&] { NotifyCloneRead(read, port); };
+bool ShowReadDialog(CloneRead& read, SerialPort& port) {
+  ExchangeWindow window{.port = port,
+                        .exchange = read,
+                        .tick = [&] { TickCloneRead(read, port); },
+                        .notify = [&] { NotifyCloneRead(read, port); },
+                        .answer = [&](Answer answer) { AnswerCloneRead(read, port, answer); }};
   return RunExchangeDialog("DLLDlgReadRadio", DlgProcReadRadio, window) == 0;
 }
 

@@ -1,7 +1,6 @@
 #include <windows.h>
 
 #include "core/files/seams.h"
-#include "core/link/clone_write.h"
 #include "desktop/link/clone_dialogs.h"
 #include "desktop/link/exchange_window.h"
 #include "desktop/toolkit/dialog_support.h"
@@ -46,8 +45,8 @@ void ShowStartButtons(HWND dialog, bool enabled) {
   }
   EnableWindow(start, enabled);
   EnableWindow(GetDlgItem(dialog, ID_BROWSE_TEMPLATE), enabled);
-  const HWND next = GetDlgItem(dialog, enabled ? IDOK : IDCANCEL);
-  SendMessageA(dialog, WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(next), TRUE);
+  // Not to Cancel: a second Enter would stop the transfer. From the meter it finds OK, disabled.
+  SetFocus(GetDlgItem(dialog, enabled ? IDOK : ID_METER));
 }
 
 BOOL OnInit(HWND dialog, LPARAM state) {
@@ -114,14 +113,15 @@ INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPAR
 
 }  // namespace
 
-bool ShowWriteDialog(SerialPort& port, CloneImage& working_copy, Preferences& preferences) {
-  CloneWrite write;
-  WriteWindow window{
-      {.port = port, .exchange = write, .begin = {}, .tick = {}, .notify = {}}, write, preferences};
-  window.begin = [&] { BeginCloneWrite(write, port, working_copy, MeterSizeOf(window.dialog)); };
-  window.tick = [&] { TickCloneWrite(write, port); };
-  window.notify = [&] { NotifyCloneWrite(write, port); };
-  window.show = [&](HWND dialog) { ShowStartButtons(dialog, write.can_start); };
+bool ShowWriteDialog(CloneWrite& write, SerialPort& port, Preferences& preferences) {
+  WriteWindow window{{.port = port,
+                      .exchange = write,
+                      .tick = [&] { TickCloneWrite(write, port); },
+                      .notify = [&] { NotifyCloneWrite(write, port); },
+                      .answer = [&](Answer answer) { AnswerCloneWrite(write, port, answer); },
+                      .show = [&](HWND dialog) { ShowStartButtons(dialog, write.can_start); }},
+                     write,
+                     preferences};
   if (RunExchangeDialog("DLLDlgWriteRadio", DlgProcWriteRadio, window) != 0) {
     return false;
   }

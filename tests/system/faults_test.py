@@ -4,12 +4,21 @@
 For each the message and status, no output file, an untouched input, and a next exchange on
 the same terminal that works."""
 import os
+import pty
 import signal
 import subprocess
 import sys
 import unittest
 
 from qz7 import SystemTest, wait_for
+
+
+def read_terminal(terminal):
+    """What has come; nothing once the other side is closed."""
+    try:
+        return terminal.read(4096)
+    except OSError:
+        return b""
 
 
 class ReadFaults(SystemTest):
@@ -70,6 +79,21 @@ class ReadFaults(SystemTest):
 
     def test_a_doubled_byte_is_a_checksum_error(self):
         self.fails_with("double@3000", "Checksum Error")
+
+    def test_a_message_on_a_terminal_starts_a_line_of_its_own(self):
+        radio = self.radio("--fault", "flip@3000", "send")
+        master, slave = pty.openpty()
+        shown = b""
+        with subprocess.Popen(
+                [os.path.join(self.programs, "qz7ctl"), "read", "--port", radio.port, "a.rdf"],
+                cwd=self.folder, stdin=subprocess.DEVNULL, stderr=slave) as program:
+            os.close(slave)
+            with open(master, "rb", buffering=0) as terminal:
+                while piece := read_terminal(terminal):
+                    shown += piece
+        self.assertEqual(1, program.returncode)
+        self.assertRegex(shown, rb"\] 100%  \d+ of 8122 bytes  \d+\.\d s\r\nChecksum Error\r\n"
+                                rb"The exchange was not completed\.\r\n$")
 
     def test_a_wrong_checksum_is_told(self):
         self.fails_with("checksum", "Checksum Error")

@@ -75,6 +75,16 @@ class Files(SystemTest):
         self.assertEqual("Radio data file image is corrupted.\nError 1377\n", err)
         self.assertEqual(240, len(out.splitlines()))
 
+    def test_a_message_that_comes_twice_is_shown_twice(self):
+        self.ok("new", "a.rdf")
+        image = bytearray(self.read_bytes("a.rdf"))
+        image[82:100] = bytes(18)
+        image[80] = (image[80] + 1) % 256
+        image[81] = (image[81] - 1) % 256
+        self.write_bytes("b.rdf", image)
+        self.assertEqual((0, "", "Radio data file image is corrupted.\nError 1377\n" * 2),
+                         self.ctl("diff", "b.rdf", "b.rdf"))
+
     def test_a_file_of_another_kind_is_refused_with_its_path(self):
         self.write_bytes("x", b"hello")
         for command in ("info", "rows", "list"):
@@ -216,10 +226,40 @@ class Reading(SystemTest):
         times = [float(line[0]) for line in lines]
         self.assertEqual(sorted(times), times)
 
+    def test_a_trace_that_cannot_be_written_is_a_failure(self):
+        radio = self.radio("send")
+        status, _, err = self.ctl("read", "--port", radio.port, "--trace", "/dev/full", "a.rdf")
+        self.assertEqual(1, status)
+        self.assertIn("Error writing file:\n/dev/full\n", err)
+        self.assertEqual([], os.listdir(self.folder))
+
     def test_a_template_is_the_image_with_its_own_magic(self):
         self.make_template("t.tpl")
         self.assertEqual(b"TPL\0", self.read_bytes("t.tpl")[:4])
         self.assertEqual("template", fields(self.ok("info", "t.tpl"))["kind"])
+
+    def test_a_template_holds_no_names_of_unprogrammed_channels(self):
+        self.read_radio("a.rdf")
+        memory = bytearray(self.read_bytes("a.rdf")[BLOCK])
+        name = b"UNUSED19"
+        memory[3678 + 19 * 22 + 6 - 3060:3678 + 19 * 22 + 14 - 3060] = name
+        self.write_bytes("memory", memory)
+        radio = self.radio("--image", "memory", "send")
+        self.ok("template", "--port", radio.port, "t.tpl")
+        template = self.read_bytes("t.tpl")
+        self.assertEqual(name, template[3678 + 19 * 22 + 6:][:8])
+        self.assertNotEqual(name, template[11202 + 19 * 10:][:8])
+        self.read_radio("b.rdf", "--image", "memory")
+        self.assertEqual(name, self.read_bytes("b.rdf")[11202 + 19 * 10:][:8])
+
+    def test_a_template_on_standard_output_is_the_same_file(self):
+        self.make_template("t.tpl")
+        radio = self.radio("send")
+        program = self.start("template", "--port", radio.port, "-")
+        out, _ = program.communicate()
+        self.assertEqual(0, program.returncode)
+        self.assertEqual(self.read_bytes("t.tpl"), out)
+        self.assertEqual(["t.tpl"], os.listdir(self.folder))
 
     def test_compare_is_like_diff(self):
         self.read_radio("a.rdf")
@@ -292,6 +332,29 @@ class Writing(SystemTest):
     def test_a_document_is_no_template(self):
         status, _, err = self.ctl("write", "--port", "/dev/none", "--template", "a.rdf", "a.rdf")
         self.assertEqual((1, "Not a template file:\na.rdf\n"), (status, err))
+
+    def test_without_a_template_the_write_says_how_to_get_one(self):
+        status, out, err = self.ctl("write", "--port", "/dev/none", "--template", "", "a.rdf")
+        self.assertEqual((1, "", "No template file specified.\nUse Browse Template to select one\n"
+                          "or Help for create instructions.\n\n"), (status, out, err))
+
+    def test_the_template_is_loaded_once(self):
+        # A pipe gives its bytes once.
+        os.mkfifo(self.path("pipe"))
+        radio = self.radio("--image", "got", "receive")
+        program = self.start("write", "--port", radio.port, "--template", "pipe", "a.rdf")
+        self.write_bytes("pipe", self.read_bytes("t.tpl"))
+        _, err = program.communicate(timeout=60)
+        self.assertEqual(0, program.returncode, err)
+
+    def test_a_trace_that_cannot_be_written_fails_a_write_that_is_whole(self):
+        radio = self.radio("--image", "got", "receive")
+        status, _, err = self.ctl("write", "--port", radio.port, "--template", "t.tpl", "--trace",
+                                  "/dev/full", "a.rdf")
+        self.assertEqual(1, status)
+        self.assertIn("Error writing file:\n/dev/full\n", err)
+        self.assertNotIn("only a part", err)
+        self.assertEqual(0, radio.finish()[0])
 
     def test_a_dry_run_checks_everything_and_opens_no_port(self):
         status, out, err = self.ctl("write", "--dry-run", "--template", "t.tpl", "a.rdf")

@@ -3,16 +3,35 @@
 #include <numeric>
 #include <thread>
 
-#include "core/link/exchange.h"
+#include "core/link/radio_transfer.h"
 #include "desktop/link/clone_dialogs.h"
+#include "desktop/link/exchange_window.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 #include "tests/unit/document_bytes.h"
 
 namespace qz7 {
+
+// Told apart from the boxes that belong to a window by their number.
+namespace {
+int boxes_without_owner = 0;
+}  // namespace
+
+void ShowBoxWithoutOwner(const std::string& text, const std::string& caption) {
+  ++boxes_without_owner;
+  ShowMessage(text, caption, Buttons::kOk, Icon::kNone);
+}
+
 namespace {
 
-using ReadDialogTest = WindowTest;
+class ReadDialogTest : public WindowTest {
+ protected:
+  static bool Read(SerialPort& port, std::span<std::uint8_t> block) {
+    CloneRead read;
+    BeginCloneRead(read, port, block);
+    return ShowReadDialog(read, port);
+  }
+};
 
 // The memory of the radio at the other end.
 Bytes RadioMemory() {
@@ -85,7 +104,7 @@ TEST_F(ReadDialogTest, ReceivesTheRadiosMemory) {
     SavePicture(dialog, "read");
     radio.Start();
   });
-  EXPECT_TRUE(ShowReadDialog(radio, block));
+  EXPECT_TRUE(Read(radio, block));
   EXPECT_EQ(block, RadioMemory());
   EXPECT_EQ(radio.sent, (Bytes{kAck, kAck, kAck}));
   EXPECT_TRUE(IsWindowEnabled(app.main_window));
@@ -97,10 +116,10 @@ TEST_F(ReadDialogTest, CancelAndClosingEndIt) {
   Bytes block(8122);
   {
     const DialogScript script([](HWND dialog) { Press(dialog, IDCANCEL); });
-    EXPECT_FALSE(ShowReadDialog(radio, block));
+    EXPECT_FALSE(Read(radio, block));
   }
   const DialogScript script([](HWND dialog) { SendMessageA(dialog, WM_CLOSE, 0, 0); });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
   EXPECT_TRUE(radio.sent.empty());
   EXPECT_EQ(GetLastActivePopup(app.main_window), app.main_window);
 }
@@ -110,7 +129,7 @@ TEST_F(ReadDialogTest, ATransferThatStopsTimesOut) {
   radio.stop_at = 3000;
   Bytes block(8122);
   const DialogScript script([&](HWND) { radio.Start(); });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
   EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Receive Timeout"});
   EXPECT_EQ(test_seams.messages[0].caption, "Communications Error");
   EXPECT_EQ(radio.sent.back(), kAbort);
@@ -121,7 +140,7 @@ TEST_F(ReadDialogTest, AWrongChecksumIsReported) {
   radio.checksum_error = 1;
   Bytes block(8122);
   const DialogScript script([&](HWND) { radio.Start(); });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
   EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Checksum Error"});
 }
 
@@ -139,31 +158,71 @@ TEST_F(ReadDialogTest, AfterRetryOfADamagedLineItWaitsForCancel) {
     EXPECT_FALSE(HandleMessagesUntil([&] { return radio.incoming.size() != unread; }, 200));
     Press(dialog, IDCANCEL);
   });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
 }
 
-TEST_F(ReadDialogTest, APortThatIsGoneIsNotAskedAgain) {
+// The box of a question handles messages itself: ticks and bytes that come meanwhile change
+// nothing.
+TEST_F(ReadDialogTest, StandsStillWhileAQuestionIsShown) {
+  auto& radio = UsePort<SendingRadio>();
+  radio.checksum_error = 1;
+  Bytes block(8122);
+  HWND read_dialog = nullptr;
+  test_seams.answer = [&](Buttons) {
+    radio.incoming.push_back(SumOf(radio.memory));
+    for (int n = 0; n < 50; ++n) {
+      SendMessageA(read_dialog, WM_TIMER, 1, 0);
+    }
+    HandleMessagesUntil([] { return false; }, 100);
+    EXPECT_EQ(radio.incoming.size(), 1U);
+    return Answer::kCancel;
+  };
+  const DialogScript script([&](HWND dialog) {
+    read_dialog = dialog;
+    radio.Start();
+  });
+  EXPECT_FALSE(Read(radio, block));
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Checksum Error"});
+  EXPECT_EQ(radio.sent.back(), kAbort);
+}
+
+TEST_F(ReadDialogTest, APortThatIsGoneIsToldOnceWithoutAnOwnerAndOnlyCancelIsLeft) {
   auto& radio = UsePort<SendingRadio>();
   Bytes block(8122);
+  boxes_without_owner = 0;
   const DialogScript script([&](HWND dialog) {
     radio.failed = true;
+    EXPECT_TRUE(HandleMessagesUntil([&] { return radio.IsLost(); }));
     HandleMessagesUntil([] { return test_seams.messages.size() > 1; }, 200);
-    EXPECT_LE(test_seams.messages.size(), 1U);
+    EXPECT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
+    EXPECT_EQ(boxes_without_owner, 1);
     Press(dialog, IDCANCEL);
   });
-  EXPECT_FALSE(ShowReadDialog(radio, block));
+  EXPECT_FALSE(Read(radio, block));
+}
+
+TEST_F(ReadDialogTest, OneFailedReadIsToldAndTheReadGoesOn) {
+  auto& radio = UsePort<SendingRadio>();
+  Bytes block(8122);
+  const DialogScript script([&](HWND) {
+    radio.reads_to_fail = 1;
+    radio.Start();
+  });
+  EXPECT_TRUE(Read(radio, block));
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
+  EXPECT_EQ(block, RadioMemory());
 }
 
 // Sends a little at a time, so that the exchange lasts.
 class SlowRadio : public SendingRadio {
  public:
-  std::size_t Read(std::span<std::uint8_t> buffer) override {
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
     constexpr std::size_t kPiece = 150;
     const ULONGLONG now = GetTickCount64();
     left_ = now == read_at_ ? left_ : kPiece;
     read_at_ = now;
-    const std::size_t count = SendingRadio::Read(buffer.first(std::min(buffer.size(), left_)));
-    left_ -= count;
+    const auto count = SendingRadio::Read(buffer.first(std::min(buffer.size(), left_)));
+    left_ -= count.value_or(0);
     return count;
   }
 
@@ -224,7 +283,7 @@ TEST_F(ReadDialogTest, AnswersWithinFiveTicksAtAnyMoment) {
   Bytes block(8122);
   const DialogScript script([&](HWND) { radio.Start(); });
   Asker asker(app.main_window);
-  EXPECT_TRUE(ShowReadDialog(radio, block));
+  EXPECT_TRUE(Read(radio, block));
   asker.Finish();
   EXPECT_LE(asker.most_ticks(), kMostTicks);
   EXPECT_GT(asker.answers(), 10);
@@ -236,7 +295,7 @@ TEST_F(ReadDialogTest, LeavesNothingBehind) {
   const auto read = [&] {
     radio.acknowledged = 0;
     const DialogScript script([&](HWND) { radio.Start(); });
-    EXPECT_TRUE(ShowReadDialog(radio, block));
+    EXPECT_TRUE(Read(radio, block));
   };
   read();
   const ProcessObjects before = CountObjects();
@@ -258,7 +317,11 @@ class SendingTest : public WindowTest {
     Chosen().template_path = folder.File("mine.tpl");
   }
   static Preferences& Chosen() { return app.document.preferences; }
-  bool Send() { return ShowWriteDialog(*app.port, app.document.working_copy, Chosen()); }
+  static bool Send() {
+    return SendToRadio(app.document.working_copy, *app.port, [](CloneWrite& write) {
+      return ShowWriteDialog(write, *app.port, Chosen());
+    });
+  }
 };
 
 TEST_F(SendingTest, SendsTheDocumentUnderTheTemplatesIdentity) {
@@ -350,6 +413,63 @@ TEST_F(SendingTest, AfterRetryOfAWrongAnswerOnlyCancelIsLeft) {
     EXPECT_EQ(ShownTexts(), std::vector<std::string>{"Acknowledge Error"});
     EXPECT_FALSE(IsEnabled(dialog, IDOK));
     EXPECT_FALSE(IsEnabled(dialog, ID_BROWSE_TEMPLATE));
+    Press(dialog, IDCANCEL);
+  });
+  EXPECT_FALSE(Send());
+}
+
+// A key as the dialog's message loop handles it.
+void PressKey(HWND dialog, WPARAM key) {
+  MSG message{};
+  message.hwnd = GetFocus();
+  message.message = WM_KEYDOWN;
+  message.wParam = key;
+  EXPECT_TRUE(IsDialogMessageA(dialog, &message));
+}
+
+TEST_F(SendingTest, EnterAgainDoesNothingOnceItHasStarted) {
+  auto& radio = UsePort<ReceivingRadio>();
+  const DialogScript start([](HWND dialog) {
+    PressKey(dialog, VK_RETURN);
+    EXPECT_FALSE(IsEnabled(dialog, IDOK));
+    EXPECT_FALSE(IsEnabled(dialog, ID_BROWSE_TEMPLATE));
+    for (int n = 0; n < 3; ++n) {
+      PressKey(dialog, VK_RETURN);
+    }
+  });
+  const DialogScript done([](HWND dialog) { Press(dialog, IDOK); });
+  EXPECT_TRUE(Send());
+  EXPECT_EQ(radio.sent.size(), 8123U);
+}
+
+TEST_F(SendingTest, EscapeCancelsWhatHasStarted) {
+  UsePort<ReceivingRadio>().answers = false;
+  const DialogScript script([](HWND dialog) {
+    PressKey(dialog, VK_RETURN);
+    EXPECT_FALSE(IsEnabled(dialog, IDOK));
+    PressKey(dialog, VK_ESCAPE);
+  });
+  EXPECT_FALSE(Send());
+}
+
+TEST_F(SendingTest, TheTabKeyLeadsToCancelWhileItSends) {
+  UsePort<ReceivingRadio>().answers = false;
+  const DialogScript script([](HWND dialog) {
+    PressKey(dialog, VK_RETURN);
+    PressKey(dialog, VK_TAB);
+    EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDCANCEL));
+    PressKey(dialog, VK_RETURN);
+  });
+  EXPECT_FALSE(Send());
+}
+
+TEST_F(SendingTest, APortThatWasGoneBeforeOkIsTold) {
+  auto& radio = UsePort<ReceivingRadio>();
+  const DialogScript script([&](HWND dialog) {
+    radio.failed = true;
+    Press(dialog, IDOK);
+    EXPECT_TRUE(HandleMessagesUntil([&] { return radio.IsLost(); }));
+    EXPECT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
     Press(dialog, IDCANCEL);
   });
   EXPECT_FALSE(Send());

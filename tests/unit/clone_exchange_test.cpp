@@ -5,7 +5,6 @@
 #include "core/link/exchange.h"
 #include "tests/unit/exchange_fixture.h"
 #include "tests/unit/memory_line.h"
-#include "tests/unit/seams.h"
 
 namespace qz7 {
 namespace {
@@ -27,71 +26,90 @@ TEST(CloneChecksum, OfASumThatIsAMultipleOf256Is0) {
   EXPECT_EQ(CloneChecksum(block), 0x00);
 }
 
-TEST(Exchange, RestartsWithEmptyQueuesARunningTimerAndAMeterAt0) {
-  MemoryLine line;
-  line.Open("line");
-  line.incoming = {1, 2, 3};
-  Exchange exchange;
-  BeginProgress(exchange.meter, 8122, 202, 22);
-  SetProgress(exchange.meter, 4061);
-  RestartExchange(exchange, line);
-  EXPECT_TRUE(line.incoming.empty());
-  EXPECT_EQ(line.purges, std::vector<Queues>{Queues::kBoth});
-  EXPECT_EQ(line.event_restarts, 1);
-  EXPECT_TRUE(exchange.polling);
-  EXPECT_EQ(exchange.meter.percent, 0);
-  EXPECT_EQ(exchange.meter.filled_width, 0);
-  EXPECT_TRUE(exchange.meter_changed);
+TEST(CloneBlocks, Are507Of16BytesBehindAHeaderOf10) {
+  EXPECT_EQ(kCloneHeaderSize, 10U);
+  EXPECT_EQ(kCloneBlockSize, 16U);
+  EXPECT_EQ(kCloneBlockCount, 507);
 }
 
-TEST(Exchange, StopsItsTimerForALinkError) {
-  Exchange exchange;
-  exchange.polling = true;
-  test_seams.answers = {Answer::kRetry};
-  EXPECT_TRUE(LinkErrorRetry(exchange, "Receive Timeout"));
-  EXPECT_FALSE(exchange.polling);
-  EXPECT_FALSE(exchange.ended.has_value());
-  ExpectRetryBox("Receive Timeout");
+TEST(RadioBlockOf, IsTheImagesPartThatTheRadioHas) {
+  CloneImage image{};
+  const auto block = RadioBlockOf(image);
+  EXPECT_EQ(block.data(), image.data() + 3060);
+  EXPECT_EQ(block.size(), 8122U);
 }
 
-TEST(Exchange, GoesOnAfterALinkErrorOnlyForRetry) {
-  Exchange exchange;
-  for (const Answer answer : {Answer::kCancel, Answer::kOk, Answer::kNo}) {
-    test_seams.answers = {answer};
-    EXPECT_FALSE(LinkErrorRetry(exchange, "Checksum Error"));
+class ExchangeTest : public testing::Test {
+ protected:
+  ExchangeTest() {
+    line_.Open("line");
+    exchange_.meter.total = 8122;
+    RestartExchange(exchange_, line_);
   }
+
+  void ExpectQuestion(LinkError error, const std::string& text, const std::string& caption,
+                      Buttons buttons) {
+    ASSERT_TRUE(exchange_.question.has_value());
+    EXPECT_EQ(exchange_.question->error, error);
+    EXPECT_EQ(exchange_.question->text, text);
+    EXPECT_EQ(exchange_.question->caption, caption);
+    EXPECT_EQ(exchange_.question->buttons, buttons);
+  }
+
+  MemoryLine line_;
+  Exchange exchange_;
+};
+
+TEST_F(ExchangeTest, RestartsWithEmptyQueuesARunningTimerAndAMeterAt0) {
+  line_.incoming = {1, 2, 3};
+  SetProgress(exchange_.meter, 4061);
+  exchange_.polling = false;
+  RestartExchange(exchange_, line_);
+  EXPECT_TRUE(line_.incoming.empty());
+  EXPECT_EQ(line_.purges, (std::vector<Queues>{Queues::kBoth, Queues::kBoth}));
+  EXPECT_EQ(line_.event_restarts, 2);
+  EXPECT_TRUE(exchange_.polling);
+  EXPECT_EQ(exchange_.meter.percent, 0);
 }
 
-TEST(Exchange, ShowsALinkErrorWithoutAChoice) {
-  Exchange exchange;
-  exchange.polling = true;
-  LinkErrorOk(exchange, "No answer");
-  EXPECT_FALSE(exchange.polling);
-  ASSERT_EQ(ShownTexts(), std::vector<std::string>{"No answer"});
-  EXPECT_EQ(test_seams.messages[0].caption, "Communications Error");
-  EXPECT_EQ(test_seams.messages[0].buttons, Buttons::kOk);
+TEST_F(ExchangeTest, StopsItsTimerForAQuestion) {
+  AskForRetry(exchange_, LinkError::kReceiveTimeout, "Receive Timeout");
+  EXPECT_FALSE(exchange_.polling);
+  EXPECT_FALSE(exchange_.ended.has_value());
+  EXPECT_FALSE(IsRunning(exchange_, line_));
+  ExpectQuestion(LinkError::kReceiveTimeout, "Receive Timeout", "Communications Error",
+                 Buttons::kRetryCancel);
 }
 
-TEST(Exchange, AsksForThePaintingOfAChangedMeter) {
-  Exchange exchange;
-  BeginProgress(exchange.meter, 8122, 202, 22);
-  ShowExchangeProgress(exchange, 40);
-  EXPECT_FALSE(exchange.meter_changed);
-  ShowExchangeProgress(exchange, 4061);
-  EXPECT_TRUE(exchange.meter_changed);
-  EXPECT_EQ(exchange.meter.percent, 50);
-  // The driver has not painted yet.
-  ShowExchangeProgress(exchange, 4062);
-  EXPECT_TRUE(exchange.meter_changed);
+TEST_F(ExchangeTest, AsksWithoutAChoiceToo) {
+  AskForOk(exchange_, LinkError::kNoResponse, "No answer");
+  EXPECT_FALSE(exchange_.polling);
+  ExpectQuestion(LinkError::kNoResponse, "No answer", "Communications Error", Buttons::kOk);
 }
 
-TEST(Exchange, EndsWithItsResultAndAStoppedTimer) {
+TEST_F(ExchangeTest, TellsAFailedReadAndKeepsItsTimer) {
+  line_.failed = true;
+  Bytes buffer(4);
+  EXPECT_EQ(ReadArrived(exchange_, line_, buffer), 0U);
+  EXPECT_TRUE(exchange_.polling);
+  EXPECT_FALSE(IsRunning(exchange_, line_));
+  ExpectQuestion(LinkError::kFailedRead, "ERROR", "Read Error", Buttons::kOk);
+}
+
+TEST_F(ExchangeTest, GivesItsQuestionUpOnce) {
+  AskForRetry(exchange_, LinkError::kChecksum, "Checksum Error");
+  EXPECT_EQ(TakeQuestion(exchange_), LinkError::kChecksum);
+  EXPECT_EQ(TakeQuestion(exchange_), std::nullopt);
+}
+
+TEST_F(ExchangeTest, EndsWithItsResultAStoppedTimerAndNoQuestion) {
   for (const int result : {0, -1}) {
-    Exchange exchange;
-    exchange.polling = true;
-    EndExchange(exchange, result);
-    EXPECT_EQ(exchange.ended, result);
-    EXPECT_FALSE(exchange.polling);
+    AskForRetry(exchange_, LinkError::kChecksum, "Checksum Error");
+    exchange_.polling = true;
+    EndExchange(exchange_, result);
+    EXPECT_EQ(exchange_.ended, result);
+    EXPECT_FALSE(exchange_.polling);
+    EXPECT_FALSE(exchange_.question.has_value());
   }
 }
 

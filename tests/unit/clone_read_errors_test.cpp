@@ -47,15 +47,6 @@ TEST_F(CloneReadErrors, SilenceBehindTheHeadersAcknowledgementTimesOut) {
   ExpectRetryBox("Receive Timeout");
 }
 
-TEST_F(CloneReadErrors, SilenceInPhase2TimesOutToo) {
-  ReceiveMemory(3000);
-  read_.phase = CloneRead::kDataAlike;
-  Ticks(25);
-  EXPECT_TRUE(test_seams.messages.empty());
-  Tick();
-  ExpectRetryBox("Receive Timeout");
-}
-
 TEST_F(CloneReadErrors, AnyByteStartsTheCountdownAgain) {
   ReceiveMemory(3000);
   Ticks(25);
@@ -121,14 +112,46 @@ TEST_F(CloneReadErrors, AMissingChecksumDoesNotTimeOut) {
   EXPECT_EQ(read_.phase, CloneRead::kWaitChecksum);
 }
 
-TEST_F(CloneReadErrors, AFailedReadCountsAsNoByte) {
+TEST_F(CloneReadErrors, AFailedReadIsToldCountsAsNoByteAndTheReadGoesOn) {
   ReceiveMemory(3000);
-  line_.failed = true;
-  EXPECT_FALSE(Step());
-  ASSERT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
-  EXPECT_EQ(test_seams.messages[0].caption, "Read Error");
+  line_.reads_to_fail = 1;
+  EXPECT_FALSE(StepCloneRead(read_, line_));
   EXPECT_EQ(read_.position, 3000);
   EXPECT_EQ(read_.phase, CloneRead::kData);
+  ArriveMemory(3000, 8122);
+  Arrive({ChecksumOf(radio_)});
+  AnswerQuestions();
+  ASSERT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
+  EXPECT_EQ(test_seams.messages[0].caption, "Read Error");
+  EXPECT_EQ(test_seams.messages[0].buttons, Buttons::kOk);
+  EXPECT_EQ(read_.ended, 0);
+  EXPECT_EQ(block_.Content(), radio_);
+}
+
+TEST_F(CloneReadErrors, FailedReadsThatDoNotFollowEachOtherAreEachTold) {
+  ReceiveMemory(3000);
+  for (int n = 0; n < 3; ++n) {
+    line_.reads_to_fail = 1;
+    Tick();
+    Tick();
+  }
+  EXPECT_EQ(ShownTexts(), (std::vector<std::string>{"ERROR", "ERROR", "ERROR"}));
+  EXPECT_FALSE(line_.IsLost());
+}
+
+TEST_F(CloneReadErrors, ASecondFailedReadInARowLosesThePortWithoutAnotherBox) {
+  ReceiveMemory(3000);
+  line_.failed = true;
+  for (int n = 0; n < 1000; ++n) {
+    Tick();
+    Notify();
+  }
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
+  EXPECT_TRUE(line_.IsLost());
+  EXPECT_FALSE(line_.IsOpen());
+  EXPECT_FALSE(IsOver());
+  CancelCloneRead(read_);
+  EXPECT_EQ(read_.ended, -1);
 }
 
 TEST_F(CloneReadErrors, RetryAfterATimeOutListensForAHeaderAndKeepsThePosition) {
@@ -331,14 +354,14 @@ TEST_P(BadReceiveData, CancelListensAgainAndKeepsThePosition) {
   EXPECT_EQ(line_.sent, sent_);
 }
 
-TEST_P(BadReceiveData, IsFoundOnATickAndOnANotification) {
-  test_seams.answers = {Answer::kCancel, Answer::kCancel};
+TEST_P(BadReceiveData, IsFoundOnATick) {
   Tick();
   ExpectRetryBox("Bad Receive Data");
-  read_.phase = GetParam().phase;
-  line_.line_errors = 1;
+}
+
+TEST_P(BadReceiveData, IsFoundOnANotification) {
   Notify();
-  EXPECT_EQ(test_seams.messages.size(), 2U);
+  ExpectRetryBox("Bad Receive Data");
 }
 
 INSTANTIATE_TEST_SUITE_P(EveryPhase, BadReceiveData,

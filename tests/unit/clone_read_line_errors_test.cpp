@@ -71,9 +71,9 @@ TEST_F(CloneReadLineErrors, AreNotAskedForByAReadBackThatReadAWrongByte) {
   WaitForReadBack();
   line_.line_errors = 4;
   Arrive({0x16});
-  test_seams.answers = {Answer::kRetry};
-  Step();
-  ExpectRetryBox("Acknowledge Error");
+  StepCloneRead(read_, line_);
+  ASSERT_TRUE(read_.question.has_value());
+  EXPECT_EQ(read_.question->error, LinkError::kAcknowledge);
   EXPECT_EQ(line_.line_errors, 4U);
 }
 

@@ -30,8 +30,7 @@ class OpenedWrite : public testing::Test {
     Open();
   }
 
-  // With a bar of 200 pixels.
-  void Open() { BeginCloneWrite(write_, line_, working_copy_, {.width = 202, .height = 22}); }
+  void Open() { BeginCloneWrite(write_, line_, working_copy_); }
 
   // Puts a template of this version type (byte 8 of its block) into the file.
   void WriteTemplate(std::uint8_t version_type) {
@@ -46,7 +45,7 @@ class OpenedWrite : public testing::Test {
   // What a radio gets: the template's header, its bytes 6 and 7 once more, its bytes 12 and 13,
   // and the document, whose operating channel follows its VFO.
   Bytes ExpectedBlock() const {
-    Bytes block(working_copy_.begin() + 3060, working_copy_.begin() + 11'182);
+    Bytes block(write_.block.begin(), write_.block.end());
     const Bytes start = {0x0A, 0x11, 0x12, 0x13, 0x14, 0x15, 0x61,
                          0x71, 0x00, 0x19, 0x61, 0x71, 0xC0, 0xD0};
     std::copy(start.begin(), start.end(), block.begin());
@@ -57,8 +56,20 @@ class OpenedWrite : public testing::Test {
   void Tick() {
     ASSERT_TRUE(write_.polling) << "no tick comes from a timer that is stopped";
     TickCloneWrite(write_, line_);
+    AnswerQuestions();
   }
-  void Notify() { NotifyCloneWrite(write_, line_); }
+  void Notify() {
+    NotifyCloneWrite(write_, line_);
+    AnswerQuestions();
+  }
+  // As a program does: shows what a step has asked, and hands the answer over.
+  void AnswerQuestions() {
+    while (write_.question) {
+      const LinkQuestion asked = *write_.question;
+      AnswerCloneWrite(write_, line_,
+                       ShowMessage(asked.text, asked.caption, asked.buttons, Icon::kNone));
+    }
+  }
 
   void Arrive(const Bytes& bytes) {
     line_.incoming.insert(line_.incoming.end(), bytes.begin(), bytes.end());
@@ -83,7 +94,7 @@ class OpenedWrite : public testing::Test {
     }
     ASSERT_EQ(write_.blocks_sent, 507);
     ASSERT_EQ(write_.phase, CloneWrite::kWaitEcho);
-    ASSERT_EQ(line_.sent.size(), 8122U);
+    ASSERT_EQ(line_.sent.size(), kRadioBlock.size);
   }
 
   bool IsOver() const { return write_.ended.has_value(); }

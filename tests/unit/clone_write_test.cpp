@@ -185,7 +185,6 @@ TEST_F(CloneWriteTest, ShowsThePercentOfTheBytesThatCameBack) {
   }
   EXPECT_EQ(write_.bytes_confirmed, 10 + 254 * 16);
   EXPECT_EQ(write_.meter.percent, 50);
-  EXPECT_TRUE(write_.meter_changed);
 }
 
 TEST_F(CloneWriteTest, WaitsForTheWholeEchoOfTheHeader) {
@@ -259,27 +258,58 @@ TEST_F(CloneWriteTest, TakesItsEchoInPiecesOfOneByte) {
   EXPECT_EQ(write_.bytes_confirmed, 8122);
 }
 
-TEST_F(CloneWriteTest, ExpectsTheEchoOfWhatAShortWriteTook) {
+TEST_F(CloneWriteTest, SendsWhatAShortWriteDidNotTakeLater) {
   line_.write_limit = 5;
   Start();
   Tick();
-  ArriveAndTick({0x06});
-  EXPECT_EQ(write_.bytes_confirmed, 15);
-  EXPECT_EQ(line_.sent.size(), 15U);
-  ArriveAndTick({0x06});
-  EXPECT_EQ(write_.phase, CloneWrite::kFinished);
-  EXPECT_EQ(write_.blocks_sent, 507);
-  EXPECT_EQ(write_.bytes_confirmed, 10 + 507 * 5);
-  EXPECT_EQ(line_.sent.size(), 10U + 507U * 5U + 1U);
+  Arrive({0x06});
+  while (write_.blocks_sent < 2) {
+    Tick();
+    if (write_.blocks_sent == 1 && write_.phase == CloneWrite::kBlockEchoed) {
+      ASSERT_EQ(line_.sent.size(), 26U);
+      Arrive({0x06});
+    }
+  }
+  for (int n = 0; n < 4 * 507 && !IsOver(); ++n) {
+    Tick();
+  }
+  EXPECT_EQ(write_.ended, 0);
+  ASSERT_EQ(line_.sent.size(), 8123U);
+  line_.sent.pop_back();
+  EXPECT_EQ(FirstDifference(line_.sent, ExpectedBlock()), -1);
 }
 
-TEST_F(CloneWriteTest, ExpectsNoEchoOfAHeaderThatTheLineDidNotTake) {
+TEST_F(CloneWriteTest, TakesNoOtherBytesForTheEchoOfWhatWasNotSent) {
+  Start();
+  Tick();
+  line_.write_limit = 5;
+  ArriveAndTick({0x06});
+  line_.write_limit = 0;
+  ASSERT_EQ(line_.sent.size(), 20U);
+  ArriveAndTick(Bytes(6, 0x5C));
+  EXPECT_EQ(write_.echo_received, 16);
+  EXPECT_EQ(write_.phase, CloneWrite::kWaitEcho);
+}
+
+TEST_F(CloneWriteTest, WaitsForTheEchoOfAHeaderThatTheLineDidNotTake) {
   line_.write_limit = 0;
   Start();
-  EXPECT_EQ(write_.echo_expected, 0);
+  EXPECT_EQ(write_.echo_expected, 10);
+  Tick();
+  EXPECT_EQ(write_.phase, CloneWrite::kWaitEcho);
+}
+
+TEST_F(CloneWriteTest, SendsAChecksumThatTheLineDidNotTakeAgain) {
+  SendAllBlocks();
+  line_.write_limit = 0;
+  EchoAndTick(16);
   Tick();
   EXPECT_EQ(write_.phase, CloneWrite::kBlockEchoed);
-  EXPECT_EQ(write_.bytes_confirmed, 0);
+  EXPECT_FALSE(IsOver());
+  line_.write_limit = 1;
+  Tick();
+  EXPECT_EQ(line_.sent.size(), 8123U);
+  EXPECT_EQ(write_.phase, CloneWrite::kFinished);
 }
 
 TEST_F(CloneWriteTest, IgnoresASecondStart) {
@@ -297,13 +327,23 @@ TEST_F(CloneWriteTest, IgnoresASecondStart) {
 }
 
 TEST_F(CloneWriteTest, StartsOnlyWhileItIsIdle) {
-  for (const int phase : {CloneWrite::kSendBlock, CloneWrite::kBlockEchoed, CloneWrite::kFinished,
-                          CloneWrite::kWaitEcho}) {
-    write_.phase = phase;
+  const auto expect_no_start_in = [this](int phase) {
+    const std::size_t sent = line_.sent.size();
+    ASSERT_EQ(write_.phase, phase);
     Start();
     EXPECT_EQ(write_.phase, phase);
-  }
-  EXPECT_TRUE(line_.sent.empty());
+    EXPECT_EQ(line_.sent.size(), sent);
+  };
+  Start();
+  expect_no_start_in(CloneWrite::kWaitEcho);
+  Tick();
+  expect_no_start_in(CloneWrite::kBlockEchoed);
+  Arrive({0x06});
+  StepCloneWrite(write_, line_);
+  expect_no_start_in(CloneWrite::kSendBlock);
+  Tick();
+  ArriveAndTick({0x06});
+  expect_no_start_in(CloneWrite::kFinished);
 }
 
 TEST_F(CloneWriteTest, WaitsWithoutEndForARadioThatStopsAnswering) {

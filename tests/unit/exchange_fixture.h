@@ -19,7 +19,7 @@ namespace qz7 {
 // What a radio sends: a header that starts with 0x0A, and bytes that differ from their neighbours.
 inline Bytes RadioMemory() {
   Bytes block = {0x0A, 0x01, 0x02, 0x06, 0x09, 0x24, 0xC1, 0x01, 0x00, 0x24};
-  for (std::size_t i = block.size(); i < 8122; ++i) {
+  for (std::size_t i = block.size(); i < kRadioBlock.size; ++i) {
     block.push_back(static_cast<std::uint8_t>(i * 29 + i / 256));
   }
   return block;
@@ -37,7 +37,7 @@ inline std::uint8_t ChecksumOf(const Bytes& block) {
 // Room for a radio block with bytes around it that nobody may touch.
 class GuardedBlock {
  public:
-  std::span<std::uint8_t> Span() { return std::span(bytes_).subspan(kGuard, 8122); }
+  std::span<std::uint8_t> Span() { return std::span(bytes_).subspan(kGuard, kRadioBlock.size); }
   Bytes Content() const { return {bytes_.begin() + kGuard, bytes_.end() - kGuard}; }
   bool GuardsAreIntact() const {
     const auto is_guard = [](std::uint8_t byte) { return byte == kGuardByte; };
@@ -48,7 +48,7 @@ class GuardedBlock {
  private:
   static constexpr std::ptrdiff_t kGuard = 128;
   static constexpr std::uint8_t kGuardByte = 0xA5;
-  Bytes bytes_ = Bytes(8122 + 2 * kGuard, kGuardByte);
+  Bytes bytes_ = Bytes(kRadioBlock.size + 2 * kGuard, kGuardByte);
 };
 
 // The only message so far is this one of the link, and it leaves the choice to retry.
@@ -67,8 +67,7 @@ class ListeningRead : public testing::Test {
     Open();
   }
 
-  // With a bar of 200 pixels.
-  void Open() { BeginCloneRead(read_, line_, block_.Span(), {.width = 202, .height = 22}); }
+  void Open() { BeginCloneRead(read_, line_, block_.Span()); }
 
   void Arrive(const Bytes& bytes) {
     line_.incoming.insert(line_.incoming.end(), bytes.begin(), bytes.end());
@@ -79,15 +78,31 @@ class ListeningRead : public testing::Test {
                           radio_.begin() + static_cast<std::ptrdiff_t>(end));
   }
 
-  bool Step() { return StepCloneRead(read_, line_); }
-  void Notify() { NotifyCloneRead(read_, line_); }
+  // As a program does: shows what a step has asked, and hands the answer over.
+  void AnswerQuestions() {
+    while (read_.question) {
+      const LinkQuestion asked = *read_.question;
+      AnswerCloneRead(read_, line_,
+                      ShowMessage(asked.text, asked.caption, asked.buttons, Icon::kNone));
+    }
+  }
+  bool Step() {
+    const bool worked = StepCloneRead(read_, line_);
+    AnswerQuestions();
+    return worked;
+  }
+  void Notify() {
+    NotifyCloneRead(read_, line_);
+    AnswerQuestions();
+  }
   void Tick() {
     ASSERT_TRUE(read_.polling) << "no tick comes from a timer that is stopped";
     TickCloneRead(read_, line_);
+    AnswerQuestions();
   }
   void Ticks(int count) {
     for (int n = 0; n < count && read_.polling; ++n) {
-      TickCloneRead(read_, line_);
+      Tick();
     }
   }
 

@@ -88,6 +88,37 @@ TEST_F(MainCommandsTest, WithoutAPortTheSetUpComesAndGivingItUpStopsTheCommand) 
   EXPECT_TRUE(SendDocumentToRadio(*document, port, [] { return true; }));
 }
 
+// A port that is there, or not; each opening is noted.
+class PortThatWasLost : public MemoryLine {
+ public:
+  PortResult Open(const std::string& device) override {
+    opened.push_back(device);
+    return present ? MemoryLine::Open(device) : PortResult{PortStatus::kAbsent, 2};
+  }
+  bool present = true;
+  std::vector<std::string> opened;
+};
+
+TEST_F(MainCommandsTest, APortThatWasLostIsOpenedAnewByTheNextExchange) {
+  PortThatWasLost lost;
+  lost.Lose();
+  document->preferences.port_index = 3;
+  EXPECT_TRUE(SendDocumentToRadio(*document, lost, [] { return true; }));
+  EXPECT_EQ(lost.opened, std::vector<std::string>{"COM3"});
+  EXPECT_TRUE(test_seams.asked_ports.empty());
+  EXPECT_TRUE(test_seams.messages.empty());
+}
+
+TEST_F(MainCommandsTest, ALostPortThatIsStillAwaySaysWhyAndTheUserChooses) {
+  PortThatWasLost lost;
+  lost.present = false;
+  lost.Lose();
+  document->preferences.port_index = 3;
+  EXPECT_FALSE(ReadRadioIntoDocument(*document, lost, [] { return true; }));
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{"COM3: Invalid or unsupported port."});
+  EXPECT_EQ(test_seams.asked_ports, std::vector<int>{3});
+}
+
 TEST_F(MainCommandsTest, SendingUsesACopy) {
   document->image[100] = 'A';
   EXPECT_TRUE(SendDocumentToRadio(*document, port, [this] {

@@ -2,8 +2,6 @@
 
 #include <algorithm>
 
-#include "core/files/seams.h"
-
 namespace qz7 {
 
 PortResult MemoryLine::Open(const std::string& /*device*/) {
@@ -16,10 +14,10 @@ void MemoryLine::Close() { open_ = false; }
 
 bool MemoryLine::IsOpen() const { return open_; }
 
-std::size_t MemoryLine::Read(std::span<std::uint8_t> buffer) {
-  if (failed) {
-    ShowMessage("ERROR", "Read Error", Buttons::kOk, Icon::kNone);
-    return 0;
+std::optional<std::size_t> MemoryLine::Read(std::span<std::uint8_t> buffer) {
+  if (failed || !open_ || reads_to_fail > 0) {
+    --reads_to_fail;
+    return std::nullopt;
   }
   const std::size_t count = std::min({buffer.size(), incoming.size(), read_limit});
   const auto end = incoming.begin() + static_cast<std::ptrdiff_t>(count);
@@ -29,7 +27,7 @@ std::size_t MemoryLine::Read(std::span<std::uint8_t> buffer) {
 }
 
 std::size_t MemoryLine::Write(std::span<const std::uint8_t> bytes) {
-  const std::size_t count = failed ? 0 : std::min(bytes.size(), write_limit);
+  const std::size_t count = failed || !open_ ? 0 : std::min(bytes.size(), write_limit);
   const auto taken = bytes.first(count);
   write_sizes.push_back(count);
   sent.insert(sent.end(), taken.begin(), taken.end());
@@ -40,7 +38,7 @@ std::size_t MemoryLine::Write(std::span<const std::uint8_t> bytes) {
 }
 
 void MemoryLine::SendByte(std::uint8_t byte) {
-  if (failed) {
+  if (failed || !open_) {
     return;
   }
   sent.push_back(byte);
@@ -69,7 +67,4 @@ std::size_t MemoryLine::UnsentBytes() { return 0; }
 bool MemoryLine::WaitForInput(std::size_t /*bytes*/, int /*milliseconds*/) {
   return !incoming.empty();
 }
-
-bool MemoryLine::HasFailed() const { return failed; }
-
 }  // namespace qz7

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -17,7 +18,7 @@ class MemoryLine : public SerialPort {
   PortResult Open(const std::string& device) override;
   void Close() override;
   bool IsOpen() const override;
-  std::size_t Read(std::span<std::uint8_t> buffer) override;
+  std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override;
   std::size_t Write(std::span<const std::uint8_t> bytes) override;
   void SendByte(std::uint8_t byte) override;
   unsigned LineErrors() override;
@@ -25,7 +26,6 @@ class MemoryLine : public SerialPort {
   void RestartEvents() override;
   std::size_t UnsentBytes() override;
   bool WaitForInput(std::size_t bytes, int milliseconds) override;
-  bool HasFailed() const override;
 
   std::deque<std::uint8_t> incoming;
   std::vector<std::uint8_t> sent;
@@ -36,7 +36,8 @@ class MemoryLine : public SerialPort {
   unsigned line_errors = 0;
   std::size_t write_limit = SIZE_MAX;  // what one Write call takes at most
   std::size_t read_limit = SIZE_MAX;   // what one Read call gives at most
-  bool failed = false;
+  int reads_to_fail = 0;
+  bool failed = false;  // the device is gone: nothing works any more
 
  private:
   bool open_ = false;

@@ -49,7 +49,7 @@ class SerialPortContract : public testing::TestWithParam<Candidate> {
     while (bytes.size() < count && std::chrono::steady_clock::now() < limit) {
       port_->WaitForInput(count - bytes.size(), 100);
       Bytes part(count - bytes.size());
-      part.resize(port_->Read(part));
+      part.resize(port_->Read(part).value_or(0));
       bytes.insert(bytes.end(), part.begin(), part.end());
     }
     return bytes;
@@ -132,7 +132,28 @@ TEST_P(SerialPortContract, RestartsItsEventsWithoutLosingTheLine) {
   port_->RestartEvents();
   port_->Write(Bytes{0x17});
   EXPECT_EQ(Bytes{0x17}, ReadAll(1));
-  EXPECT_FALSE(port_->HasFailed());
+  EXPECT_FALSE(port_->IsLost());
+}
+
+TEST_P(SerialPortContract, FailsWhileItIsClosed) {
+  port_->Close();
+  Bytes buffer(16);
+  EXPECT_EQ(std::nullopt, port_->Read(buffer));
+  EXPECT_EQ(0U, port_->Write(buffer));
+  EXPECT_EQ(0U, port_->LineErrors());
+  EXPECT_EQ(0U, port_->UnsentBytes());
+  EXPECT_EQ(nullptr, port_->ArmReceiveEvent());
+  EXPECT_FALSE(port_->IsLost());
+}
+
+TEST_P(SerialPortContract, IsLostUntilItIsOpenedAnew) {
+  port_->Lose();
+  EXPECT_TRUE(port_->IsLost());
+  EXPECT_FALSE(port_->IsOpen());
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  EXPECT_FALSE(port_->IsLost());
+  port_->Write(Bytes{0x42});
+  EXPECT_EQ(Bytes{0x42}, ReadAll(1));
 }
 
 INSTANTIATE_TEST_SUITE_P(Ports, SerialPortContract,

@@ -93,7 +93,7 @@ class MemoryLineTest : public testing::Test {
 
   Bytes ReadUpTo(std::size_t count) {
     Bytes buffer(count, 0xCC);
-    buffer.resize(line_.Read(buffer));
+    buffer.resize(line_.Read(buffer).value_or(0));
     return buffer;
   }
 
@@ -196,17 +196,13 @@ TEST_F(MemoryLineTest, HasNothingLeftToSend) {
 }
 
 TEST_F(MemoryLineTest, FailsWhenTold) {
-  EXPECT_FALSE(line_.HasFailed());
   line_.incoming = {1, 2};
   line_.failed = true;
-  EXPECT_TRUE(line_.HasFailed());
   EXPECT_EQ(line_.Write(Bytes{3}), 0U);
   line_.SendByte(4);
   EXPECT_TRUE(line_.sent.empty());
-  EXPECT_TRUE(test_seams.messages.empty());
-  EXPECT_EQ(ReadUpTo(16), Bytes{});
-  ASSERT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
-  EXPECT_EQ(test_seams.messages[0].caption, "Read Error");
+  Bytes buffer(16);
+  EXPECT_EQ(line_.Read(buffer), std::nullopt);
 }
 
 }  // namespace
