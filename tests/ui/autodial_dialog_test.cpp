@@ -91,13 +91,26 @@ TEST_F(AutodialDialogTest, AnInvalidDigitIsRefusedWithTheFocusOnItsField) {
     }
     EXPECT_EQ(ShownTexts(), (std::vector<std::string>(3, kInvalid)));
     EXPECT_EQ(test_seams.messages[0].caption, "Input Error");
-    Type(dialog, ID_AUTODIAL_FIRST, "77");
-    Press(dialog, IDOK);  // memory 1 is in the working copy now
     Press(dialog, IDCANCEL);
   });
   EXPECT_EQ(Image(), before);
-  EXPECT_EQ(app.document.working_copy, before);
   EXPECT_FALSE(app.document.changed);
+}
+
+TEST_F(AutodialDialogTest, WhatARefusedOkHasStoredGoesOnCancelAndWhenItIsClosed) {
+  const CloneImage before = Image();
+  for (const bool by_button : {true, false}) {
+    Run(CM_AUTODIAL, [by_button](HWND dialog) {
+      Type(dialog, ID_AUTODIAL_FIRST, "77");
+      Type(dialog, ID_AUTODIAL_FIRST + 3, "x");
+      Press(dialog, IDOK);
+      EXPECT_EQ(Piece(app.document.working_copy, 10'252, 16), Number({7, 7}));
+      by_button ? Press(dialog, IDCANCEL) : void(SendMessageA(dialog, WM_CLOSE, 0, 0));
+    });
+    EXPECT_EQ(Image(), before);
+    EXPECT_EQ(app.document.working_copy, before);
+    EXPECT_FALSE(app.document.changed);
+  }
 }
 
 TEST_F(AutodialDialogTest, ATextThatWasNotTypedCanBeTooLong) {
