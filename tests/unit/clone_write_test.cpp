@@ -258,60 +258,6 @@ TEST_F(CloneWriteTest, TakesItsEchoInPiecesOfOneByte) {
   EXPECT_EQ(write_.bytes_confirmed, 8122);
 }
 
-TEST_F(CloneWriteTest, SendsWhatAShortWriteDidNotTakeLater) {
-  line_.write_limit = 5;
-  Start();
-  Tick();
-  Arrive({0x06});
-  while (write_.blocks_sent < 2) {
-    Tick();
-    if (write_.blocks_sent == 1 && write_.phase == CloneWrite::kBlockEchoed) {
-      ASSERT_EQ(line_.sent.size(), 26U);
-      Arrive({0x06});
-    }
-  }
-  for (int n = 0; n < 4 * 507 && !IsOver(); ++n) {
-    Tick();
-  }
-  EXPECT_EQ(write_.ended, 0);
-  ASSERT_EQ(line_.sent.size(), 8123U);
-  line_.sent.pop_back();
-  EXPECT_EQ(FirstDifference(line_.sent, ExpectedBlock()), -1);
-}
-
-TEST_F(CloneWriteTest, TakesNoOtherBytesForTheEchoOfWhatWasNotSent) {
-  Start();
-  Tick();
-  line_.write_limit = 5;
-  ArriveAndTick({0x06});
-  line_.write_limit = 0;
-  ASSERT_EQ(line_.sent.size(), 20U);
-  ArriveAndTick(Bytes(6, 0x5C));
-  EXPECT_EQ(write_.echo_received, 16);
-  EXPECT_EQ(write_.phase, CloneWrite::kWaitEcho);
-}
-
-TEST_F(CloneWriteTest, WaitsForTheEchoOfAHeaderThatTheLineDidNotTake) {
-  line_.write_limit = 0;
-  Start();
-  EXPECT_EQ(write_.echo_expected, 10);
-  Tick();
-  EXPECT_EQ(write_.phase, CloneWrite::kWaitEcho);
-}
-
-TEST_F(CloneWriteTest, SendsAChecksumThatTheLineDidNotTakeAgain) {
-  SendAllBlocks();
-  line_.write_limit = 0;
-  EchoAndTick(16);
-  Tick();
-  EXPECT_EQ(write_.phase, CloneWrite::kBlockEchoed);
-  EXPECT_FALSE(IsOver());
-  line_.write_limit = 1;
-  Tick();
-  EXPECT_EQ(line_.sent.size(), 8123U);
-  EXPECT_EQ(write_.phase, CloneWrite::kFinished);
-}
-
 TEST_F(CloneWriteTest, IgnoresASecondStart) {
   Start();
   Tick();
