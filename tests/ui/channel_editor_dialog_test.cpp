@@ -129,7 +129,7 @@ TEST_F(ChannelEditorTest, TheMenuOpensTheSlotOfEachItem) {
                                                {133, "Edit Home MW"},   {142, "Edit Home Act2"},
                                                {138, "Edit Home V Ham"}};
   for (const auto& [command, title] : items) {
-    const DialogScript script([&, expected = title](HWND dialog) {
+    const DialogScript script([command = command, expected = title](HWND dialog) {
       EXPECT_EQ(Title(dialog), expected);
       EXPECT_EQ(GetDlgItem(dialog, ID_COMMENT), nullptr);
       EXPECT_EQ(GetDlgItem(dialog, ID_NEXT), nullptr);

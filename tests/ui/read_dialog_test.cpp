@@ -250,8 +250,8 @@ class Asker {
       ticker_.join();
     }
   }
-  int most_ticks() const { return most_ticks_; }
-  int answers() const { return answers_; }
+  int MostTicks() const { return most_ticks_; }
+  int Answers() const { return answers_; }
 
  private:
   std::atomic<bool> over_ = false;
@@ -271,8 +271,8 @@ TEST_F(ReadDialogTest, AnswersWithinFiveTicksAtAnyMoment) {
   Asker asker(app.main_window);
   EXPECT_TRUE(Read(radio, block));
   asker.Finish();
-  EXPECT_LE(asker.most_ticks(), kMostTicks);
-  EXPECT_GT(asker.answers(), 10);
+  EXPECT_LE(asker.MostTicks(), kMostTicks);
+  EXPECT_GT(asker.Answers(), 10);
 }
 
 TEST_F(ReadDialogTest, LeavesNothingBehind) {

@@ -26,7 +26,7 @@ class ImageDifference : public testing::Test {
     *b_ = *a_;
   }
 
-  CloneImage& b() { return *b_; }
+  CloneImage& B() { return *b_; }
   Lines Differences() { return DocumentDifferences(*a_, *b_, test_region); }
   Lines OfTheRadio() { return RadioDifferences(*a_, *b_, test_region); }
 
@@ -37,16 +37,16 @@ class ImageDifference : public testing::Test {
 TEST_F(ImageDifference, OfTheSameDocumentIsNothing) { EXPECT_EQ(Lines{}, Differences()); }
 
 TEST_F(ImageDifference, LooksPastWhatASaveMakesAnew) {
-  PrepareRadioDataFile(b());
+  PrepareRadioDataFile(B());
   test_seams.now = 77;
   PrepareRadioDataFile(*a_);
   EXPECT_EQ(Lines{}, Differences());
 }
 
 TEST_F(ImageDifference, NamesTheFieldsOfAChannel) {
-  std::uint8_t* record = GetChannelRecord(b(), 1);
+  std::uint8_t* record = GetChannelRecord(B(), 1);
   StoreReceive(record, Kilohertz(146'520));
-  SetSkip(b(), 1, true);
+  SetSkip(B(), 1, true);
   EXPECT_EQ(
       (Lines{"channel 1: rx \"145.0000\" -> \"146.5200\"",
              "channel 1: tx \"145.0000\" -> \"146.5200\"", "channel 1: skip \"off\" -> \"on\""}),
@@ -54,42 +54,42 @@ TEST_F(ImageDifference, NamesTheFieldsOfAChannel) {
 }
 
 TEST_F(ImageDifference, TellsAChannelThatIsProgrammedOnOneSideWhole) {
-  std::copy_n(GetChannelRecord(b(), 1), kRecordSize, GetChannelRecord(b(), 221));
-  SetProgrammed(b(), 221, true);
+  std::copy_n(GetChannelRecord(B(), 1), kRecordSize, GetChannelRecord(B(), 221));
+  SetProgrammed(B(), 221, true);
   EXPECT_EQ((Lines{"channel L1: not programmed -> 145.0000"}), Differences());
 }
 
 TEST_F(ImageDifference, NamesVfoAndHomeSlots) {
-  GetChannelRecord(b(), -16)[kRecordStep] = 5;
-  GetChannelRecord(b(), -25)[17] ^= 0x0C;
+  GetChannelRecord(B(), -16)[kRecordStep] = 5;
+  GetChannelRecord(B(), -25)[17] ^= 0x0C;
   EXPECT_EQ(
       (Lines{"VFO B V Ham: step \"5 kHz\" -> \"25 kHz\"", "home 6m: power \"High\" -> \"Low1\""}),
       Differences());
 }
 
 TEST_F(ImageDifference, TellsCommentsOfDocumentsOnly) {
-  std::strcpy(ChannelComment(b(), 1), "hill");
-  b()[kFileComment.offset] = 'x';
+  std::strcpy(ChannelComment(B(), 1), "hill");
+  B()[kFileComment.offset] = 'x';
   EXPECT_EQ((Lines{"file comment: \"\" -> \"x\"", "channel 1: comment \"\" -> \"hill\""}),
             Differences());
   EXPECT_EQ(Lines{}, OfTheRadio());
 }
 
 TEST_F(ImageDifference, TellsGroupsNamesAndNumbersAsTheyRead) {
-  b()[kGroupTable.offset] = 0;
-  b()[kGroupTable.offset + 1] = 6;
-  b()[kWxNames.offset + 8] = 'Y';
-  b()[kAutodial.offset] = 5;
-  b()[kVornIdentifier.offset] = 10;
+  B()[kGroupTable.offset] = 0;
+  B()[kGroupTable.offset + 1] = 6;
+  B()[kWxNames.offset + 8] = 'Y';
+  B()[kAutodial.offset] = 5;
+  B()[kVornIdentifier.offset] = 10;
   EXPECT_EQ((Lines{"group 1: empty -> 7", "WX name 2: \"WX 2    \" -> \"YX 2    \"",
                    "VORN identifier: \"\" -> \"A\"", "autodial 1: \"\" -> \"5\""}),
             Differences());
 }
 
 TEST_F(ImageDifference, TellsEveryOtherByteOfTheRadioByItsOffset) {
-  b()[3060] = 0x0B;
-  b()[11181] = 0x7F;
-  b()[11182] = 0x7F;
+  B()[3060] = 0x0B;
+  B()[11181] = 0x7F;
+  B()[11182] = 0x7F;
   EXPECT_EQ((Lines{"byte 3060: 0x0A -> 0x0B", "byte 11181: 0x00 -> 0x7F"}), Differences());
 }
 
