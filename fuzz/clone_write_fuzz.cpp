@@ -24,7 +24,7 @@ const std::string& TemplateFile() {
   static const std::string path = [] {
     const auto image = std::make_unique<CloneImage>();
     MakeNewImage(*image);
-    const std::string name =
+    std::string name =
         (std::filesystem::temp_directory_path() / "qz7-clone-write-fuzz.tpl").string();
     if (!WriteTemplateFile(*image, name)) {
       std::abort();
