@@ -18,7 +18,7 @@ std::string UserFolder() {
                        folder) != S_OK) {
     return "";
   }
-  const std::string path = std::string(folder) + "\\" + kUserFolder;
+  std::string path = std::string(folder) + "\\" + kUserFolder;
   CreateDirectoryA(path.c_str(), nullptr);
   return path;
 }
@@ -36,7 +36,7 @@ bool CanWrite(const std::string& path) {
 std::string ChooseProfilePath() {
   char folder[MAX_PATH] = "";
   GetWindowsDirectoryA(folder, MAX_PATH);
-  const std::string system_path = std::string(folder) + "\\" + kProfileName;
+  std::string system_path = std::string(folder) + "\\" + kProfileName;
   if (CanWrite(system_path)) {
     return system_path;
   }

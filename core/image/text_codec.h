@@ -8,14 +8,11 @@
 namespace qz7 {
 
 // What the single bytes of the radio's and the files' texts mean: Windows-1252, where 0xB1 is "±".
-// The radio draws symbols of its own at some places (below), which have no characters: outside the
-// radio they are what Windows-1252 has there. The five bytes that it leaves open stand for the
-// control characters of the same numbers.
+// The radio draws symbols of its own at 0x10, 0x16, 0x97 and 0x9A, which have no characters:
+// outside the radio they are what Windows-1252 has there. The five bytes that it leaves open stand
+// for the control characters of the same numbers.
 
 inline constexpr char kPlusMinus = '\xB1';  // the mark of an odd split
-
-// The radio's own symbols, in the order of its display symbols.
-inline constexpr std::string_view kRadioSymbols = "\x9A\x97\x16=\x10-";
 
 // The codes of the VORN identifier are places in this set; those of DTMF digits places in its
 // start.

@@ -37,7 +37,7 @@ void OnOk(HWND dialog) {
   EndDialog(dialog, 0);
 }
 
-void OnCommand(HWND dialog, int control) {
+void OnCommand(HWND dialog, int control, int /*notification*/) {
   switch (control) {
     case IDOK:
       OnOk(dialog);
@@ -57,15 +57,7 @@ void OnCommand(HWND dialog, int control) {
 
 // The program exports it (desktop/qz7.def).
 extern "C" INT_PTR CALLBACK DlgProcCopyMany(HWND dialog, UINT message, WPARAM w, LPARAM l) {
-  switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w));
-      return TRUE;
-    default:
-      return FALSE;
-  }
+  return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
 bool ShowCopyManyDialog(int number, CopyMany& chosen) {

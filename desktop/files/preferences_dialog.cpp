@@ -48,7 +48,7 @@ void OnOk(HWND dialog) {
   EndDialog(dialog, 0);
 }
 
-void OnCommand(HWND dialog, int control) {
+void OnCommand(HWND dialog, int control, int /*notification*/) {
   switch (control) {
     case IDOK:
       OnOk(dialog);
@@ -65,18 +65,12 @@ void OnCommand(HWND dialog, int control) {
 }
 
 INT_PTR CALLBACK DlgProcDefaults(HWND dialog, UINT message, WPARAM w, LPARAM l) {
-  switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      EndDialog(dialog, -1);
-      return TRUE;
-    default:
-      return FALSE;
+  // Closing the window is told apart from Cancel, which ends with 0.
+  if (message == WM_CLOSE) {
+    EndDialog(dialog, -1);
+    return TRUE;
   }
+  return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
 }  // namespace

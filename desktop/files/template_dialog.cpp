@@ -17,34 +17,23 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return TRUE;
 }
 
-void OnCommand(HWND dialog, int control) {
-  switch (control) {
-    case ID_CREATE:
-      if (CreateTemplate(StateOf<Document>(dialog), ControlText(dialog, ID_NEW_TEMPLATE_NAME))) {
-        EndDialog(dialog, 0);
-      }
-      break;
-    case IDCANCEL:
-      EndDialog(dialog, -1);
-      break;
-    default:
-      break;
+void OnCreate(HWND dialog) {
+  if (CreateTemplate(StateOf<Document>(dialog), ControlText(dialog, ID_NEW_TEMPLATE_NAME))) {
+    EndDialog(dialog, 0);
+  }
+}
+
+// The Help button does nothing here, as it stands.
+void OnCommand(HWND dialog, int control, int /*notification*/) {
+  if (control == ID_CREATE) {
+    OnCreate(dialog);
+  } else if (control == IDCANCEL) {
+    EndDialog(dialog, -1);
   }
 }
 
 INT_PTR CALLBACK DlgProcCreateTemplate(HWND dialog, UINT message, WPARAM w, LPARAM l) {
-  switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      EndDialog(dialog, -1);
-      return TRUE;
-    default:
-      return FALSE;
-  }
+  return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
 }  // namespace

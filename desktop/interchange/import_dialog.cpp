@@ -62,7 +62,7 @@ void OnOk(HWND dialog) {
 }
 
 // Help does nothing here.
-void OnCommand(HWND dialog, int control) {
+void OnCommand(HWND dialog, int control, int /*notification*/) {
   switch (control) {
     case ID_BROWSE_IMPORT:
       OnBrowse(dialog);
@@ -79,18 +79,7 @@ void OnCommand(HWND dialog, int control) {
 }
 
 INT_PTR CALLBACK DlgProcImport(HWND dialog, UINT message, WPARAM w, LPARAM l) {
-  switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      EndDialog(dialog, -1);
-      return TRUE;
-    default:
-      return FALSE;
-  }
+  return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
 }  // namespace

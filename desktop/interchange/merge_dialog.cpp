@@ -128,18 +128,7 @@ void OnCommand(HWND dialog, int control, int notification) {
 }
 
 INT_PTR CALLBACK DlgProcMergeMem(HWND dialog, UINT message, WPARAM w, LPARAM l) {
-  switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w), HIWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      EndDialog(dialog, -1);
-      return TRUE;
-    default:
-      return FALSE;
-  }
+  return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
 }  // namespace

@@ -150,7 +150,7 @@ void OnOk(HWND dialog) {
 }
 
 // Help does nothing here, and nobody reads the overwrite box.
-void OnCommand(HWND dialog, int control) {
+void OnCommand(HWND dialog, int control, int /*notification*/) {
   switch (control) {
     case ID_IMPORT_ROWS:
       ShowNumber(dialog, ID_SELECTED, SelectedCount(dialog));
@@ -173,18 +173,7 @@ void OnCommand(HWND dialog, int control) {
 }
 
 INT_PTR CALLBACK DlgProcSelectList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
-  switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      EndDialog(dialog, kCancelled);
-      return TRUE;
-    default:
-      return FALSE;
-  }
+  return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
 }  // namespace

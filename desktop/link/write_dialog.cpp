@@ -56,7 +56,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return FALSE;
 }
 
-void OnCommand(HWND dialog, int control) {
+void OnCommand(HWND dialog, int control, int /*notification*/) {
   auto& window = WindowOf(dialog);
   switch (control) {
     case IDOK:
@@ -80,18 +80,10 @@ void OnCommand(HWND dialog, int control) {
 }
 
 INT_PTR CALLBACK DlgProcWriteRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
-  switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w));
-      return TRUE;
-    case WM_CLOSE:
-      OnCommand(dialog, IDCANCEL);
-      return TRUE;
-    default:
-      return HandleExchangeMessage(dialog, message, w, l) ? TRUE : FALSE;
+  if (HandleExchangeMessage(dialog, message, w, l)) {
+    return TRUE;
   }
+  return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
 INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPARAM l) {

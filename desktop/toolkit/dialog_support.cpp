@@ -104,6 +104,22 @@ void AddTooltips(HWND dialog, std::span<const Tooltip> tooltips) {
   }
 }
 
+INT_PTR HandleDialogMessage(const DialogActions& actions, HWND dialog, UINT message, WPARAM w,
+                            LPARAM l) {
+  switch (message) {
+    case WM_INITDIALOG:
+      return actions.init(dialog, l);
+    case WM_COMMAND:
+      actions.command(dialog, LOWORD(w), HIWORD(w));
+      return TRUE;
+    case WM_CLOSE:
+      actions.command(dialog, IDCANCEL, BN_CLICKED);
+      return TRUE;
+    default:
+      return FALSE;
+  }
+}
+
 std::string ControlText(HWND dialog, int control) {
   const HWND window = GetDlgItem(dialog, control);
   std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');

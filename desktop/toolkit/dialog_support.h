@@ -38,6 +38,15 @@ struct Tooltip {
 void SetUpDialog(HWND dialog, LPARAM state, std::span<const Tooltip> tooltips = {});
 void AddTooltips(HWND dialog, std::span<const Tooltip> tooltips);
 
+// What every dialog does. Closing the window is Cancel.
+struct DialogActions {
+  BOOL (*init)(HWND dialog, LPARAM state);
+  void (*command)(HWND dialog, int control, int notification);
+};
+// The answer of a dialog procedure to the messages that these are for; FALSE for any other.
+INT_PTR HandleDialogMessage(const DialogActions& actions, HWND dialog, UINT message, WPARAM w,
+                            LPARAM l);
+
 template <class State>
 State& StateOf(HWND dialog) {
   // NOLINTNEXTLINE(performance-no-int-to-ptr): the system keeps the pointer as a number
