@@ -37,8 +37,7 @@ void StoreFlags(CloneImage& image, const ChannelEditor& editor) {
   if (editor.masked) {
     RemoveFromEveryGroup(image, ChannelIndex(image, editor.n));
   }
-  std::uint8_t& flags = *GetChannelFlagByte(image, editor.n);
-  flags = static_cast<std::uint8_t>(editor.option ? flags | kFlagOption : flags & ~kFlagOption);
+  SetOption(image, editor.n, editor.option);
 }
 
 // The name table entry of a blank name is empty, other than the blanks of the record.

@@ -71,7 +71,7 @@ void FillMemoryFields(ChannelEditor& editor, const CloneImage& image) {
   editor.comment = ChannelCommentText(image, editor.n);
   editor.skip = IsSkip(image, editor.n);
   editor.masked = IsMasked(image, editor.n);
-  editor.option = (*GetChannelFlagByte(image, editor.n) & kFlagOption) != 0;
+  editor.option = IsOptionSet(image, editor.n);
 }
 
 }  // namespace

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
-#include <cstdlib>
 
 #include "core/files/seams.h"
 #include "core/image/channel_record.h"
 #include "core/image/channel_text.h"
+#include "core/image/decimal.h"
 #include "core/image/settings_map.h"
 
 namespace qz7 {
@@ -18,7 +18,7 @@ std::uint8_t* EntryOf(CloneImage& image, int g, int i) {
 }
 
 // The number of a row's channel as its label tells it: 0 for a PMS channel.
-int LeadingNumber(const std::string& row) { return std::atoi(row.c_str()); }
+int LeadingNumber(const std::string& row) { return DecimalValue(row); }
 
 // Reads one entry more than a group has, wanted: the first member of the next group shows as a row
 // of this one. Behind the last group it is the two bytes behind the table.

@@ -96,12 +96,14 @@ bool IsMasked(const CloneImage& image, int n) {
   return GetChannelFlagByte(image, n) != nullptr && !HasFlag(image, n, kFlagShown);
 }
 bool IsSkip(const CloneImage& image, int n) { return HasFlag(image, n, kFlagSkip); }
+bool IsOptionSet(const CloneImage& image, int n) { return HasFlag(image, n, kFlagOption); }
 
 void SetProgrammed(CloneImage& image, int n, bool programmed) {
   SetFlag(image, n, kFlagProgrammed, programmed);
 }
 void SetMasked(CloneImage& image, int n, bool masked) { SetFlag(image, n, kFlagShown, !masked); }
 void SetSkip(CloneImage& image, int n, bool skip) { SetFlag(image, n, kFlagSkip, skip); }
+void SetOption(CloneImage& image, int n, bool option) { SetFlag(image, n, kFlagOption, option); }
 
 int ChannelIndex(const CloneImage& image, int n) {
   return n >= 1 && n <= GetChannelCount(image) ? n - 1 : 0;

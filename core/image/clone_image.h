@@ -132,9 +132,11 @@ const std::uint8_t* GetChannelFlagByte(const CloneImage& image, int n);
 bool IsProgrammed(const CloneImage& image, int n);
 bool IsMasked(const CloneImage& image, int n);
 bool IsSkip(const CloneImage& image, int n);
+bool IsOptionSet(const CloneImage& image, int n);
 void SetProgrammed(CloneImage& image, int n, bool programmed);
 void SetMasked(CloneImage& image, int n, bool masked);
 void SetSkip(CloneImage& image, int n, bool skip);
+void SetOption(CloneImage& image, int n, bool option);
 
 // n - 1 for 1 <= n <= count, else 0: every invalid number maps to index 0.
 int ChannelIndex(const CloneImage& image, int n);

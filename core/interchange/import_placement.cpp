@@ -116,8 +116,8 @@ void PlaceImportRecord(CloneImage& image, const ImportRecord& record, int n,
   const ChannelRecord made = MakeRecord(image, record, region);
   SetSkip(image, n, record.skip);
   StoreTableName(image, n, RadioName(record));
-  std::uint8_t* flags = GetChannelFlagByte(image, n);
-  *flags = static_cast<std::uint8_t>((*flags | kFlagProgrammed) & ~kFlagOption);
+  SetProgrammed(image, n, true);
+  SetOption(image, n, false);
   std::copy(made.begin(), made.end(), target);
   std::copy(record.comment.begin(), record.comment.end(), ChannelComment(image, n));
   SetMasked(image, n, false);
