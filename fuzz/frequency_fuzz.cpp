@@ -19,23 +19,28 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   }();
   const std::string_view text(reinterpret_cast<const char*>(data), size);
   const Frequency f = ParseFrequency(text);
-  const OffsetCheck offset = CheckOffset(text);
-  if (f < 0 || offset.offset < 0 || ParseFrequency(FormatFrequency(f)) < 0) {
+  const Frequency offset = ParseOffset(text);
+  const Frequency zero;
+  if (f < zero || offset < zero || ParseFrequency(FormatFrequency(f)) < zero) {
     std::abort();
   }
   // A frequency that the radio takes reads back from its own text.
   if (IsValidFrequency(*image, f) && ParseFrequency(FormatFrequency(f)) != f) {
     std::abort();
   }
-  GridClass(f);
-  BandOf(f);
-  FillStepList(f, 1);
-  for (const int shift : {kSimplex, kMinus, kPlus, kOddSplit}) {
-    RecomputeTransmit(f, shift, offset.offset, f);
+  CheckOffset(offset);
+  for (const Variant variant : {Variant::kZero, Variant::kOne, Variant::kTwo}) {
+    const RegionVariant region{.variant = variant, .sub_variant = 2};
+    GridClass(f, region);
+    BandOf(f, region);
+    FillStepList(f, 1, region);
+    for (const int n : {1, 240, -1, -15, -30}) {
+      CheckReceive(*image, n, f, region);
+      CheckTransmit(*image, n, f, region);
+    }
   }
-  for (const int n : {1, 240, -1, -15, -30}) {
-    CheckReceive(*image, n, text);
-    CheckTransmit(*image, n, text);
+  for (const Shift shift : {Shift::kSimplex, Shift::kMinus, Shift::kPlus, Shift::kOddSplit}) {
+    RecomputeTransmit(f, shift, offset, f);
   }
   return 0;
 }

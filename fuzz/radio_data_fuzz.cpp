@@ -18,6 +18,7 @@
 #include "core/image/channel_description.h"
 #include "core/image/channel_record.h"
 #include "core/image/channel_text.h"
+#include "core/image/derived_tables.h"
 #include "core/image/operating_state.h"
 #include "fuzz/fuzz_seams.h"
 
