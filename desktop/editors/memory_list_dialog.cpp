@@ -214,8 +214,10 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return FALSE;
 }
 
-void OnCommand(HWND dialog, int control, int notification) {
-  switch (control) {
+// Each gives the keyboard back to the list: on a button the arrows would go to other buttons, and
+// Enter would press one of them.
+void OnButton(HWND dialog, int button) {
+  switch (button) {
     case IDOK:
       OnOk(dialog);
       break;
@@ -228,16 +230,20 @@ void OnCommand(HWND dialog, int control, int notification) {
     case ID_EDIT_CHANNEL:
       OnEdit(dialog);
       break;
-    case ID_CHANNEL_LIST:
-      if (notification == LBN_DBLCLK) {
-        OnEdit(dialog);
-      }
-      break;
     default:
-      if (const ListCommand command = CommandOf(control)) {
+      if (const ListCommand command = CommandOf(button)) {
         RunListCommand(dialog, command);
       }
       break;
+  }
+  MoveFocus(dialog, ID_CHANNEL_LIST);
+}
+
+void OnCommand(HWND dialog, int control, int notification) {
+  if (control != ID_CHANNEL_LIST) {
+    OnButton(dialog, control);
+  } else if (notification == LBN_DBLCLK) {
+    OnButton(dialog, ID_EDIT_CHANNEL);
   }
 }
 
@@ -269,6 +275,10 @@ INT_PTR OnKey(HWND dialog, int key) {
   return kDone;
 }
 
+// A typed character chooses no row. Left to the list, it would select all rows up to the next one
+// that begins with it; most commands then only beep.
+constexpr INT_PTR kCharacterDone = -2;
+
 INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
@@ -278,6 +288,8 @@ INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l
       return TRUE;
     case WM_VKEYTOITEM:
       return OnKey(dialog, LOWORD(w));
+    case WM_CHARTOITEM:
+      return kCharacterDone;
     case WM_DRAWITEM:
       // NOLINTNEXTLINE(performance-no-int-to-ptr): the system passes the pointer as a number
       PaintHeader(dialog, *reinterpret_cast<const DRAWITEMSTRUCT*>(l));
