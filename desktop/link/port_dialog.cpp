@@ -7,6 +7,7 @@
 #include "core/files/seams.h"
 #include "core/link/port_setup.h"
 #include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/help.h"
 #include "resources/control_ids.h"
 
 namespace qz7 {
@@ -41,6 +42,10 @@ INT_PTR CALLBACK DlgProcSetupPort(HWND dialog, UINT message, WPARAM w, LPARAM l)
       } else if (LOWORD(w) == IDCANCEL) {
         EndDialog(dialog, -1);
       }
+      return TRUE;
+    // There is no Help button that the key could press.
+    case WM_HELP:
+      ShowHelp(kHelpPortSetup);
       return TRUE;
     default:
       return FALSE;
