@@ -140,7 +140,9 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcFeature(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcFeature(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -157,8 +159,6 @@ INT_PTR CALLBACK DlgProcFeature(HWND dialog, UINT message, WPARAM w, LPARAM l) {
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowFeatureWindow(const FeatureWindow& window, const FeatureEditor& editor) {
   FeatureDialog state{.window = window,

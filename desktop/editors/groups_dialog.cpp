@@ -209,7 +209,9 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -224,8 +226,6 @@ INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l)
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowGroupsDialog(const CloneImage& image, CloneImage& working_copy, int g,
                       const RegionVariant& region) {

@@ -56,7 +56,7 @@ void ShowChange(HWND dialog, const ListChange& change, std::optional<int> select
   const HWND list = ListOf(dialog);
   ChangeRows(list, [&] {
     const Document& document = StateOf<ListWindow>(dialog).document;
-    WriteRows(list, document.image, document.region, change.first_row, change.row_count);
+    RedrawRowsFrom(list, document.image, document.region, change.first_row + 1, change.row_count);
     if (change.selection) {
       SelectRow(list, *change.selection);
       if (change.selection != selected_before) {
@@ -103,7 +103,7 @@ void OnEdit(HWND dialog) {
   const auto written = [&](int n) {
     ChangeRows(list, [&] {
       const std::vector<int> selected = SelectedRows(list);
-      WriteRows(list, window.document.image, window.document.region, n - 1, 1);
+      RedrawRowsFrom(list, window.document.image, window.document.region, n, 1);
       if (!selected.empty()) {
         SelectRow(list, selected.front());
       }
@@ -279,7 +279,9 @@ INT_PTR OnKey(HWND dialog, int key) {
 // that begins with it; most commands then only beep.
 constexpr INT_PTR kCharacterDone = -2;
 
-INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -298,8 +300,6 @@ INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowMemoryListDialog(Document& document) {
   TakeWorkingCopy(document);

@@ -64,7 +64,9 @@ void OnCommand(HWND dialog, int control) {
   }
 }
 
-INT_PTR CALLBACK DlgProcDefaults(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcDefaults(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -78,8 +80,6 @@ INT_PTR CALLBACK DlgProcDefaults(HWND dialog, UINT message, WPARAM w, LPARAM l) 
       return FALSE;
   }
 }
-
-}  // namespace
 
 void ShowPreferencesDialog(Preferences& preferences) {
   RunDialog("DLLDlgDefaults", DlgProcDefaults, &preferences);

@@ -32,7 +32,9 @@ void OnCommand(HWND dialog, int control) {
   }
 }
 
-INT_PTR CALLBACK DlgProcCreateTemplate(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcCreateTemplate(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -46,8 +48,6 @@ INT_PTR CALLBACK DlgProcCreateTemplate(HWND dialog, UINT message, WPARAM w, LPAR
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowTemplateDialog(Document& document) {
   return RunDialog("DLLDlgCreateTemplate", DlgProcCreateTemplate, &document) == 0;

@@ -123,7 +123,9 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcImportList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcImportList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -137,8 +139,6 @@ INT_PTR CALLBACK DlgProcImportList(HWND dialog, UINT message, WPARAM w, LPARAM l
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowImportColumnsDialog(ImportSession& session, ImportLines& lines) {
   ColumnsWindow window{.session = session, .lines = lines, .columns = {}};

@@ -78,7 +78,9 @@ void OnCommand(HWND dialog, int control) {
   }
 }
 
-INT_PTR CALLBACK DlgProcImport(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcImport(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -92,8 +94,6 @@ INT_PTR CALLBACK DlgProcImport(HWND dialog, UINT message, WPARAM w, LPARAM l) {
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowImportDialog(ImportSession& session) {
   return RunDialog("DlgImport", DlgProcImport, &session) == 0;

@@ -127,7 +127,9 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcMergeMem(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcMergeMem(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -141,8 +143,6 @@ INT_PTR CALLBACK DlgProcMergeMem(HWND dialog, UINT message, WPARAM w, LPARAM l) 
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowMergeDialog(CloneImage& image, const CloneImage& working_copy, const MergeSource& source,
                      MergeOptions& options) {

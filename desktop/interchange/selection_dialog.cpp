@@ -172,7 +172,9 @@ void OnCommand(HWND dialog, int control) {
   }
 }
 
-INT_PTR CALLBACK DlgProcSelectList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcSelectList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -186,8 +188,6 @@ INT_PTR CALLBACK DlgProcSelectList(HWND dialog, UINT message, WPARAM w, LPARAM l
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowSelectionDialog(CloneImage& image, ImportSession& session, ImportLines& lines,
                          const RegionVariant& region) {

@@ -32,7 +32,9 @@ void OnOk(HWND dialog) {
   EndDialog(dialog, chosen);
 }
 
-INT_PTR CALLBACK DlgProcSetupPort(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcSetupPort(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -51,8 +53,6 @@ INT_PTR CALLBACK DlgProcSetupPort(HWND dialog, UINT message, WPARAM w, LPARAM l)
       return FALSE;
   }
 }
-
-}  // namespace
 
 std::optional<int> ShowPortDialog(int index) {
   int state = index;

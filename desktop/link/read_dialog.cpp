@@ -29,7 +29,9 @@ void OnCommand(HWND dialog, int control) {
   }
 }
 
-INT_PTR CALLBACK DlgProcReadRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcReadRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -43,8 +45,6 @@ INT_PTR CALLBACK DlgProcReadRadio(HWND dialog, UINT message, WPARAM w, LPARAM l)
       return HandleExchangeMessage(dialog, message, w, l) ? TRUE : FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowReadDialog(CloneRead& read, SerialPort& port) {
   ExchangeWindow window{.port = port,

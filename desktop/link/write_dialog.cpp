@@ -79,7 +79,9 @@ void OnCommand(HWND dialog, int control) {
   }
 }
 
-INT_PTR CALLBACK DlgProcWriteRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcWriteRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -94,7 +96,7 @@ INT_PTR CALLBACK DlgProcWriteRadio(HWND dialog, UINT message, WPARAM w, LPARAM l
   }
 }
 
-INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+extern "C" INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       SetUpDialog(dialog, l);
@@ -110,8 +112,6 @@ INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPAR
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowWriteDialog(CloneWrite& write, SerialPort& port, Preferences& preferences) {
   WriteWindow window{{.port = port,

@@ -134,7 +134,9 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return TRUE;
 }
 
-INT_PTR CALLBACK DlgProcPrinting(HWND dialog, UINT message, WPARAM, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcPrinting(HWND dialog, UINT message, WPARAM, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -145,6 +147,8 @@ INT_PTR CALLBACK DlgProcPrinting(HWND dialog, UINT message, WPARAM, LPARAM l) {
       return FALSE;
   }
 }
+
+namespace {
 
 // A field is painted at once: a short page gives no time for it later.
 std::function<void(const std::string&)> TextSetter(HWND dialog, int control) {
