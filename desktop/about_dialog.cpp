@@ -25,6 +25,8 @@ void ShowTexts(HWND dialog, const VersionTexts& texts) {
 
 BOOL OnInit(HWND dialog, LPARAM state) {
   SetUpDialog(dialog, state);
+  const HICON icon = LoadIconA(dialog_modules.program, "Icon");
+  SendDlgItemMessageA(dialog, ID_ABOUT_ICON, STM_SETICON, reinterpret_cast<WPARAM>(icon), 0);
   const auto& texts = StateOf<const Texts>(dialog);
   if (texts) {
     ShowTexts(dialog, *texts);
@@ -32,7 +34,9 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return TRUE;
 }
 
-INT_PTR CALLBACK DlgProcAbout(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcAbout(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -45,8 +49,6 @@ INT_PTR CALLBACK DlgProcAbout(HWND dialog, UINT message, WPARAM w, LPARAM l) {
       return FALSE;
   }
 }
-
-}  // namespace
 
 void ShowAboutDialog(const std::string& program_path) {
   std::string path = program_path;

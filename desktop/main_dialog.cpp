@@ -119,7 +119,9 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcMain(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcMain(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -136,8 +138,6 @@ INT_PTR CALLBACK DlgProcMain(HWND dialog, UINT message, WPARAM w, LPARAM l) {
       return FALSE;
   }
 }
-
-}  // namespace
 
 HWND CreateMainDialog(HWND main_window) {
   app.main_dialog = CreateModelessDialog("DLLDlgMain", main_window, DlgProcMain, nullptr);

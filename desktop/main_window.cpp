@@ -23,6 +23,20 @@ void OnDestroy() {
   PostQuitMessage(0);
 }
 
+// The control of the main dialog that had the keyboard when the main window lost it.
+HWND focused_control = nullptr;
+
+void KeepFocus() {
+  const HWND focus = GetFocus();
+  if (IsChild(app.main_dialog, focus)) {
+    focused_control = focus;
+  }
+}
+
+void GiveFocusBack() {
+  SetFocus(IsChild(app.main_dialog, focused_control) ? focused_control : app.main_dialog);
+}
+
 LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_COMMAND:
@@ -33,8 +47,13 @@ LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l) {
     case WM_DESTROY:
       OnDestroy();
       return 0;
+    // The last message before a dialog disables this window, which takes the keyboard from it.
+    case WM_CANCELMODE:
+    case WM_ACTIVATE:
+      KeepFocus();
+      return DefWindowProcA(window, message, w, l);
     case WM_SETFOCUS:
-      SetFocus(app.main_dialog);
+      GiveFocusBack();
       return 0;
     case WM_HELP:
       ShowHelpContents();

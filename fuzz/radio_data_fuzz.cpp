@@ -42,7 +42,7 @@ void UseChannel(CloneImage& image, int n) {
   if (n != 0) {
     FormatListRow(image, n, {});
     std::string line;
-    FormatPrintLine(image, n, line);
+    FormatPrintLine(image, n, {}, line);
     DescribeChannel(image, n, {});
     SlotTitle(image, n);
   }
@@ -55,10 +55,10 @@ void UseChannel(CloneImage& image, int n) {
   if (const std::uint8_t* record = GetChannelRecord(image, n)) {
     ChannelRecord old;
     std::copy_n(record, kRecordSize, old.begin());
-    const ChannelFields fields = DecodeChannelRecord(record);
-    BuildChannelRecord(old, fields, n);
-    IsValidFrequency(image, fields.receive);
-    FillStepList(fields.receive, n);
+    const ChannelFrequencies frequencies = DecodeFrequencies(record, {});
+    BuildChannelRecord(old, DecodeChoices(record, {}), frequencies, n, {});
+    IsValidFrequency(image, frequencies.receive);
+    FillStepList(frequencies.receive, n, {});
   }
 }
 

@@ -62,6 +62,7 @@
 #define ID_ABOUT_COMPANY 104
 #define ID_ABOUT_ADDRESS 105
 #define ID_ABOUT_SUPPORT 106
+#define ID_ABOUT_ICON 107
 
 // DlgProcSetupPort
 #define ID_PORT 101

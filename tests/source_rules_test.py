@@ -115,6 +115,15 @@ def function_lengths(text):
             start = None
 
 
+class DialogProcedures(unittest.TestCase):
+    def test_the_program_exports_each(self):
+        procedures = [name for path in tracked("desktop/*.cpp")
+                      for name in re.findall(r"INT_PTR CALLBACK (DlgProc\w+)\(", read(path))]
+        self.assertGreater(len(procedures), 10)
+        self.assertEqual(sorted(procedures), re.findall(r"^  (\w+)$", read("desktop/qz7.def"),
+                                                        re.MULTILINE))
+
+
 class Sizes(unittest.TestCase):
     FILE = 400
     TEST_FILE = 440

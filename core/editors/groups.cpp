@@ -95,9 +95,7 @@ GroupEdit AddToGroupList(const CloneImage& working_copy, GroupEditor& editor,
     return GroupEdit::kBeep;
   }
   if (ListsChannel(editor, n)) {
-    ShowMessage("Channel can only be in the group once.", kProgramTitle, Buttons::kOk,
-                Icon::kWarning);
-    return GroupEdit::kBeep;
+    return GroupEdit::kBeepAndTell;
   }
   if (IsProgrammed(working_copy, n)) {
     editor.rows.push_back(GroupRow(working_copy, n, editor.region));

@@ -31,8 +31,9 @@ std::string GroupChannelRow(const CloneImage& image, int n, const RegionVariant&
 GroupEditor OpenGroupEditor(CloneImage& working_copy, int g, const RegionVariant& region);
 
 enum class GroupEdit {
-  kBeep,  // refused
-  kDone,  // the rows are as before, or one was appended or removed
+  kBeep,         // refused
+  kBeepAndTell,  // refused: the group has the channel
+  kDone,         // the rows are as before, or one was appended or removed
 };
 // Adds the channel of a row of the list of channels to the group.
 GroupEdit AddToGroupList(const CloneImage& working_copy, GroupEditor& editor,

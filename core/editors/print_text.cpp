@@ -99,7 +99,11 @@ void AppendAutodial(PrintText& text, const CloneImage& image, DtmfDisplay displa
   AppendLine(text, SectionHeading("Autodial Memories"));
   for (int n = 0; n < kAutodialCount; ++n) {
     const std::string number = AutodialText(image, n, display);
-    AppendLine(text, number.empty() ? "" : "Ch " + std::to_string(n + 1) + " -- " + number);
+    if (number.empty()) {
+      AppendLine(text, "");
+    } else {
+      AppendFormatted(text, "Ch %d -- %s", n + 1, number.c_str());
+    }
   }
 }
 
@@ -155,7 +159,7 @@ std::vector<std::string> PrintLines(const PrintText& text) {
 bool BuildPrintText(const CloneImage& image, const std::string& document_name, DtmfDisplay display,
                     const RegionVariant& region, PrintText& text) {
   text = StartPrintText();
-  AppendLine(text, std::string(kProgramTitle) + " file: " + document_name);
+  AppendFormatted(text, "%s file: %s", kProgramTitle, document_name.c_str());
   AppendLine(text, "");
   AppendMemories(text, image, region);
   AppendLine(text, "");

@@ -1,7 +1,9 @@
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <cstdio>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -26,6 +28,15 @@ struct PrintText {
 
 PrintText StartPrintText();
 void AppendLine(PrintText& text, std::string_view line);
+// The same with a line that is formatted first, as std::snprintf does it.
+template <typename... Values>
+void AppendFormatted(PrintText& text, const char* format, Values... values) {
+  const int size = std::snprintf(nullptr, 0, format, values...);
+  std::string line(static_cast<std::size_t>(std::max(size, 0)) + 1, '\0');
+  std::snprintf(line.data(), line.size(), format, values...);
+  line.pop_back();
+  AppendLine(text, line);
+}
 // Ends the list, and gives back what the block has to spare when that is 100 bytes or more.
 void FinishPrintText(PrintText& text);
 

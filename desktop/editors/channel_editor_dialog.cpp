@@ -329,7 +329,9 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcEditChannel(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcEditMemory(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -348,15 +350,13 @@ INT_PTR CALLBACK DlgProcEditChannel(HWND dialog, UINT message, WPARAM w, LPARAM 
   }
 }
 
-}  // namespace
-
 bool ShowChannelEditorDialog(Document& document, int n, const EditorListener& listener) {
   auto editor = OpenChannelEditor(document.image, n, document.region);
   if (!editor) {
     return false;
   }
   EditorWindow window{.document = document, .listener = listener, .editor = *editor};
-  RunDialog(IsSpecialSlot(n) ? "DLLDlgEditVfo" : "DLLDlgEditMemory", DlgProcEditChannel, &window);
+  RunDialog(IsSpecialSlot(n) ? "DLLDlgEditVfo" : "DLLDlgEditMemory", DlgProcEditMemory, &window);
   return window.accepted;
 }
 

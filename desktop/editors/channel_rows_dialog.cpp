@@ -51,10 +51,10 @@ void FillRows(HWND list, const CloneImage& image, const RegionVariant& region) {
   }
 }
 
-void WriteRows(HWND list, const CloneImage& image, const RegionVariant& region, int first,
-               int count) {
+void RedrawRowsFrom(HWND list, const CloneImage& image, const RegionVariant& region, int n,
+                    int rows) {
   const int top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
-  for (int row = first; row < first + count; ++row) {
+  for (int row = n - 1; row < n - 1 + rows; ++row) {
     Ask(list, LB_DELETESTRING, static_cast<WPARAM>(row));
     Ask(list, LB_INSERTSTRING, static_cast<WPARAM>(row),
         reinterpret_cast<LPARAM>(FormatListRow(image, row + 1, region).c_str()));

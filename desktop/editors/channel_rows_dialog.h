@@ -13,9 +13,9 @@ namespace qz7 {
 // The list box of the memory list: row 0 is channel 1.
 
 void FillRows(HWND list, const CloneImage& image, const RegionVariant& region);
-// Writes `count` rows anew; the list stays where it was scrolled to.
-void WriteRows(HWND list, const CloneImage& image, const RegionVariant& region, int first,
-               int count);
+// Writes `rows` rows anew, from that of channel n on; the list stays where it was scrolled to.
+void RedrawRowsFrom(HWND list, const CloneImage& image, const RegionVariant& region, int n,
+                    int rows);
 
 std::vector<int> SelectedRows(HWND list);
 // Selects one row alone, without scrolling.

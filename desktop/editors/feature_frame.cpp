@@ -140,15 +140,15 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcFeature(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcFeature(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   if (message == WM_DRAWITEM) {
     DialogOf(dialog).pictures.Draw(DrawnItem(l));
     return TRUE;
   }
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
-
-}  // namespace
 
 bool ShowFeatureWindow(const FeatureWindow& window, const FeatureEditor& editor) {
   FeatureDialog state{.window = window,

@@ -4,11 +4,11 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <optional>
 #include <string>
 
 #include "core/editors/groups.h"
+#include "core/files/seams.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help.h"
 #include "desktop/toolkit/radio_font.h"
@@ -62,9 +62,14 @@ void ShowGroupList(HWND dialog) {
 void OnAdd(HWND dialog) {
   auto& window = WindowOf(dialog);
   const std::size_t before = window.editor.rows.size();
-  if (AddToGroupList(window.working_copy, window.editor, SelectedRow(dialog, ID_GROUP_CHANNELS)) ==
-      GroupEdit::kBeep) {
+  const GroupEdit edit =
+      AddToGroupList(window.working_copy, window.editor, SelectedRow(dialog, ID_GROUP_CHANNELS));
+  if (edit != GroupEdit::kDone) {
     MessageBeep(MB_OK);
+  }
+  if (edit == GroupEdit::kBeepAndTell) {
+    ShowMessage("Channel can only be in the group once.", kProgramTitle, Buttons::kOk,
+                Icon::kWarning);
   }
   if (window.editor.rows.size() > before) {
     AddRow(dialog, ID_GROUP_MEMBERS, window.editor.rows.back());
@@ -119,13 +124,6 @@ std::string RowText(const DRAWITEMSTRUCT& item) {
   return text;
 }
 
-// Rows of the group name their channel by their number; PMS channels have none.
-bool IsMaskedRow(const DRAWITEMSTRUCT& item, const std::string& text, const CloneImage& image) {
-  const int n =
-      item.CtlID == ID_GROUP_CHANNELS ? static_cast<int>(item.itemID) + 1 : std::atoi(text.c_str());
-  return n >= 1 && IsMasked(image, n);
-}
-
 void DrawRowText(const DRAWITEMSTRUCT& item, const std::string& text) {
   constexpr std::array kStops = {14, 56, 72, 81, 92, 101};
   const int unit = LOWORD(GetDialogBaseUnits());
@@ -140,16 +138,13 @@ void DrawRowText(const DRAWITEMSTRUCT& item, const std::string& text) {
                  static_cast<int>(stops.size()), stops.data(), item.rcItem.left + 2);
 }
 
-void DrawRow(HWND dialog, const DRAWITEMSTRUCT& item) {
+void DrawRow(const DRAWITEMSTRUCT& item) {
   const bool selected = (item.itemState & ODS_SELECTED) != 0;
   FillRect(item.hDC, &item.rcItem, GetSysColorBrush(selected ? COLOR_HIGHLIGHT : COLOR_WINDOW));
   if (item.itemID != static_cast<UINT>(-1)) {
-    const std::string text = RowText(item);
-    const bool masked = IsMaskedRow(item, text, WindowOf(dialog).working_copy);
-    const int colour = masked ? COLOR_GRAYTEXT : selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
-    SetTextColor(item.hDC, GetSysColor(colour));
+    SetTextColor(item.hDC, GetSysColor(selected ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT));
     SetBkMode(item.hDC, TRANSPARENT);
-    DrawRowText(item, text);
+    DrawRowText(item, RowText(item));
   }
   if ((item.itemState & ODS_FOCUS) != 0) {
     DrawFocusRect(item.hDC, &item.rcItem);
@@ -214,7 +209,9 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -223,14 +220,12 @@ INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l)
       return TRUE;
     case WM_DRAWITEM:
       // NOLINTNEXTLINE(performance-no-int-to-ptr): the system passes the pointer as a number
-      DrawRow(dialog, *reinterpret_cast<const DRAWITEMSTRUCT*>(l));
+      DrawRow(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
       return TRUE;
     default:
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowGroupsDialog(const CloneImage& image, CloneImage& working_copy, int g,
                       const RegionVariant& region) {

@@ -56,7 +56,7 @@ void ShowChange(HWND dialog, const ListChange& change, std::optional<int> select
   const HWND list = ListOf(dialog);
   ChangeRows(list, [&] {
     const Document& document = StateOf<ListWindow>(dialog).document;
-    WriteRows(list, document.image, document.region, change.first_row, change.row_count);
+    RedrawRowsFrom(list, document.image, document.region, change.first_row + 1, change.row_count);
     if (change.selection) {
       SelectRow(list, *change.selection);
       if (change.selection != selected_before) {
@@ -103,7 +103,7 @@ void OnEdit(HWND dialog) {
   const auto written = [&](int n) {
     ChangeRows(list, [&] {
       const std::vector<int> selected = SelectedRows(list);
-      WriteRows(list, window.document.image, window.document.region, n - 1, 1);
+      RedrawRowsFrom(list, window.document.image, window.document.region, n, 1);
       if (!selected.empty()) {
         SelectRow(list, selected.front());
       }
@@ -214,8 +214,10 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return FALSE;
 }
 
-void OnCommand(HWND dialog, int control, int notification) {
-  switch (control) {
+// Each gives the keyboard back to the list: on a button the arrows would go to other buttons, and
+// Enter would press one of them.
+void OnButton(HWND dialog, int button) {
+  switch (button) {
     case IDOK:
       OnOk(dialog);
       break;
@@ -228,16 +230,20 @@ void OnCommand(HWND dialog, int control, int notification) {
     case ID_EDIT_CHANNEL:
       OnEdit(dialog);
       break;
-    case ID_CHANNEL_LIST:
-      if (notification == LBN_DBLCLK) {
-        OnEdit(dialog);
-      }
-      break;
     default:
-      if (const ListCommand command = CommandOf(control)) {
+      if (const ListCommand command = CommandOf(button)) {
         RunListCommand(dialog, command);
       }
       break;
+  }
+  MoveFocus(dialog, ID_CHANNEL_LIST);
+}
+
+void OnCommand(HWND dialog, int control, int notification) {
+  if (control != ID_CHANNEL_LIST) {
+    OnButton(dialog, control);
+  } else if (notification == LBN_DBLCLK) {
+    OnButton(dialog, ID_EDIT_CHANNEL);
   }
 }
 
@@ -269,7 +275,13 @@ INT_PTR OnKey(HWND dialog, int key) {
   return kDone;
 }
 
-INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+// A typed character chooses no row. Left to the list, it would select all rows up to the next one
+// that begins with it; most commands then only beep.
+constexpr INT_PTR kCharacterDone = -2;
+
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -278,6 +290,8 @@ INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l
       return TRUE;
     case WM_VKEYTOITEM:
       return OnKey(dialog, LOWORD(w));
+    case WM_CHARTOITEM:
+      return kCharacterDone;
     case WM_DRAWITEM:
       // NOLINTNEXTLINE(performance-no-int-to-ptr): the system passes the pointer as a number
       PaintHeader(dialog, *reinterpret_cast<const DRAWITEMSTRUCT*>(l));
@@ -286,8 +300,6 @@ INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowMemoryListDialog(Document& document) {
   TakeWorkingCopy(document);

@@ -64,7 +64,9 @@ void OnCommand(HWND dialog, int control, int /*notification*/) {
   }
 }
 
-INT_PTR CALLBACK DlgProcDefaults(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcDefaults(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   // Closing the window is told apart from Cancel, which ends with 0.
   if (message == WM_CLOSE) {
     EndDialog(dialog, -1);
@@ -72,8 +74,6 @@ INT_PTR CALLBACK DlgProcDefaults(HWND dialog, UINT message, WPARAM w, LPARAM l) 
   }
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
-
-}  // namespace
 
 void ShowPreferencesDialog(Preferences& preferences) {
   RunDialog("DLLDlgDefaults", DlgProcDefaults, &preferences);

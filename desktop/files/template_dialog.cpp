@@ -32,11 +32,11 @@ void OnCommand(HWND dialog, int control, int /*notification*/) {
   }
 }
 
-INT_PTR CALLBACK DlgProcCreateTemplate(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcCreateTemplate(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
-
-}  // namespace
 
 bool ShowTemplateDialog(Document& document) {
   return RunDialog("DLLDlgCreateTemplate", DlgProcCreateTemplate, &document) == 0;

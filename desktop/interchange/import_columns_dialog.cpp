@@ -123,11 +123,11 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcImportList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcImportList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
-
-}  // namespace
 
 bool ShowImportColumnsDialog(ImportSession& session, ImportLines& lines) {
   ColumnsWindow window{.session = session, .lines = lines, .columns = {}};

@@ -78,11 +78,11 @@ void OnCommand(HWND dialog, int control, int /*notification*/) {
   }
 }
 
-INT_PTR CALLBACK DlgProcImport(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcImport(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
-
-}  // namespace
 
 bool ShowImportDialog(ImportSession& session) {
   return RunDialog("DlgImport", DlgProcImport, &session) == 0;

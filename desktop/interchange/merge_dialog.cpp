@@ -127,11 +127,11 @@ void OnCommand(HWND dialog, int control, int notification) {
   }
 }
 
-INT_PTR CALLBACK DlgProcMergeMem(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcMergeMem(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
-
-}  // namespace
 
 bool ShowMergeDialog(CloneImage& image, const CloneImage& working_copy, const MergeSource& source,
                      MergeOptions& options) {

@@ -172,11 +172,11 @@ void OnCommand(HWND dialog, int control, int /*notification*/) {
   }
 }
 
-INT_PTR CALLBACK DlgProcSelectList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcSelectList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
-
-}  // namespace
 
 bool ShowSelectionDialog(CloneImage& image, ImportSession& session, ImportLines& lines,
                          const RegionVariant& region) {

@@ -7,6 +7,7 @@
 #include "core/files/seams.h"
 #include "core/link/port_setup.h"
 #include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/help.h"
 #include "resources/control_ids.h"
 
 namespace qz7 {
@@ -31,7 +32,9 @@ void OnOk(HWND dialog) {
   EndDialog(dialog, chosen);
 }
 
-INT_PTR CALLBACK DlgProcSetupPort(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcSetupPort(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -42,12 +45,14 @@ INT_PTR CALLBACK DlgProcSetupPort(HWND dialog, UINT message, WPARAM w, LPARAM l)
         EndDialog(dialog, -1);
       }
       return TRUE;
+    // There is no Help button that the key could press.
+    case WM_HELP:
+      ShowHelp(kHelpPortSetup);
+      return TRUE;
     default:
       return FALSE;
   }
 }
-
-}  // namespace
 
 std::optional<int> ShowPortDialog(int index) {
   int state = index;

@@ -29,14 +29,14 @@ void OnCommand(HWND dialog, int control, int /*notification*/) {
   }
 }
 
-INT_PTR CALLBACK DlgProcReadRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcReadRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   if (HandleExchangeMessage(dialog, message, w, l)) {
     return TRUE;
   }
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
-
-}  // namespace
 
 bool ShowReadDialog(CloneRead& read, SerialPort& port) {
   ExchangeWindow window{.port = port,

@@ -79,14 +79,16 @@ void OnCommand(HWND dialog, int control, int /*notification*/) {
   }
 }
 
-INT_PTR CALLBACK DlgProcWriteRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcWriteRadio(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   if (HandleExchangeMessage(dialog, message, w, l)) {
     return TRUE;
   }
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
-INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+extern "C" INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       SetUpDialog(dialog, l);
@@ -102,8 +104,6 @@ INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPAR
       return FALSE;
   }
 }
-
-}  // namespace
 
 bool ShowWriteDialog(CloneWrite& write, SerialPort& port, Preferences& preferences) {
   WriteWindow window{{.port = port,

@@ -1,5 +1,8 @@
 #include "desktop/printing/print_job.h"
 
+#include <algorithm>
+#include <cstdint>
+
 #include "core/files/seams.h"
 
 namespace qz7 {
@@ -29,6 +32,23 @@ void PrintCopies(PrintJob& job, const std::vector<PrintPage>& pages, Printer& pr
 }
 
 }  // namespace
+
+int FittingHeight(int height, int room, const std::function<int(int)>& width_at) {
+  const auto fits = [&](int candidate) { return width_at(candidate) <= room; };
+  if (height <= 1 || fits(height)) {
+    return height;
+  }
+  const auto shrunk =
+      static_cast<std::int64_t>(height) * std::max(room, 0) / std::max(width_at(height), 1);
+  int candidate = std::max(static_cast<int>(shrunk), 1);
+  while (candidate > 1 && !fits(candidate)) {
+    --candidate;
+  }
+  while (candidate + 1 < height && fits(candidate + 1)) {
+    ++candidate;
+  }
+  return candidate;
+}
 
 std::vector<PrintPage> Paginate(const std::vector<std::string>& lines,
                                 const DeviceFigures& figures) {
@@ -62,6 +82,7 @@ void RunPrintJob(PrintJob& job, const std::vector<std::string>& lines, Printer& 
     job.aborted = true;
   }
   if (!job.aborted) {
+    printer.FitFont(lines);
     PrintCopies(job, Paginate(lines, printer.Figures()), printer);
   }
   // Without a full stop, unlike the other two.

@@ -29,6 +29,11 @@ using PrintPage = std::vector<PlacedLine>;
 std::vector<PrintPage> Paginate(const std::vector<std::string>& lines,
                                 const DeviceFigures& figures);
 
+// The largest height of a font, not above `height`, whose longest line is at most `room` wide;
+// never below 1. A font need not shrink evenly: `width_at` tells how wide the longest line is at a
+// height.
+int FittingHeight(int height, int room, const std::function<int(int)>& width_at);
+
 // A device that takes one document. False is the device's refusal; it shows nothing.
 class Printer {
  public:
@@ -41,6 +46,8 @@ class Printer {
   // heard.
   virtual bool InstallAbort() = 0;
   virtual bool StartDocument(const std::string& name) = 0;
+  // Takes the device's own font as large as the lines have room in it.
+  virtual void FitFont(const std::vector<std::string>& lines) = 0;
   virtual DeviceFigures Figures() = 0;
   virtual void StartPage() = 0;
   virtual void DrawLine(const PlacedLine& line) = 0;

@@ -1,5 +1,9 @@
 #include "desktop/printing/printing.h"
 
+#include <algorithm>
+#include <memory>
+#include <type_traits>
+
 #include "core/editors/print_text.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
@@ -17,6 +21,40 @@ BOOL CALLBACK KeepPrinting(HDC, int) {
   return HandleMessagesWhilePrinting(*printing.job, printing.progress) ? TRUE : FALSE;
 }
 
+struct FontDeleter {
+  void operator()(HFONT font) const { DeleteObject(font); }
+};
+using OwnedFont = std::unique_ptr<std::remove_pointer_t<HFONT>, FontDeleter>;
+
+// The font of the device, of a height in its pixels.
+OwnedFont SameFont(HDC device, const TEXTMETRICA& metrics, int height) {
+  LOGFONTA font{};
+  font.lfHeight = height;
+  font.lfWeight = metrics.tmWeight;
+  font.lfItalic = metrics.tmItalic;
+  font.lfCharSet = metrics.tmCharSet;
+  font.lfPitchAndFamily = metrics.tmPitchAndFamily & 0xF0;
+  GetTextFaceA(device, LF_FACESIZE, font.lfFaceName);
+  return OwnedFont(CreateFontIndirectA(&font));
+}
+
+int LongestLine(HDC device, const std::vector<std::string>& lines) {
+  LONG longest = 0;
+  for (const std::string& line : lines) {
+    SIZE size{};
+    GetTextExtentPoint32A(device, line.data(), static_cast<int>(line.size()), &size);
+    longest = std::max(longest, size.cx);
+  }
+  return static_cast<int>(longest);
+}
+
+int LongestLineIn(HDC device, HFONT font, const std::vector<std::string>& lines) {
+  const HGDIOBJ old = SelectObject(device, font);
+  const int longest = LongestLine(device, lines);
+  SelectObject(device, old);
+  return longest;
+}
+
 class DevicePrinter final : public Printer {
  public:
   explicit DevicePrinter(HDC device) : device_(device) {}
@@ -29,6 +67,19 @@ class DevicePrinter final : public Printer {
     document.lpszDocName = name.c_str();
     open_ = StartDocA(device_, &document) > 0;
     return open_;
+  }
+
+  void FitFont(const std::vector<std::string>& lines) override {
+    const int room = GetDeviceCaps(device_, HORZRES) - GetDeviceCaps(device_, LOGPIXELSX) / 2;
+    TEXTMETRICA metrics{};
+    if (!GetTextMetricsA(device_, &metrics) || LongestLine(device_, lines) <= room) {
+      return;
+    }
+    const auto width_at = [&](int height) {
+      return LongestLineIn(device_, SameFont(device_, metrics, height).get(), lines);
+    };
+    font_ = SameFont(device_, metrics, FittingHeight(metrics.tmHeight, room, width_at));
+    own_font_ = SelectObject(device_, font_.get());
   }
 
   DeviceFigures Figures() override {
@@ -60,6 +111,9 @@ class DevicePrinter final : public Printer {
 
   // A document that was not ended is taken back, so that nothing of it waits in the queue.
   ~DevicePrinter() override {
+    if (font_) {
+      SelectObject(device_, own_font_);
+    }
     if (open_) {
       AbortDoc(device_);
     }
@@ -67,6 +121,8 @@ class DevicePrinter final : public Printer {
 
  private:
   HDC device_;
+  OwnedFont font_;  // where the device's own one is too large
+  HGDIOBJ own_font_ = nullptr;
   bool open_ = false;
 };
 
@@ -78,7 +134,9 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   return TRUE;
 }
 
-INT_PTR CALLBACK DlgProcPrinting(HWND dialog, UINT message, WPARAM, LPARAM l) {
+}  // namespace
+
+extern "C" INT_PTR CALLBACK DlgProcPrinting(HWND dialog, UINT message, WPARAM, LPARAM l) {
   switch (message) {
     case WM_INITDIALOG:
       return OnInit(dialog, l);
@@ -89,6 +147,8 @@ INT_PTR CALLBACK DlgProcPrinting(HWND dialog, UINT message, WPARAM, LPARAM l) {
       return FALSE;
   }
 }
+
+namespace {
 
 // A field is painted at once: a short page gives no time for it later.
 std::function<void(const std::string&)> TextSetter(HWND dialog, int control) {

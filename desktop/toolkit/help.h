@@ -6,6 +6,7 @@ namespace qz7 {
 inline constexpr int kHelpGetData = 102;
 inline constexpr int kHelpSendData = 103;
 inline constexpr int kHelpDataSent = 104;
+inline constexpr int kHelpPortSetup = 105;
 inline constexpr int kHelpMemoryList = 106;
 inline constexpr int kHelpAutodial = 108;
 inline constexpr int kHelpMerge = 110;

@@ -70,6 +70,10 @@ class Printing(unittest.TestCase):
         self.assertEqual(paper_lines(paper), listing)
         self.assertGreater(page_count(paper), 1)
 
+    def test_narrow_paper_has_every_line_to_its_end(self):
+        listing = self.print_as("OnNarrowPaper")
+        self.assertEqual(paper_lines(self.paper_of("OnNarrowPaper")), listing)
+
     def test_two_copies_are_the_listing_twice_each_from_a_page_of_its_own(self):
         self.print_as("OneCopy")
         listing = self.print_as("TwoCopies")

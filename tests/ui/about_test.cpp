@@ -137,6 +137,22 @@ TEST_F(AboutTest, HasItsFieldsFromTopToBottomInTheOrderOfTheirNumbers) {
   EXPECT_EQ(std::adjacent_find(tops.begin(), tops.end(), std::greater_equal<>()), tops.end());
 }
 
+TEST_F(AboutTest, TheLicenceThatItNamesLiesBesideTheProgram) {
+  const auto texts = ReadVersionTexts(BesideProgram("qz7.exe"));
+  ASSERT_TRUE(texts);
+  EXPECT_NE(texts->legal.find("LICENSE"), std::string::npos);
+  EXPECT_NE(GetFileAttributesA(BesideProgram("LICENSE").c_str()), INVALID_FILE_ATTRIBUTES);
+}
+
+TEST_F(AboutTest, ShowsTheProgramsIcon) {
+  const DialogScript script([](HWND dialog) {
+    EXPECT_NE(SendDlgItemMessageA(dialog, ID_ABOUT_ICON, STM_GETICON, 0, 0), 0);
+    SavePicture(dialog, "about_icon");
+    Press(dialog, IDOK);
+  });
+  ShowAboutDialog(ProgramPath());
+}
+
 TEST_F(AboutTest, KnowsTheSpecialBuildThatItDoesNotShow) {
   const auto texts = ReadVersionTexts(PutProgram("all.exe", MakeRecord(kGerman, kGermanKey, kAll)));
   ASSERT_TRUE(texts);

@@ -1,6 +1,7 @@
 #include "desktop/editors/channel_editor_dialog.h"
 
 #include "core/editors/group_table.h"
+#include "core/editors/icons.h"
 #include "core/image/channel_record.h"
 #include "desktop/commands.h"
 #include "resources/control_ids.h"
@@ -338,6 +339,18 @@ TEST_F(ChannelEditorTest, TheNameHasTheRadioFontAndAllIconsAreInSight) {
     GetClientRect(GetDlgItem(dialog, ID_ICON), &client);
     EXPECT_LE(last.right, client.right);
     EXPECT_LE(last.bottom, client.bottom);
+    Press(dialog, IDCANCEL);
+  });
+}
+
+TEST_F(ChannelEditorTest, TheIconsKeepTheirNames) {
+  Edit(1, [](HWND dialog) {
+    for (int icon = 0; icon < kIconCount; ++icon) {
+      char name[100] = "";
+      SendDlgItemMessageA(dialog, ID_ICON, LB_GETTEXT, static_cast<WPARAM>(icon),
+                          reinterpret_cast<LPARAM>(name));
+      EXPECT_EQ(name, IconName(icon));
+    }
     Press(dialog, IDCANCEL);
   });
 }

@@ -67,9 +67,9 @@ TEST_F(GroupsTest, StoresTheFirst24AndRefusesThe25th) {
       Add(dialog, n);
     }
     EXPECT_EQ(Count(dialog, ID_GROUP_MEMBERS), 24);
-    SetMasked(app.document.working_copy, 5, true);
+    EXPECT_EQ(Beeps(), 1);
+    EXPECT_TRUE(test_seams.messages.empty());
     SavePicture(dialog, "groups");
-    SetMasked(app.document.working_copy, 5, false);
     Press(dialog, IDOK);
   });
   Bytes wanted;
@@ -97,6 +97,67 @@ TEST_F(GroupsTest, AChannelIsInAGroupOnce) {
   });
   EXPECT_EQ(GroupBytes(0), Bytes(48, 255));
   EXPECT_FALSE(app.document.changed);
+}
+
+TEST_F(GroupsTest, AFullGroupBeepsAndSaysNothingAboutAChannelThatItHas) {
+  Open([](HWND dialog) {
+    for (int n = 2; n <= 25; ++n) {
+      Add(dialog, n);
+    }
+    Add(dialog, 7);
+    EXPECT_EQ(Beeps(), 1);
+    EXPECT_TRUE(test_seams.messages.empty());
+    EXPECT_EQ(Count(dialog, ID_GROUP_MEMBERS), 24);
+    Press(dialog, IDOK);
+  });
+}
+
+TEST_F(GroupsTest, BeepsBeforeItSaysThatTheGroupHasTheChannel) {
+  Open([](HWND dialog) {
+    Add(dialog, 7);
+    int beeps_before_the_message = 0;
+    test_seams.answer = [&](Buttons) {
+      beeps_before_the_message = Beeps();
+      return Answer::kOk;
+    };
+    Add(dialog, 7);
+    ASSERT_EQ(test_seams.messages.size(), 1U);
+    EXPECT_EQ(test_seams.messages[0].caption, "QZ-7H Programmer");
+    EXPECT_EQ(beeps_before_the_message, 1);
+    EXPECT_EQ(Beeps(), 1);
+    test_seams.answer = nullptr;
+    Press(dialog, IDOK);
+  });
+}
+
+// Whether any dot of a row has the colour.
+bool RowShows(HWND list, int row, COLORREF colour) {
+  RECT area{};
+  SendMessageA(list, LB_GETITEMRECT, static_cast<WPARAM>(row), reinterpret_cast<LPARAM>(&area));
+  const HDC device = GetDC(list);
+  bool shows = false;
+  for (int y = area.top; y < area.bottom && !shows; ++y) {
+    for (int x = area.left; x < area.right && !shows; ++x) {
+      shows = GetPixel(device, x, y) == colour;
+    }
+  }
+  ReleaseDC(list, device);
+  return shows;
+}
+
+TEST_F(GroupsTest, RowsOfMaskedChannelsHaveTheColourOfTheOthers) {
+  AppendToGroup(Image(), 0, 6);
+  SetMasked(Image(), 7, true);
+  app.document.working_copy = Image();
+  Open([](HWND dialog) {
+    SavePicture(dialog, "groups_masked");
+    for (const auto& [list, row] : {std::pair{ID_GROUP_CHANNELS, 6}, {ID_GROUP_MEMBERS, 0}}) {
+      const HWND window = GetDlgItem(dialog, list);
+      EXPECT_TRUE(RowShows(window, row, GetSysColor(COLOR_WINDOWTEXT))) << list;
+      EXPECT_FALSE(RowShows(window, row, GetSysColor(COLOR_GRAYTEXT))) << list;
+    }
+    Press(dialog, IDCANCEL);
+  });
 }
 
 TEST_F(GroupsTest, AnUnprogrammedShownChannelIsNotAddedButCancelAsks) {

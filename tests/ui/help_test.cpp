@@ -7,6 +7,7 @@
 #include "core/files/radio_data_file.h"
 #include "desktop/commands.h"
 #include "desktop/editors/copy_many_dialog.h"
+#include "desktop/link/port_dialog.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help_viewer.h"
 #include "resources/control_ids.h"
@@ -159,6 +160,17 @@ TEST_F(Help, OfMerging) {
   const DialogScript script(AskTwice);
   RunCommand(CM_MERGE);
   EXPECT_EQ(Contexts(), (std::vector<int>{110, 110}));
+}
+
+TEST_F(Help, OfThePortSetupByF1) {
+  const DialogScript script([](HWND dialog) {
+    SetFocus(GetDlgItem(dialog, ID_PORT));
+    PressF1();
+    EXPECT_TRUE(HandleMessagesUntil([] { return !asked.empty(); }));
+    Press(dialog, IDCANCEL);
+  });
+  ShowPortDialog(0);
+  EXPECT_EQ(Contexts(), std::vector<int>{105});
 }
 
 TEST_F(Help, OfTheImportColumns) {

@@ -86,5 +86,42 @@ TEST_F(BringingToFront, RestoresAMinimizedMainWindowWithADialogWithoutActivating
   RunCommand(CM_PREFERENCES);
 }
 
+using MainWindowFocus = WindowTest;
+
+LRESULT SelectionOf(HWND field) { return SendMessageA(field, EM_GETSEL, 0, 0); }
+
+TEST_F(MainWindowFocus, ComesBackToTheControlThatHadItAfterADialog) {
+  for (const int control : {ID_LAMP, ID_SWITCH_3, ID_STORE_DEFAULTS}) {
+    const HWND had_it = GetDlgItem(app.main_dialog, control);
+    SetFocus(had_it);
+    const DialogScript script([](HWND dialog) { Press(dialog, IDCANCEL); });
+    RunCommand(CM_PREFERENCES);
+    EXPECT_EQ(GetFocus(), had_it) << control;
+  }
+}
+
+TEST_F(MainWindowFocus, ComesBackToTheControlThatHadItAfterAnotherWindow) {
+  const HWND other = CreateWindowExA(0, "STATIC", "other", WS_POPUP | WS_VISIBLE, 0, 0, 50, 50,
+                                     nullptr, nullptr, nullptr, nullptr);
+  const HWND had_it = GetDlgItem(app.main_dialog, ID_BELL);
+  SetFocus(had_it);
+  SetForegroundWindow(other);
+  ASSERT_NE(GetFocus(), had_it);
+  SetForegroundWindow(app.main_window);
+  EXPECT_EQ(GetFocus(), had_it);
+  DestroyWindow(other);
+}
+
+TEST_F(MainWindowFocus, LeavesTheCaretInTheCommentWhereItWas) {
+  const HWND comment = GetDlgItem(app.main_dialog, ID_FILE_COMMENT);
+  SetFocus(comment);
+  Type(app.main_dialog, ID_FILE_COMMENT, "comment");
+  SendMessageA(comment, EM_SETSEL, 3, 3);
+  const DialogScript script([](HWND dialog) { Press(dialog, IDOK); });
+  RunCommand(CM_ABOUT);
+  EXPECT_EQ(GetFocus(), comment);
+  EXPECT_EQ(SelectionOf(comment), MAKELRESULT(3, 3));
+}
+
 }  // namespace
 }  // namespace qz7

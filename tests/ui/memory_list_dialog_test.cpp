@@ -3,7 +3,6 @@
 #include "core/editors/group_table.h"
 #include "core/image/channel_record.h"
 #include "desktop/commands.h"
-#include "desktop/editors/copy_many_dialog.h"
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 
@@ -319,6 +318,59 @@ TEST_F(MemoryListTest, TheKeysDoWhatTheButtonsDo) {
   });
 }
 
+TEST_F(MemoryListTest, ATypedCharacterLeavesTheSelectionWhereItIs) {
+  Open([](HWND dialog) {
+    Select(dialog, 11);
+    for (const char c : {'1', '2', 'L', 'u', 'x', ' '}) {
+      SendMessageA(ListOf(dialog), WM_CHAR, static_cast<WPARAM>(c), 0);
+      EXPECT_EQ(Selected(dialog), std::vector<int>{11}) << c;
+      EXPECT_EQ(SendMessageA(ListOf(dialog), LB_GETCARETINDEX, 0, 0), 11) << c;
+    }
+    Press(dialog, IDCANCEL);
+  });
+}
+
+// As a click does it: the button has the keyboard while it is pressed.
+void PressWithFocus(HWND dialog, int button) {
+  SetFocus(GetDlgItem(dialog, button));
+  Press(dialog, button);
+}
+
+TEST_F(MemoryListTest, AfterTheEditorTheKeyboardIsTheListsWhateverOpenedIt) {
+  for (const bool by_button : {false, true}) {
+    const DialogScript list([=](HWND dialog) {
+      if (by_button) {
+        PressWithFocus(dialog, ID_EDIT_CHANNEL);
+      } else {
+        SendMessageA(dialog, WM_COMMAND, ID_EDIT_CHANNEL, 0);
+      }
+      EXPECT_EQ(GetFocus(), ListOf(dialog)) << by_button;
+      EXPECT_EQ(LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)), ID_EDIT_CHANNEL);
+      Press(dialog, IDCANCEL);
+    });
+    const DialogScript editor([](HWND dialog) { Press(dialog, IDCANCEL); });
+    ShowMemoryListDialog(app.document);
+  }
+}
+
+TEST_F(MemoryListTest, AfterACommandOrABoxTheKeyboardIsTheLists) {
+  Open([](HWND dialog) {
+    for (const int button : {ID_MOVE_DOWN, ID_MOVE_UP, ID_INSERT_CHANNEL, ID_DELETE_CHANNEL,
+                             ID_CLEAR_CHANNEL, IDOK, int{IDCANCEL}}) {
+      test_seams.answers = {Answer::kNo};
+      Select(dialog, 0);
+      if (button == IDOK) {
+        SetProgrammed(Image(), 1, false);
+      }
+      PressWithFocus(dialog, button);
+      EXPECT_EQ(GetFocus(), ListOf(dialog)) << button;
+      EXPECT_EQ(LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)), ID_EDIT_CHANNEL) << button;
+    }
+    test_seams.answers = {Answer::kYes};
+    Press(dialog, IDCANCEL);
+  });
+}
+
 TEST_F(MemoryListTest, SeveralSelectedRowsAreNotEditedNorChanged) {
   Open([](HWND dialog) {
     Select(dialog, 1);
@@ -368,37 +420,6 @@ TEST_F(MemoryListTest, TheMenuOpensItAndKeepsWhatASlotsEditorWrote) {
   RunCommand(CM_VIEW);
   EXPECT_EQ(GetChannelRecord(Image(), -6)[3], 0x65);
   EXPECT_TRUE(test_seams.messages.empty());
-}
-
-using CopyManyTest = WindowTest;
-
-TEST_F(CopyManyTest, CollectsTwoNumbersAndTwoOptions) {
-  CopyMany chosen;
-  {
-    const DialogScript script([](HWND dialog) {
-      EXPECT_EQ(TextOf(dialog, ID_COPY_FIRST), "17");
-      EXPECT_EQ(TextOf(dialog, ID_COPY_SECOND), "17");
-      EXPECT_EQ(GetFocus(), GetDlgItem(dialog, ID_COPY_SECOND));
-      EXPECT_EQ(SendMessageA(GetFocus(), EM_GETSEL, 0, 0), MAKELRESULT(0, 2));
-      SavePicture(dialog, "copy_many");
-      Type(dialog, ID_COPY_SECOND, "25");
-      Press(dialog, ID_COPY_OPTION_A);
-      Press(dialog, ID_COPY_OPTION_B);
-      Press(dialog, IDOK);
-    });
-    EXPECT_TRUE(ShowCopyManyDialog(17, chosen));
-  }
-  EXPECT_EQ(chosen.first, 17);
-  EXPECT_EQ(chosen.second, 25);
-  EXPECT_TRUE(chosen.option_a);
-  EXPECT_TRUE(chosen.option_b);
-  const DialogScript again([](HWND dialog) {
-    EXPECT_TRUE(IsChecked(dialog, ID_COPY_OPTION_A));
-    EXPECT_FALSE(IsChecked(dialog, ID_COPY_OPTION_B));
-    Press(dialog, ID_COPY_OPTION_A);
-    Press(dialog, IDCANCEL);
-  });
-  EXPECT_FALSE(ShowCopyManyDialog(3, chosen));
 }
 
 }  // namespace

@@ -131,15 +131,15 @@ class OnAPrinter : public PrintingDialog {
     DWORD size = 0;
     DWORD count = 0;
     EnumPrintersA(PRINTER_ENUM_LOCAL, nullptr, 2, nullptr, 0, &size, &count);
-    // Paper on which the longest line has room in any font.
+    const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
+    const bool narrow = test == "OnNarrowPaper";
     DEVMODEA settings{};
     settings.dmSize = sizeof settings;
     settings.dmFields = DM_PAPERSIZE | DM_ORIENTATION;
-    settings.dmPaperSize = DMPAPER_A3;
-    settings.dmOrientation = DMORIENT_LANDSCAPE;
+    settings.dmPaperSize = narrow ? DMPAPER_A4 : DMPAPER_A3;
+    settings.dmOrientation = narrow ? DMORIENT_PORTRAIT : DMORIENT_LANDSCAPE;
     device_ = CreateDCA("WINSPOOL", name.c_str(), nullptr, &settings);
     ASSERT_NE(device_, nullptr) << "the system knows " << size << " bytes of printers";
-    const std::string test = testing::UnitTest::GetInstance()->current_test_info()->name();
     OpenNamedDocument(app.document, Environment("QZ7_PRINTED") + "\\" + test + ".RDF");
     ASSERT_EQ(app.document.name, test + ".RDF");
     shown.clear();
@@ -167,6 +167,11 @@ TEST_F(OnAPrinter, OneCopy) {
   EXPECT_EQ(shown[0], "Printing OneCopy.RDF");
   EXPECT_EQ(shown[1], "Page 1");
   EXPECT_EQ(shown[2], "Page 2");
+  EXPECT_TRUE(test_seams.messages.empty());
+}
+
+TEST_F(OnAPrinter, OnNarrowPaper) {
+  Print(1);
   EXPECT_TRUE(test_seams.messages.empty());
 }
 

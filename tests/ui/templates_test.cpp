@@ -283,5 +283,19 @@ TEST(Templates, EveryPopupHasADefaultButton) {
   }
 }
 
+BOOL CALLBACK AddType(HMODULE, LPSTR type, LONG_PTR types) {
+  reinterpret_cast<std::vector<LPSTR>*>(types)->push_back(type);
+  return TRUE;
+}
+
+TEST(ResourceLibrary, HoldsTemplatesAndBitmapsAlone) {
+  const HMODULE library = LoadLibraryA(BesideProgram("qz732.dll").c_str());
+  std::vector<LPSTR> types;
+  EnumResourceTypesA(library, AddType, reinterpret_cast<LONG_PTR>(&types));
+  std::sort(types.begin(), types.end());
+  EXPECT_EQ(types, (std::vector<LPSTR>{RT_BITMAP, RT_DIALOG}));
+  FreeLibrary(library);
+}
+
 }  // namespace
 }  // namespace qz7

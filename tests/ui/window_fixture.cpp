@@ -31,6 +31,13 @@ UINT_PTR script_timer = 0;
 ULONGLONG script_deadline = 0;
 HWND last_dialog = nullptr;  // had its script
 
+int beeps = 0;
+
+BOOL WINAPI CountBeep(UINT) {
+  ++beeps;
+  return TRUE;
+}
+
 void CALLBACK RunScript(HWND, UINT, UINT_PTR, DWORD) {
   const HWND dialog = DialogOwner();
   const bool open = dialog != nullptr && dialog != app.main_window && IsWindowVisible(dialog);
@@ -49,7 +56,16 @@ void CALLBACK RunScript(HWND, UINT, UINT_PTR, DWORD) {
 
 }  // namespace
 
+// Takes the place of the system's function in this program.
+extern "C" {
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming): the linker's name
+BOOL(WINAPI* __imp_MessageBeep)(UINT) = CountBeep;
+}
+
+int Beeps() { return beeps; }
+
 WindowTest::WindowTest() {
+  beeps = 0;
   dialog_modules.library = LoadLibraryA(BesideProgram("qz732.dll").c_str());
   EXPECT_NE(dialog_modules.library, nullptr);
   app.document = Document{};

@@ -51,6 +51,9 @@ void Type(HWND dialog, int field, const std::string& text);
 bool IsEnabled(HWND dialog, int control);
 std::string TextOf(HWND dialog, int control);
 
+// How often the program has beeped in the test.
+int Beeps();
+
 // Handles the messages that wait now.
 void HandleMessages();
 // Handles messages until the condition holds; false after `milliseconds`.

@@ -137,6 +137,18 @@ TEST_F(MainCommandsTest, ExportMarksTheDocumentAsChangedEvenWhenCancelled) {
   EXPECT_STREQ(test_seams.save_boxes[0].title, "Export Radio File");
 }
 
+TEST_F(MainCommandsTest, AnExportIsInProgressUntilItsFileIsWritten) {
+  bool in_progress = false;
+  test_seams.file = [&]() -> std::optional<ChosenFile> {
+    in_progress = document->export_in_progress;
+    return Chosen(folder.File("list.csv"));
+  };
+  EXPECT_FALSE(document->export_in_progress);
+  ExportChannels(*document);
+  EXPECT_TRUE(in_progress);
+  EXPECT_FALSE(document->export_in_progress);
+}
+
 TEST_F(MainCommandsTest, ExportProposesItsOwnLastName) {
   test_seams.files = {Chosen(folder.File("mine.rdf")), Chosen(folder.File("list.csv"))};
   ASSERT_TRUE(SaveDocumentAs(*document));

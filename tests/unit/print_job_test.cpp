@@ -24,6 +24,10 @@ class RecordingPrinter final : public Printer {
  public:
   bool InstallAbort() override { return Told("install", installs); }
   bool StartDocument(const std::string& name) override { return Told("document " + name, starts); }
+  void FitFont(const Lines& lines) override {
+    fitted = lines;
+    figures.line_height = fitted_line_height;
+  }
   DeviceFigures Figures() override { return figures; }
   void StartPage() override { Told("page", true); }
   void DrawLine(const PlacedLine& line) override {
@@ -36,6 +40,8 @@ class RecordingPrinter final : public Printer {
   bool EndDocument() override { return Told("document end", ends); }
 
   DeviceFigures figures = kFigures;
+  int fitted_line_height = kFigures.line_height;
+  Lines fitted;
   bool installs = true;
   bool starts = true;
   bool ends = true;
@@ -132,6 +138,42 @@ TEST_F(PrintJobTest, PrintsOneCopyFromTopToBottomWithoutACopyLine) {
                           "0 at 150,300", "1 at 150,400",      "page end", "document end"};
   EXPECT_EQ(Run({"0", "1"}), expected);
   EXPECT_TRUE(test_seams.messages.empty());
+}
+
+TEST_F(PrintJobTest, PlacesTheLinesByTheFontThatWasMadeToFit) {
+  printer_.fitted_line_height = 50;
+  const Lines& told = Run({"0", "1"});
+  EXPECT_EQ(printer_.fitted, (Lines{"0", "1"}));
+  EXPECT_EQ(told[5], "1 at 150,350");
+}
+
+// A font as wide as high, by the letter.
+int WidthOf71Letters(int height) { return 71 * height; }
+
+TEST(FittingHeight, IsTheFontsOwnWhereTheLongestLineHasRoom) {
+  EXPECT_EQ(FittingHeight(100, 7100, WidthOf71Letters), 100);
+  EXPECT_EQ(FittingHeight(100, 9000, WidthOf71Letters), 100);
+}
+
+TEST(FittingHeight, IsTheLargestInWhichTheLongestLineHasRoom) {
+  EXPECT_EQ(FittingHeight(100, 7099, WidthOf71Letters), 99);
+  EXPECT_EQ(FittingHeight(100, 71 * 45, WidthOf71Letters), 45);
+  EXPECT_EQ(FittingHeight(100, 71 * 45 - 1, WidthOf71Letters), 44);
+}
+
+TEST(FittingHeight, KnowsAFontThatShrinksInSteps) {
+  const auto stepped = [](int height) { return 71 * ((height + 6) / 7) * 4; };
+  for (int room = 300; room < 71 * 60; room += 13) {
+    const int height = FittingHeight(100, room, stepped);
+    EXPECT_LE(stepped(height), room);
+    EXPECT_GT(stepped(height + 1), room);
+  }
+}
+
+TEST(FittingHeight, IsNeverLessThanOneDot) {
+  EXPECT_EQ(FittingHeight(100, 0, WidthOf71Letters), 1);
+  EXPECT_EQ(FittingHeight(100, -50, WidthOf71Letters), 1);
+  EXPECT_EQ(FittingHeight(100, -50, [](int) { return 0; }), 1);
 }
 
 TEST_F(PrintJobTest, TwoCopiesPrintTheWholeListingTwiceEachFromPage1) {
