@@ -341,6 +341,15 @@ TEST(ChannelTurn, AcceptsTheChannelAndShowsTheNext) {
   EXPECT_EQ(editor.receive, "146.5000");
 }
 
+TEST(ChannelTurn, GoesBackToTheFirstChannel) {
+  auto image = ImageWithChannel7();
+  PutChannel(*image, 1, Simplex());
+  ChannelEditor editor = *OpenChannelEditor(*image, 2, test_region);
+  EXPECT_FALSE(TurnToPrevious(*image, editor).beep);
+  EXPECT_EQ(editor.n, 1);
+  EXPECT_EQ(editor.receive, "145.0000");
+}
+
 TEST(ChannelTurn, StaysOnARefusedChannel) {
   auto image = ImageWithChannel7();
   ChannelEditor editor = *OpenChannelEditor(*image, 7, test_region);

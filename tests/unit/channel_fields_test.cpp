@@ -77,6 +77,23 @@ TEST(ChannelFields, RefuseWhatIsNoFrequency) {
   EXPECT_EQ(WhyNot(split, "tx", "145.0125000"), "tx: at most 10 characters");
 }
 
+TEST(ChannelFields, TakeAFrequencyOfTenCharacters) {
+  ChannelEditor editor = Editor();
+  EXPECT_TRUE(Set(editor, "rx", "146.012500"));
+  EXPECT_EQ(editor.receive, "146.0125");
+  Set(editor, "shift", "split");
+  EXPECT_TRUE(Set(editor, "tx", "147.012500"));
+  EXPECT_EQ(editor.transmit, "147.0125");
+}
+
+TEST(ChannelFields, RefuseATransmitTextWithoutDigitsForAnEmptyField) {
+  ChannelEditor editor = *OpenChannelEditor(*MakeWideImage(), 7, test_region);
+  EXPECT_EQ(editor.transmit, "");
+  EXPECT_EQ(WhyNot(editor, "tx", "abc"),
+            "tx: follows rx, shift and offset unless the shift is split");
+  EXPECT_TRUE(Set(editor, "tx", ""));
+}
+
 TEST(ChannelFields, RefuseATransmitFrequencyThatIsNotTheShifts) {
   ChannelEditor editor = Editor();
   Set(editor, "shift", "minus");

@@ -268,5 +268,74 @@ TEST(DerivedTables, AreAllThatTheirMakingChanges) {
   EXPECT_NE(*before, *after);
 }
 
+// Every field has another value, and each byte follows from the layout alone.
+constexpr ChannelSummary kSummary = {.in_use = true,
+                                     .tone_encoder = false,
+                                     .tone_squelch = true,
+                                     .skip = false,
+                                     .shift = Shift::kPlus,
+                                     .dcs_on = true,
+                                     .dcs_index = 0x53,
+                                     .mode = 2,
+                                     .receive_10hz = 0x12345678,
+                                     .transmit_10hz = 0xFEDCBA98,
+                                     .tone = 0x9E5};
+const Bytes kSummaryBytes = {0xE5, 0xA9, 0x78, 0x56, 0x34, 0x12,
+                             0x98, 0xBA, 0xDC, 0xFE, 0xE5, 0x09};
+
+TEST(SummaryEntryBytes, AreThoseOfTheFields) {
+  Bytes entry(13, 0xEE);
+  EncodeSummary(kSummary, entry.data());
+  Bytes expected = kSummaryBytes;
+  expected.push_back(0xEE);
+  EXPECT_EQ(entry, expected);
+}
+
+TEST(SummaryEntryBytes, GiveTheFieldsBack) {
+  const ChannelSummary summary = DecodeSummary(kSummaryBytes.data());
+  EXPECT_TRUE(summary.in_use);
+  EXPECT_FALSE(summary.tone_encoder);
+  EXPECT_TRUE(summary.tone_squelch);
+  EXPECT_FALSE(summary.skip);
+  EXPECT_EQ(summary.shift, Shift::kPlus);
+  EXPECT_TRUE(summary.dcs_on);
+  EXPECT_EQ(summary.dcs_index, 0x53);
+  EXPECT_EQ(summary.mode, 2);
+  EXPECT_EQ(summary.receive_10hz, 0x12345678U);
+  EXPECT_EQ(summary.transmit_10hz, 0xFEDCBA98U);
+  EXPECT_EQ(summary.tone, 0x9E5);
+}
+
+TEST(SummaryEntryBytes, HoldTheOtherFlagsInTheOtherBits) {
+  const ChannelSummary others = {.tone_encoder = true,
+                                 .skip = true,
+                                 .shift = Shift::kMinus,
+                                 .dcs_index = 0x2C,
+                                 .mode = 1,
+                                 .tone = 0xFFFF};
+  const Bytes bytes = {0x1A, 0x56, 0, 0, 0, 0, 0, 0, 0, 0, 0xFF, 0xFF};
+  Bytes entry(12, 0xEE);
+  EncodeSummary(others, entry.data());
+  EXPECT_EQ(entry, bytes);
+  const ChannelSummary summary = DecodeSummary(bytes.data());
+  EXPECT_FALSE(summary.in_use || summary.tone_squelch || summary.dcs_on);
+  EXPECT_TRUE(summary.tone_encoder && summary.skip);
+  EXPECT_EQ(summary.shift, Shift::kMinus);
+  EXPECT_EQ(summary.dcs_index, 0x2C);
+  EXPECT_EQ(summary.mode, 1);
+  EXPECT_EQ(summary.tone, 0xFFFF);
+}
+
+TEST(SummaryEntryBytes, OfAnyFirstWordComeBack) {
+  for (unsigned word = 0; word < 0x10000; ++word) {
+    Bytes entry(12, 0);
+    entry[0] = static_cast<std::uint8_t>(word & 0xFF);
+    entry[1] = static_cast<std::uint8_t>(word >> 8);
+    Bytes again(12, 0);
+    EncodeSummary(DecodeSummary(entry.data()), again.data());
+    ASSERT_EQ(entry, again);
+  }
+}
+
 }  // namespace
 }  // namespace qz7

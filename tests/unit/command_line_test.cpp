@@ -32,6 +32,11 @@ TEST(CommandLine, ASwitchAndABareNameOpenThatNameInUpperCaseWithoutAnExtension) 
   EXPECT_EQ(CommandLineFile("club.rdf"), Name("CLUB.RDF"));
 }
 
+TEST(CommandLine, FoldsEveryLetterOfTheAlphabetAndNothingElse) {
+  EXPECT_EQ(FileOfName("abcdefghijklmnopqrstuvwxyz"), "ABCDEFGHIJKLMNOPQRSTUVWXYZ");
+  EXPECT_EQ(FileOfName("`{[@_9"), "`{[@_9");
+}
+
 TEST(CommandLine, AFolderAndNoExtensionGetOne) {
   EXPECT_EQ(CommandLineFile("c:\\radio\\club"), Name("C:\\RADIO\\CLUB.RDF"));
   EXPECT_EQ(CommandLineFile("c:\\radio.old\\club"), Name("C:\\RADIO.OLD\\CLUB.RDF"));

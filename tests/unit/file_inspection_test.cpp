@@ -65,6 +65,21 @@ TEST_F(Inspection, OfAShortFileFailsWhatLiesBehindItsEnd) {
   EXPECT_EQ(FileKind::kUnknown, Inspect("")->kind);
 }
 
+TEST_F(Inspection, OfAHeaderAloneTellsWhatTheHeaderSays) {
+  const auto header = Inspect(Bytes().substr(0, 180));
+  EXPECT_EQ(180U, header->size);
+  EXPECT_EQ(FileKind::kRadioData, header->kind);
+  EXPECT_TRUE(header->radio_identifier && header->total_size);
+  EXPECT_FALSE(header->complete || header->file_checksum || header->radio_block_checksum);
+}
+
+TEST_F(Inspection, TakesNoOtherTotalSizeBeItLargerOrSmaller) {
+  for (const std::uint32_t size : {21'281U, 21'283U, 0U}) {
+    WriteU32(image_->data() + kTotalSizeOffset, size);
+    EXPECT_FALSE(Inspect(Bytes())->total_size) << size;
+  }
+}
+
 TEST_F(Inspection, CountsTheProgrammedChannels) {
   EXPECT_EQ(1, CountProgrammedChannels(*image_));
   SetProgrammed(*image_, 240, true);

@@ -59,6 +59,11 @@ TEST_F(ImageDifference, TellsAChannelThatIsProgrammedOnOneSideWhole) {
   EXPECT_EQ((Lines{"channel L1: not programmed -> 145.0000"}), Differences());
 }
 
+TEST_F(ImageDifference, TellsAChannelThatIsGone) {
+  SetProgrammed(B(), 1, false);
+  EXPECT_EQ((Lines{"channel 1: 145.0000 -> not programmed"}), Differences());
+}
+
 TEST_F(ImageDifference, NamesVfoAndHomeSlots) {
   GetChannelRecord(B(), -16)[kRecordStep] = 5;
   GetChannelRecord(B(), -25)[17] ^= 0x0C;
@@ -91,6 +96,21 @@ TEST_F(ImageDifference, TellsEveryOtherByteOfTheRadioByItsOffset) {
   B()[11181] = 0x7F;
   B()[11182] = 0x7F;
   EXPECT_EQ((Lines{"byte 3060: 0x0A -> 0x0B", "byte 11181: 0x00 -> 0x7F"}), Differences());
+}
+
+TEST_F(ImageDifference, TellsASettingThatReadsTheSameByItsBytes) {
+  (*a_)[10'122] = 0;  // WX name 2 ends in front of its first character
+  B()[10'122] = 0;
+  B()[10'123] = 'Z';
+  (*a_)[10'208] = 50;  // codes of no character read as "?"
+  B()[10'208] = 60;
+  (*a_)[10'252] = 0xFF;  // autodial number 1 ends in front of its first digit
+  B()[10'252] = 0xFF;
+  (*a_)[10'253] = 1;
+  B()[10'253] = 2;
+  EXPECT_EQ(
+      (Lines{"byte 10123: 0x58 -> 0x5A", "byte 10208: 0x32 -> 0x3C", "byte 10253: 0x01 -> 0x02"}),
+      Differences());
 }
 
 TEST_F(ImageDifference, StaysInsideWithHostileCounts) {

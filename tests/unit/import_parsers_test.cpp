@@ -2,7 +2,6 @@
 
 #include <string>
 
-#include "core/image/decimal.h"
 #include "core/interchange/import_reader.h"
 #include "tests/unit/plain_numbers.h"
 
@@ -89,20 +88,6 @@ TEST(ImportDirection, IsSimplexForAnythingElse) {
   for (const char* text : {"", "0", "4", " ", "x", "--", "-5", "minus", "+ ", "\xC2\xB1"}) {
     EXPECT_EQ(ParseDirection(text), 0) << text;
   }
-}
-
-TEST(DecimalValue, ReadsWhatATextBeginsWith) {
-  EXPECT_EQ(DecimalValue("42"), 42);
-  EXPECT_EQ(DecimalValue(" -7 channels"), -7);
-  EXPECT_EQ(DecimalValue("+5"), 5);
-  EXPECT_EQ(DecimalValue(""), 0);
-  EXPECT_EQ(DecimalValue("ten"), 0);
-}
-
-TEST(DecimalValue, StaysInItsRange) {
-  EXPECT_EQ(DecimalValue("2147483647"), 2'147'483'647);
-  EXPECT_EQ(DecimalValue("2147483648"), 2'147'483'647);
-  EXPECT_EQ(DecimalValue("-99999999999999999999"), -2'147'483'647 - 1);
 }
 
 }  // namespace

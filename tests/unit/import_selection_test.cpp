@@ -308,6 +308,14 @@ TEST(SelectionRow, ShowsLowFrequenciesWithFourDecimals) {
   EXPECT_EQ(FormatImportRow(record), "0.5310\t \t     \t\t");
 }
 
+TEST(SelectionRow, KeepsTheZerosBehindThePoint) {
+  ImportRecord record = RowRecord(0, 885);
+  record.rx = HundredHertz(1'460'500);
+  EXPECT_EQ(FormatImportRow(record), "146.0500\t \t88.5\tRPT1\tNorth");
+  record.rx = HundredHertz(1'460'001);
+  EXPECT_EQ(FormatImportRow(record), "146.0001\t \t88.5\tRPT1\tNorth");
+}
+
 TEST(SelectionRow, HoldsTheLongestTexts) {
   ImportRecord record = RowRecord(0, 885);
   record.rx = HundredHertz(0x7FFFFFFF);

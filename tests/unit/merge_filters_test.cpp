@@ -114,6 +114,17 @@ TEST_F(MergeFilter, FindsNoKeyInACommentThatIsNotThere) {
   EXPECT_FALSE(IsSelectedForMerge(source_, options_, 1));
 }
 
+TEST_F(MergeFilter, TakesAChannelWithoutACommentForAnEmptyKey) {
+  SourceFile file = SiblingFile();
+  file.comments = 1'990;
+  file.PutGeometry(2);
+  file.Channel(1, kInUse, 14'694'000, 14'634'000);
+  Load(file);
+  SetMergeKey(options_, "");
+  options_.use_key = true;
+  EXPECT_TRUE(IsSelectedForMerge(source_, options_, 1));
+}
+
 TEST_F(MergeFilter, CutsTheKeyTo30Characters) {
   SetMergeKey(options_, "abcdefghijabcdefghijabcdefghijk");
   EXPECT_EQ(options_.key, "abcdefghijabcdefghijabcdefghij");

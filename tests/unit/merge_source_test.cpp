@@ -155,6 +155,21 @@ TEST_F(Source, IsOfAnotherModelByAnyOfTheFour) {
   EXPECT_FALSE(IsSameModel(source_));
 }
 
+TEST_F(Source, OfAnOlderFormatIsOfAnotherModel) {
+  SourceFile file = OwnFile();
+  file.Put(8, 1, 4);
+  ASSERT_TRUE(Load(file.bytes));
+  EXPECT_FALSE(IsSameModel(source_));
+}
+
+TEST_F(Source, ThatIsLargerIsOfAnotherModel) {
+  SourceFile file = OwnFile();
+  file.bytes.push_back(0);
+  file.Put(12, 21'283, 4);
+  ASSERT_TRUE(Load(file.bytes));
+  EXPECT_FALSE(IsSameModel(source_));
+}
+
 TEST_F(Source, NamesItsRadioInAtMost40Characters) {
   Bytes bytes = OwnFile().bytes;
   std::fill_n(bytes.begin() + 16, 44, 'x');

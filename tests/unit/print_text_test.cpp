@@ -139,6 +139,15 @@ TEST(PrintTextBuffer, StartsAt5000BytesAndGrowsBy2500) {
   EXPECT_EQ(7500U, text.size);
 }
 
+TEST(PrintTextBuffer, IsFilledToItsLastByteBeforeItGrows) {
+  PrintText text = StartPrintText();
+  AppendLine(text, std::string(2496, 'a'));
+  AppendLine(text, std::string(2495, 'a'));
+  AppendLine(text, "");
+  EXPECT_EQ(5000U, text.used);
+  EXPECT_EQ(5000U, text.size);
+}
+
 TEST(PrintTextBuffer, KeepsFewerThan100SpareBytesAtTheEnd) {
   PrintText text = StartPrintText();
   AppendLine(text, std::string(2496, 'a'));
