@@ -8,6 +8,7 @@
 #include "core/editors/icons.h"
 #include "core/image/channel_text.h"
 #include "core/image/frequency_check.h"
+#include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
@@ -29,6 +30,12 @@ WhyNot NoFrequency(std::string_view value) {
 }
 
 WhyNot TooLong(std::size_t length) { return "at most " + std::to_string(length) + " characters"; }
+
+// What a text may not take in; one that is there already may stay.
+WhyNot NoControls(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), IsControl) ? "a control character cannot be stored"
+                                                          : WhyNot();
+}
 
 WhyNot OneOf(const std::vector<std::string>& texts) {
   std::string list = "one of ";
@@ -191,11 +198,14 @@ WhyNot SetName(ChannelEditor& editor, std::string_view value) {
   if (!HasNameField(editor)) {
     return value.empty() ? WhyNot() : "VFO channels have no name";
   }
+  if (value == editor.choices.name) {
+    return {};
+  }
   if (value.size() > kNameLength) {
     return TooLong(kNameLength);
   }
   editor.choices.name = value;
-  return {};
+  return NoControls(value);
 }
 
 WhyNot MemoryChannelsOnly(std::string_view value) {
@@ -206,11 +216,14 @@ WhyNot SetComment(ChannelEditor& editor, std::string_view value) {
   if (!HasMemoryFields(editor)) {
     return MemoryChannelsOnly(value);
   }
-  if (value.size() > kCommentTextLength && value != editor.comment) {
+  if (value == editor.comment) {
+    return {};
+  }
+  if (value.size() > kCommentTextLength) {
     return TooLong(kCommentTextLength);
   }
   editor.comment = value;
-  return {};
+  return NoControls(value);
 }
 
 WhyNot SetIcon(ChannelEditor& editor, std::string_view value) {

@@ -182,6 +182,21 @@ TEST(ChannelFields, SetTexts) {
   EXPECT_EQ(editor.choices.name + editor.comment, "");
 }
 
+TEST(ChannelFields, RefuseControlBytesThatAreNotThereAlready) {
+  ChannelEditor editor = Editor();
+  for (const char* name : {"name", "comment"}) {
+    for (const char* bad : {"\x01", "A\x1B[", "\n", "\x7F", "\x81", "B\x9D"}) {
+      EXPECT_EQ(WhyNot(editor, name, bad),
+                std::string(name) + ": a control character cannot be stored");
+    }
+    EXPECT_TRUE(Set(editor, name, "\x80\x9F\xA0\xB1\xFF"));
+  }
+  editor.choices.name = "A\x10";
+  editor.comment = "\x1B[0m";
+  EXPECT_TRUE(Set(editor, "name", "A\x10"));
+  EXPECT_TRUE(Set(editor, "comment", "\x1B[0m"));
+}
+
 TEST(ChannelFields, SetTheIconByItsNumber) {
   ChannelEditor editor = Editor();
   EXPECT_TRUE(Set(editor, "icon", "26"));
