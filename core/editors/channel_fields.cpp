@@ -269,14 +269,14 @@ WhyNot SetOptionB(ChannelEditor& editor, std::string_view value) {
   return Switch(editor.choices.option_b, value);
 }
 
-// In the order in which they follow each other.
+// In the order in which they follow each other, which is that of filling in the window.
 struct Field {
   const char* name;
   Setter set;
 };
 constexpr std::array<Field, 18> kFields = {{
-    {"shift", SetShift},
     {"rx", SetReceive},
+    {"shift", SetShift},
     {"offset", SetOffset},
     {"tx", SetTransmit},
     {"tone-mode", SetToneMode},

@@ -264,6 +264,16 @@ TEST(ChannelFields, GoInWhateverOrderTheyAreGiven) {
   EXPECT_EQ(editor.choices.step, 6);
 }
 
+TEST(ChannelFields, SetTheReceiveFrequencyBeforeTheShift) {
+  ChannelEditor editor = *OpenChannelEditor(*MakeWideImage(), 7, test_region);
+  std::string why_not;
+  EXPECT_TRUE(SetEditorFields(editor, {{"shift", "split"}, {"rx", "433.5"}}, why_not)) << why_not;
+  EXPECT_EQ(editor.transmit, "433.5000");
+  EXPECT_TRUE(
+      SetEditorFields(editor, {{"offset", "1.6"}, {"shift", "minus"}, {"rx", "145.6"}}, why_not));
+  EXPECT_EQ(editor.transmit, "144.0000");
+}
+
 TEST(ChannelFields, StopAtTheFirstThatIsRefused) {
   ChannelEditor editor = Editor();
   std::string why_not;
