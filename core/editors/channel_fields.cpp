@@ -95,10 +95,19 @@ WhyNot SetReceive(ChannelEditor& editor, std::string_view value) {
   return {};
 }
 
+// The transmit frequency of the record that the editor would write. It can lie higher than one that
+// the window shows.
+Frequency StoredTransmit(const ChannelEditor& editor) {
+  const ChannelRecord record =
+      BuildChannelRecord({}, editor.choices, FrequenciesOf(editor), editor.n, editor.region);
+  return TransmitFrequency(record, editor.region);
+}
+
 WhyNot SetTransmit(ChannelEditor& editor, std::string_view value) {
   const Frequency transmit = ParseFrequency(value);
   if (value == WithoutLeadingBlanks(editor.transmit) ||
-      (HasDigit(value) && transmit == ParseFrequency(editor.transmit))) {
+      (HasDigit(value) &&
+       (transmit == ParseFrequency(editor.transmit) || transmit == StoredTransmit(editor)))) {
     return {};
   }
   if (!HasTransmitField(editor)) {
@@ -127,7 +136,7 @@ WhyNot SetShift(ChannelEditor& editor, std::string_view value) {
 }
 
 WhyNot SetOffset(ChannelEditor& editor, std::string_view value) {
-  if (value == editor.offset) {
+  if (value == FormatExactOffset(OffsetOf(editor))) {
     return {};
   }
   if (!HasDigit(value)) {
@@ -157,20 +166,13 @@ WhyNot SetPower(ChannelEditor& editor, std::string_view value) {
   return ChooseCode(editor.choices.power, kPowerNames, value);
 }
 
-// The step that a text stands for in the list of steps. What the list calls "20 kHz" may be a
-// record's 15 kHz: both names of it are understood, the list's own first.
-std::optional<Step> ListedStep(const ChannelEditor& editor, std::string_view value) {
-  for (const StepChoice& choice : editor.steps) {
-    if (choice.text == value) {
-      return choice.step;
-    }
-  }
-  for (const StepChoice& choice : editor.steps) {
-    if (NameOf(kStepNames, choice.step) == value) {
-      return choice.step;
-    }
-  }
-  return std::nullopt;
+// The steps that are listed, by the names of what a record stores: what a list calls "20 kHz" can
+// be a record's 15 kHz, and another record's 20 kHz is not in that list.
+std::vector<std::string> ListedSteps(const ChannelEditor& editor) {
+  std::vector<std::string> names;
+  std::transform(editor.steps.begin(), editor.steps.end(), std::back_inserter(names),
+                 [](const StepChoice& choice) { return NameOf(kStepNames, choice.step); });
+  return names;
 }
 
 WhyNot SetStep(ChannelEditor& editor, std::string_view value) {
@@ -178,20 +180,13 @@ WhyNot SetStep(ChannelEditor& editor, std::string_view value) {
   if (value.empty() || (chosen && NameOf(kStepNames, *chosen) == value)) {
     return {};
   }
-  const std::optional<Step> step = ListedStep(editor, value);
-  if (!step) {
-    std::vector<std::string> texts;
-    for (const StepChoice& choice : editor.steps) {
-      texts.emplace_back(choice.text);
-    }
-    return OneOf(texts);
+  // In the MW band the choice is disabled, but what was chosen before stays: each can be there.
+  std::optional<int> place;
+  WhyNot why_not = Choose(place, ListedSteps(editor), value);
+  if (place) {
+    editor.choices.step = editor.steps[static_cast<std::size_t>(*place)].step;
   }
-  // The choice is disabled in the MW band; what the band's defaults would give is taken.
-  if (!HasStepChoice(editor) && *step != DefaultStep(ReceiveOf(editor), editor.region)) {
-    return "cannot be chosen in the MW band";
-  }
-  editor.choices.step = step;
-  return {};
+  return why_not;
 }
 
 WhyNot SetName(ChannelEditor& editor, std::string_view value) {

@@ -46,6 +46,10 @@ class Setting(EditTest):
         self.ok("set", "a.rdf", "b.rdf", "100", "rx=146.94", "shift=minus")
         self.assertEqual("146.3400", fields(self.ok("show", "b.rdf", "100"))["tx"])
 
+    def test_an_offset_is_exact(self):
+        self.ok("set", "a.rdf", "b.rdf", "100", "rx=145.5", "offset=1.05 MHz")
+        self.assertEqual("1.05 MHz", fields(self.ok("show", "b.rdf", "100"))["offset"])
+
     def test_an_odd_split_transmits_where_it_receives_until_told_otherwise(self):
         self.ok("set", "a.rdf", "b.rdf", "100", "shift=split", "rx=433.5")
         self.assertEqual("433.5000", fields(self.ok("show", "b.rdf", "100"))["tx"])

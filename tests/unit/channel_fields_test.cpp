@@ -91,12 +91,14 @@ TEST(ChannelFields, RefuseAnOffsetWithTheEditorsTexts) {
   EXPECT_EQ(WhyNot(editor, "offset", "1.6025"), "Tx Shift must be a 50kHz step.");
 }
 
-TEST(ChannelFields, KeepAnOffsetThatIsSetToTheTextItShows) {
+TEST(ChannelFields, TakeAnOffsetAsItReadsWhateverTheWindowShows) {
   ChannelEditor editor = Editor();
   EXPECT_TRUE(Set(editor, "offset", "1.05"));
   EXPECT_EQ(editor.offset, "1.500 MHz");
-  EXPECT_TRUE(Set(editor, "offset", "1.500 MHz"));
+  EXPECT_TRUE(Set(editor, "offset", "1.05 MHz"));
   EXPECT_EQ(OffsetOf(editor), 10'500);
+  EXPECT_TRUE(Set(editor, "offset", "1.500 MHz"));
+  EXPECT_EQ(OffsetOf(editor), 15'000);
 }
 
 TEST(ChannelFields, ChooseFromTheLists) {
@@ -147,11 +149,9 @@ TEST(ChannelFields, OfferTheStepsOfTheFrequency) {
   ChannelEditor editor = Editor();
   Set(editor, "rx", "98.1");
   EXPECT_EQ(WhyNot(editor, "step", "5 kHz"),
-            "step: one of 10 kHz, 12.5 kHz, 20 kHz, 25 kHz, 50 kHz, 100 kHz");
-  // The list's 20 kHz and the record's 15 kHz are the same stored step here.
-  EXPECT_TRUE(Set(editor, "step", "20 kHz"));
-  EXPECT_EQ(editor.choices.step, 3);
-  editor.choices.step = Step::kKhz25;
+            "step: one of 10 kHz, 12.5 kHz, 15 kHz, 25 kHz, 50 kHz, 100 kHz");
+  // The list's "20 kHz" stores the 15 kHz of a record here; the 20 kHz of a record is not listed.
+  EXPECT_FALSE(WhyNot(editor, "step", "20 kHz").empty());
   EXPECT_TRUE(Set(editor, "step", "15 kHz"));
   EXPECT_EQ(editor.choices.step, 3);
   Set(editor, "rx", "145");
@@ -160,13 +160,15 @@ TEST(ChannelFields, OfferTheStepsOfTheFrequency) {
   EXPECT_FALSE(SetEditorField(editor, "step", "9 kHz", *std::make_unique<std::string>()));
 }
 
-TEST(ChannelFields, LeaveTheStepAloneInTheMwBand) {
+TEST(ChannelFields, TakeAnyListedStepInTheMwBandWhereAnEarlierChoiceStays) {
   ChannelEditor editor = Editor();
+  Set(editor, "step", "25 kHz");
   Set(editor, "rx", "1.000");
-  EXPECT_TRUE(Set(editor, "step", "5 kHz"));
-  EXPECT_EQ(WhyNot(editor, "step", "25 kHz"), "step: cannot be chosen in the MW band");
-  EXPECT_TRUE(Set(editor, "step", "10 kHz"));  // the band's own
-  EXPECT_EQ(editor.choices.step, 1);
+  EXPECT_EQ(editor.choices.step, 5);
+  for (const char* step : {"5 kHz", "10 kHz", "25 kHz"}) {
+    EXPECT_TRUE(Set(editor, "step", step));
+  }
+  EXPECT_EQ(editor.choices.step, 5);
 }
 
 TEST(ChannelFields, SetTexts) {
