@@ -1,8 +1,10 @@
+#include <algorithm>
 #include <memory>
 
 #include "core/editors/channel_editor.h"
 #include "core/editors/channel_fields.h"
 #include "core/editors/memory_list.h"
+#include "core/image/frequency_check.h"
 #include "core/image/operating_state.h"
 #include "core/image/text_codec.h"
 #include "ctl/commands.h"
@@ -42,6 +44,21 @@ std::optional<std::vector<NamedValue>> EncodeValues(const std::vector<NamedValue
   return encoded;
 }
 
+// Whether a channel without a receive frequency is left without one although nothing was said of
+// it: the editor would drop all that was set.
+bool LacksReceive(const ChannelEditor& editor, const std::vector<NamedValue>& values) {
+  return editor.receive.empty() &&
+         std::none_of(values.begin(), values.end(),
+                      [](const NamedValue& value) { return value.first == "rx"; });
+}
+
+void WarnOfSilentSplit(const CloneImage& image, const ChannelEditor& editor) {
+  const bool stored = IsSpecialSlot(editor.n) || IsProgrammed(image, editor.n);
+  if (stored && HasTransmitField(editor) && FrequenciesOf(editor).transmit == Frequency{}) {
+    PrintError("The transmit frequency of the odd split is 0.");
+  }
+}
+
 bool EditChannel(CloneImage& image, int n, const std::vector<NamedValue>& values) {
   std::optional<ChannelEditor> editor = OpenChannelEditor(image, n, kRegion);
   std::string why_not;
@@ -53,7 +70,15 @@ bool EditChannel(CloneImage& image, int n, const std::vector<NamedValue>& values
     PrintError(ToUtf8(why_not));
     return false;
   }
-  return AcceptChannel(image, *editor).refused == EditorField::kNone;
+  if (LacksReceive(*editor, values)) {
+    PrintError(kReceiveRefused);
+    return false;
+  }
+  if (AcceptChannel(image, *editor).refused != EditorField::kNone) {
+    return false;
+  }
+  WarnOfSilentSplit(image, *editor);
+  return true;
 }
 
 }  // namespace

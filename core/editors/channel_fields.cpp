@@ -87,9 +87,6 @@ WhyNot SetReceive(ChannelEditor& editor, std::string_view value) {
   if (value.size() > kFrequencyTextLength) {
     return TooLong(kFrequencyTextLength);
   }
-  if (!value.empty() && ParseFrequency(value) == Frequency{}) {
-    return NoFrequency(value);
-  }
   editor.receive = value;
   LeaveReceive(editor);
   return {};
@@ -116,7 +113,7 @@ WhyNot SetTransmit(ChannelEditor& editor, std::string_view value) {
   if (value.size() > kFrequencyTextLength) {
     return TooLong(kFrequencyTextLength);
   }
-  if (transmit == Frequency{}) {
+  if (!HasDigit(value)) {
     return NoFrequency(value);
   }
   editor.transmit = FormatFrequency(transmit);

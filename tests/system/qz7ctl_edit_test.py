@@ -64,6 +64,27 @@ class Setting(EditTest):
         self.refused("Tx Shift must be a 50kHz step.",
                      "set", "a.rdf", "b.rdf", "5", "offset=601 kHz")
 
+    def test_an_empty_channel_wants_a_receive_frequency(self):
+        for value in ("name=HILL", "skip=on", "rx=abc"):
+            self.refused("A valid receive frequency is required", "set", "a.rdf", "b.rdf", "100",
+                         value)
+
+    def test_a_receive_frequency_that_is_none_is_refused_as_by_the_editor(self):
+        for value in ("rx=abc", "rx=x0"):
+            self.refused("A valid receive frequency is required",
+                         "set", "a.rdf", "b.rdf", "5", value)
+
+    def test_zero_clears_a_channel_as_in_the_editor(self):
+        self.ok("set", "a.rdf", "b.rdf", "5", "rx=0")
+        self.ok("move", "a.rdf", "c.rdf", "clear", "5")
+        self.assertEqual("", fields(self.ok("show", "b.rdf", "5"))["rx"])
+        self.assertEqual(0, self.ctl("diff", "b.rdf", "c.rdf")[0])
+
+    def test_an_odd_split_that_transmits_on_0_is_stored_with_a_warning(self):
+        status, _, err = self.ctl("set", "a.rdf", "b.rdf", "5", "shift=split", "tx=0")
+        self.assertEqual((0, "The transmit frequency of the odd split is 0.\n"), (status, err))
+        self.assertEqual(bytes(3), self.read_bytes("b.rdf")[3678 + 4 * 22 + 14:][:3])
+
     def test_keeps_channel_1_programmed(self):
         self.refused("Memory channel 1 must always be programmed",
                      "set", "a.rdf", "b.rdf", "1", "rx=")

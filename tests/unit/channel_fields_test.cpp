@@ -64,10 +64,23 @@ TEST(ChannelFields, EmptyTheReceiveFrequencyToClearTheChannel) {
   EXPECT_EQ(editor.receive, "");
 }
 
+TEST(ChannelFields, LeaveItToTheEditorWhetherAReceiveFrequencyIsOne) {
+  ChannelEditor editor = Editor();
+  for (const char* text : {"abc", "0", "0.000", "2000"}) {
+    EXPECT_TRUE(Set(editor, "rx", text));
+  }
+  EXPECT_EQ(editor.receive, "2000.0000");
+}
+
+TEST(ChannelFields, TakeATransmitFrequencyOfZeroForAnOddSplit) {
+  ChannelEditor editor = Editor();
+  Set(editor, "shift", "split");
+  EXPECT_TRUE(Set(editor, "tx", "0"));
+  EXPECT_EQ(editor.transmit, "  0.0000");
+}
+
 TEST(ChannelFields, RefuseWhatIsNoFrequency) {
   const ChannelEditor editor = Editor();
-  EXPECT_EQ(WhyNot(editor, "rx", "abc"), "rx: \"abc\" is not a frequency");
-  EXPECT_EQ(WhyNot(editor, "rx", "0"), "rx: \"0\" is not a frequency");
   EXPECT_EQ(WhyNot(editor, "rx", "145.0125000"), "rx: at most 10 characters");
   EXPECT_EQ(WhyNot(editor, "offset", "abc"), "offset: \"abc\" is not a frequency");
   EXPECT_EQ(WhyNot(editor, "offset", ""), "offset: \"\" is not a frequency");
