@@ -137,8 +137,11 @@ ColumnAssignment ParseColumns(const std::string& text) {
     if (name == kColumnNames.end() || equals == part.size()) {
       throw CLI::ValidationError("--columns", "\"" + part + "\" names no field");
     }
-    columns[static_cast<std::size_t>(name - kColumnNames.begin())] =
-        static_cast<std::uint32_t>(ParseCount("--columns", part.substr(equals + 1)));
+    std::uint32_t& column = columns[static_cast<std::size_t>(name - kColumnNames.begin())];
+    if (column != 0) {
+      throw CLI::ValidationError("--columns", std::string(*name) + " is named twice");
+    }
+    column = static_cast<std::uint32_t>(ParseCount("--columns", part.substr(equals + 1)));
   }
   return columns;
 }
@@ -152,6 +155,9 @@ std::optional<std::vector<int>> ParseSelection(const std::string& text) {
     const std::size_t dash = std::min(part.find('-'), part.size());
     const int first = ParseCount("--select", part.substr(0, dash));
     const int last = dash == part.size() ? first : ParseCount("--select", part.substr(dash + 1));
+    if (last < first) {
+      throw CLI::ValidationError("--select", "\"" + part + "\" ends before it begins");
+    }
     for (int record = first; record <= last; ++record) {
       rows.push_back(record - 1);
     }

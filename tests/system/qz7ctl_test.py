@@ -191,7 +191,14 @@ class Usage(SystemTest):
                      ["show", "a.rdf", "x"], ["read", "--port", "p"], ["read", "a.rdf"],
                      ["write", "a.rdf"], ["new", "a.rdf", "--never"],
                      ["write", "--template", "t", "--gap", "-1", "--dry-run", "a.rdf"],
-                     ["read", "--port", "p", "--compare", "b.rdf", "a.rdf"]):
+                     ["read", "--port", "p", "--compare", "b.rdf", "a.rdf"],
+                     ["import", "a.rdf", "l", "b.rdf", "--columns", "rx=1", "--select", "2-1"],
+                     ["import", "a.rdf", "l", "b.rdf", "--columns", "rx=1,name=2,rx=3"],
+                     ["import", "a.rdf", "l", "b.rdf", "--columns", "rx=1,name=2,name=2"],
+                     ["import", "--quote=", "a.rdf", "l", "b.rdf", "--columns", "rx=1"],
+                     ["import", "a.rdf", "l", "b.rdf", "--columns", "rx=1", "--quote="],
+                     ["import", "--separator=", "a.rdf", "l", "b.rdf"],
+                     ["set", "a.rdf", "b.rdf", "1", "name=A", "skip=on", "name=A"]):
             with self.subTest(call):
                 status, out, err = self.ctl(*call)
                 self.assertEqual((2, ""), (status, out))
