@@ -2,15 +2,31 @@
 
 #include <ctime>
 #include <iostream>
+#include <utility>
 
 #include "core/files/radio_data_file.h"
 #include "core/files/seams.h"
 #include "core/image/text_codec.h"
+#include "ctl/terminal.h"
 
 namespace qz7 {
 namespace {
 
 bool answer_yes = false;
+
+bool IsAsciiControl(char c) { return c != '\t' && IsControl(c) && (c & 0x80) == 0; }
+
+// In UTF-8 the control characters from 0x80 on are 0xC2 and a byte below 0xA0.
+std::string WithoutControls(std::string_view text) {
+  std::string shown;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    const bool upper_control =
+        text[i] == '\xC2' && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
+    i += upper_control ? 1 : 0;
+    shown += upper_control || IsAsciiControl(text[i]) ? '?' : text[i];
+  }
+  return shown;
+}
 
 }  // namespace
 
@@ -33,9 +49,22 @@ std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time
 
 void AnswerYes() { answer_yes = true; }
 
-void PrintLine(std::string_view line) { std::cout << ToUtf8(line) << '\n'; }
+void PrintLine(std::string_view line) { PrintUtf8Line(ToUtf8(line)); }
+
+void PrintUtf8Line(std::string_view line) {
+  std::cout << (IsOutputTerminal() ? WithoutControls(line) : std::string(line)) << '\n';
+}
 
 void PrintError(const std::string& line) { std::cerr << line << '\n' << std::flush; }
+
+std::optional<std::string> BytesOfArgument(const std::string& name, const std::string& text) {
+  EncodedText encoded = FromUtf8(text);
+  if (!encoded.unknown.empty()) {
+    PrintError(name + ": the radio's texts have no character \"" + encoded.unknown + "\"");
+    return std::nullopt;
+  }
+  return std::move(encoded.bytes);
+}
 
 bool LoadDocument(CloneImage& image, const std::string& path) {
   return path == "-" ? ReadRadioDataFile(image, std::cin, "standard input")

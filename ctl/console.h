@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,9 +16,15 @@ inline constexpr int kDone = 0;
 inline constexpr int kFailed = 1;
 inline constexpr int kWrongUsage = 2;
 
-// A line on standard output, in UTF-8; a line on standard error.
+// A line of the radio's text on standard output, in UTF-8; the same for a text that is UTF-8
+// already, or a name that is to be told as it is. On a terminal a control character is "?", but for
+// tabs.
 void PrintLine(std::string_view line);
+void PrintUtf8Line(std::string_view line);
 void PrintError(const std::string& line);
+
+// The bytes of an argument; nothing after telling which character of it has no byte.
+std::optional<std::string> BytesOfArgument(const std::string& name, const std::string& text);
 
 // From now on a question is answered with Yes instead of its safe answer.
 void AnswerYes();

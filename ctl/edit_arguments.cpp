@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdlib>
 
 #include "core/image/clone_image.h"
@@ -16,7 +17,12 @@ std::vector<std::pair<std::string, std::string>> SplitValues(
     if (equals == std::string::npos) {
       throw CLI::ValidationError("field=value", word + " is none");
     }
-    values.emplace_back(word.substr(0, equals), word.substr(equals + 1));
+    const std::string name = word.substr(0, equals);
+    if (std::any_of(values.begin(), values.end(),
+                    [&](const auto& value) { return value.first == name; })) {
+      throw CLI::ValidationError("field=value", name + " is named twice");
+    }
+    values.emplace_back(name, word.substr(equals + 1));
   }
   return values;
 }

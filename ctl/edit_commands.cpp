@@ -1,9 +1,12 @@
+#include <algorithm>
 #include <memory>
 
 #include "core/editors/channel_editor.h"
 #include "core/editors/channel_fields.h"
 #include "core/editors/memory_list.h"
+#include "core/image/frequency_check.h"
 #include "core/image/operating_state.h"
+#include "core/image/text_codec.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
 
@@ -28,6 +31,34 @@ ListChange MoveAs(CloneImage& image, const std::string& how, int row) {
   return how == "delete" ? DeleteRow(image, row) : InsertRow(image, row);
 }
 
+// The values of the command line as the radio's text.
+std::optional<std::vector<NamedValue>> EncodeValues(const std::vector<NamedValue>& values) {
+  std::vector<NamedValue> encoded;
+  for (const auto& [name, value] : values) {
+    const std::optional<std::string> bytes = BytesOfArgument(name, value);
+    if (!bytes) {
+      return std::nullopt;
+    }
+    encoded.emplace_back(name, *bytes);
+  }
+  return encoded;
+}
+
+// Whether a channel without a receive frequency is left without one although nothing was said of
+// it: the editor would drop all that was set.
+bool LacksReceive(const ChannelEditor& editor, const std::vector<NamedValue>& values) {
+  return editor.receive.empty() &&
+         std::none_of(values.begin(), values.end(),
+                      [](const NamedValue& value) { return value.first == "rx"; });
+}
+
+void WarnOfSilentSplit(const CloneImage& image, const ChannelEditor& editor) {
+  const bool stored = IsSpecialSlot(editor.n) || IsProgrammed(image, editor.n);
+  if (stored && HasTransmitField(editor) && FrequenciesOf(editor).transmit == Frequency{}) {
+    PrintError("The transmit frequency of the odd split is 0.");
+  }
+}
+
 bool EditChannel(CloneImage& image, int n, const std::vector<NamedValue>& values) {
   std::optional<ChannelEditor> editor = OpenChannelEditor(image, n, kRegion);
   std::string why_not;
@@ -36,24 +67,33 @@ bool EditChannel(CloneImage& image, int n, const std::vector<NamedValue>& values
     return false;
   }
   if (!SetEditorFields(*editor, values, why_not)) {
-    PrintError(why_not);
+    PrintError(ToUtf8(why_not));
     return false;
   }
-  return AcceptChannel(image, *editor).refused == EditorField::kNone;
+  if (LacksReceive(*editor, values)) {
+    PrintError(kReceiveRefused);
+    return false;
+  }
+  if (AcceptChannel(image, *editor).refused != EditorField::kNone) {
+    return false;
+  }
+  WarnOfSilentSplit(image, *editor);
+  return true;
 }
 
 }  // namespace
 
 int SetCommand(const std::string& file, const std::string& out, int n,
                const std::vector<std::pair<std::string, std::string>>& values) {
+  const std::optional<std::vector<NamedValue>> encoded = EncodeValues(values);
   CloneImage image;
-  if (!LoadDocument(image, file)) {
+  if (!encoded || !LoadDocument(image, file)) {
     return kFailed;
   }
   // As when the editor is opened from the main window.
   RefreshOperatingState(image);
   const auto before = std::make_unique<CloneImage>(image);
-  if (!EditChannel(image, n, values)) {
+  if (!EditChannel(image, n, *encoded)) {
     return kFailed;
   }
   if (!IsSpecialSlot(n) && !AcceptEdits(image, *before)) {

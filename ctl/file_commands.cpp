@@ -14,6 +14,7 @@
 #include "core/image/text_codec.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
+#include "ctl/terminal.h"
 
 namespace qz7 {
 namespace {
@@ -47,8 +48,8 @@ void PrintFields(const Json& fields, const std::string& prefix) {
     if (value.is_object()) {
       PrintFields(value, "check-");
     } else {
-      std::cout << prefix << name << '='
-                << (value.is_string() ? value.get<std::string>() : value.dump()) << '\n';
+      PrintUtf8Line(prefix + name + "=" +
+                    (value.is_string() ? value.get<std::string>() : value.dump()));
     }
   }
 }
@@ -70,7 +71,7 @@ int InspectAndPrint(std::istream& file, const std::string& name, bool json) {
   }
   const Json fields = DescribeInspection(found);
   if (json) {
-    std::cout << fields.dump(2, ' ', false, Json::error_handler_t::replace) << '\n';
+    std::cout << fields.dump(2, ' ', IsOutputTerminal(), Json::error_handler_t::replace) << '\n';
   } else {
     PrintFields(fields, "");
   }
@@ -121,8 +122,11 @@ int ListCommand(const std::string& file) {
       !BuildPrintText(image, FileNameOf(file), DtmfDisplay::kSymbols, kRegion, text)) {
     return kFailed;
   }
-  for (const std::string& line : PrintLines(text)) {
-    PrintLine(line);
+  // The heading holds the name of the file as it is; what follows is the radio's text.
+  const std::vector<std::string> lines = PrintLines(text);
+  PrintUtf8Line(lines.front());
+  for (auto line = lines.begin() + 1; line != lines.end(); ++line) {
+    PrintLine(*line);
   }
   return kDone;
 }

@@ -4,7 +4,9 @@
 #include <sstream>
 #include <string_view>
 
+#include "core/image/text_codec.h"
 #include "ctl/arguments.h"
+#include "ctl/console.h"
 
 namespace qz7 {
 namespace {
@@ -38,10 +40,11 @@ char ParseCharacter(const std::string& option, const std::string& text) {
   if (text == "\\t") {
     return '\t';
   }
-  if (text.size() > 1) {
-    throw CLI::ValidationError(option, "\"" + text + "\" is more than one character");
+  const EncodedText encoded = FromUtf8(text);
+  if (!encoded.unknown.empty() || encoded.bytes.size() > 1) {
+    throw CLI::ValidationError(option, "\"" + text + "\" is not one character");
   }
-  return text.empty() ? '\0' : text[0];
+  return encoded.bytes.empty() ? '\0' : encoded.bytes[0];
 }
 
 void FinishImport(Arguments& args, bool has_separator, bool has_quote, bool has_start) {
@@ -102,10 +105,14 @@ void AddMerge(CLI::App& program, Arguments& args) {
   sub->add_flag("--ham-only", args.merge.only_ham, "only 144-148 MHz and 430-450 MHz");
   sub->add_flag("--overwrite", args.merge.overwrite, "over programmed channels, too");
   sub->callback([&args, start, key] {
-    SetMergeKey(args.merge, args.how);
     args.merge.use_key = key->count() > 0;
     const bool has_start = start->count() > 0;
     args.run = [&args, has_start] {
+      const std::optional<std::string> bytes = BytesOfArgument("--key", args.how);
+      if (!bytes) {
+        return kFailed;
+      }
+      SetMergeKey(args.merge, *bytes);
       return MergeCommand(args.file, args.second_file, args.out, args.merge,
                           has_start ? std::optional(args.start) : std::nullopt);
     };
@@ -130,8 +137,11 @@ ColumnAssignment ParseColumns(const std::string& text) {
     if (name == kColumnNames.end() || equals == part.size()) {
       throw CLI::ValidationError("--columns", "\"" + part + "\" names no field");
     }
-    columns[static_cast<std::size_t>(name - kColumnNames.begin())] =
-        static_cast<std::uint32_t>(ParseCount("--columns", part.substr(equals + 1)));
+    std::uint32_t& column = columns[static_cast<std::size_t>(name - kColumnNames.begin())];
+    if (column != 0) {
+      throw CLI::ValidationError("--columns", std::string(*name) + " is named twice");
+    }
+    column = static_cast<std::uint32_t>(ParseCount("--columns", part.substr(equals + 1)));
   }
   return columns;
 }
@@ -145,6 +155,9 @@ std::optional<std::vector<int>> ParseSelection(const std::string& text) {
     const std::size_t dash = std::min(part.find('-'), part.size());
     const int first = ParseCount("--select", part.substr(0, dash));
     const int last = dash == part.size() ? first : ParseCount("--select", part.substr(dash + 1));
+    if (last < first) {
+      throw CLI::ValidationError("--select", "\"" + part + "\" ends before it begins");
+    }
     for (int record = first; record <= last; ++record) {
       rows.push_back(record - 1);
     }

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdio>
 #include <exception>
 #include <iostream>
@@ -25,6 +26,17 @@ int Explain(const CLI::App& program, const CLI::ParseError& error) {
   return kWrongUsage;
 }
 
+// An option with nothing behind its "=" would take the next argument for its value.
+void RefuseEmptyOptions(const std::vector<std::string>& words) {
+  const auto end = std::find(words.begin(), words.end(), "--");
+  const auto empty = std::find_if(words.begin(), end, [](const std::string& word) {
+    return word.starts_with("--") && word.find('=') == word.size() - 1;
+  });
+  if (empty != end) {
+    throw CLI::ArgumentMismatch(*empty + ": a value is missing");
+  }
+}
+
 int RunProgram(int argc, char** argv) {
   UseBinaryStreams();
   CLI::App program("Reads, writes and looks into the memory of the Tamro QZ-7H.", "qz7ctl");
@@ -37,6 +49,7 @@ int RunProgram(int argc, char** argv) {
   AddPortCommands(program, args);
   try {
     program.parse(argc, argv);
+    RefuseEmptyOptions({argv + 1, argv + argc});
   } catch (const CLI::ParseError& error) {
     return Explain(program, error);
   }

@@ -132,7 +132,7 @@ bool RunStartedWrite(CloneWrite& write, SerialPort& port, const CloneImage& temp
 
 int PortsCommand() {
   for (const PortInfo& port : ListSerialPorts()) {
-    PrintLine(port.name + "\t" + port.description + "\t" + StatusName(port.status));
+    PrintUtf8Line(port.name + "\t" + port.description + "\t" + StatusName(port.status));
   }
   return kDone;
 }
@@ -194,9 +194,9 @@ int DryRunCommand(const WriteOptions& options, const std::string& file) {
     return kFailed;
   }
   PrintLine("All checks passed; nothing was sent.");
-  PrintLine("document: " + file + ", " + std::to_string(CountProgrammedChannels(image)) +
-            " programmed memory channels");
-  PrintLine("template: " + options.template_file + ", whose radio identity would be sent");
+  PrintUtf8Line("document: " + file + ", " + std::to_string(CountProgrammedChannels(image)) +
+                " programmed memory channels");
+  PrintUtf8Line("template: " + options.template_file + ", whose radio identity would be sent");
   PrintLine("would be sent: " + std::to_string(kRadioBlock.size + 1) + " bytes, a header of " +
             std::to_string(kCloneHeaderSize) + ", " + std::to_string(kCloneBlockCount) +
             " blocks of " + std::to_string(kCloneBlockSize) + " and a checksum");

@@ -8,6 +8,7 @@
 namespace qz7 {
 
 bool IsErrorTerminal() { return _isatty(_fileno(stderr)) != 0; }
+bool IsOutputTerminal() { return _isatty(_fileno(stdout)) != 0; }
 
 void UseBinaryStreams() {
   _setmode(_fileno(stdin), _O_BINARY);

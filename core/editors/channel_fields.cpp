@@ -8,6 +8,7 @@
 #include "core/editors/icons.h"
 #include "core/image/channel_text.h"
 #include "core/image/frequency_check.h"
+#include "core/image/text_codec.h"
 
 namespace qz7 {
 namespace {
@@ -29,6 +30,12 @@ WhyNot NoFrequency(std::string_view value) {
 }
 
 WhyNot TooLong(std::size_t length) { return "at most " + std::to_string(length) + " characters"; }
+
+// What a text may not take in; one that is there already may stay.
+WhyNot NoControls(std::string_view text) {
+  return std::any_of(text.begin(), text.end(), IsControl) ? "a control character cannot be stored"
+                                                          : WhyNot();
+}
 
 WhyNot OneOf(const std::vector<std::string>& texts) {
   std::string list = "one of ";
@@ -80,18 +87,24 @@ WhyNot SetReceive(ChannelEditor& editor, std::string_view value) {
   if (value.size() > kFrequencyTextLength) {
     return TooLong(kFrequencyTextLength);
   }
-  if (!value.empty() && ParseFrequency(value) == Frequency{}) {
-    return NoFrequency(value);
-  }
   editor.receive = value;
   LeaveReceive(editor);
   return {};
 }
 
+// The transmit frequency of the record that the editor would write. It can lie higher than one that
+// the window shows.
+Frequency StoredTransmit(const ChannelEditor& editor) {
+  const ChannelRecord record =
+      BuildChannelRecord({}, editor.choices, FrequenciesOf(editor), editor.n, editor.region);
+  return TransmitFrequency(record, editor.region);
+}
+
 WhyNot SetTransmit(ChannelEditor& editor, std::string_view value) {
   const Frequency transmit = ParseFrequency(value);
   if (value == WithoutLeadingBlanks(editor.transmit) ||
-      (HasDigit(value) && transmit == ParseFrequency(editor.transmit))) {
+      (HasDigit(value) &&
+       (transmit == ParseFrequency(editor.transmit) || transmit == StoredTransmit(editor)))) {
     return {};
   }
   if (!HasTransmitField(editor)) {
@@ -100,7 +113,7 @@ WhyNot SetTransmit(ChannelEditor& editor, std::string_view value) {
   if (value.size() > kFrequencyTextLength) {
     return TooLong(kFrequencyTextLength);
   }
-  if (transmit == Frequency{}) {
+  if (!HasDigit(value)) {
     return NoFrequency(value);
   }
   editor.transmit = FormatFrequency(transmit);
@@ -120,7 +133,7 @@ WhyNot SetShift(ChannelEditor& editor, std::string_view value) {
 }
 
 WhyNot SetOffset(ChannelEditor& editor, std::string_view value) {
-  if (value == editor.offset) {
+  if (value == FormatExactOffset(OffsetOf(editor))) {
     return {};
   }
   if (!HasDigit(value)) {
@@ -150,20 +163,13 @@ WhyNot SetPower(ChannelEditor& editor, std::string_view value) {
   return ChooseCode(editor.choices.power, kPowerNames, value);
 }
 
-// The step that a text stands for in the list of steps. What the list calls "20 kHz" may be a
-// record's 15 kHz: both names of it are understood, the list's own first.
-std::optional<Step> ListedStep(const ChannelEditor& editor, std::string_view value) {
-  for (const StepChoice& choice : editor.steps) {
-    if (choice.text == value) {
-      return choice.step;
-    }
-  }
-  for (const StepChoice& choice : editor.steps) {
-    if (NameOf(kStepNames, choice.step) == value) {
-      return choice.step;
-    }
-  }
-  return std::nullopt;
+// The steps that are listed, by the names of what a record stores: what a list calls "20 kHz" can
+// be a record's 15 kHz, and another record's 20 kHz is not in that list.
+std::vector<std::string> ListedSteps(const ChannelEditor& editor) {
+  std::vector<std::string> names;
+  std::transform(editor.steps.begin(), editor.steps.end(), std::back_inserter(names),
+                 [](const StepChoice& choice) { return NameOf(kStepNames, choice.step); });
+  return names;
 }
 
 WhyNot SetStep(ChannelEditor& editor, std::string_view value) {
@@ -171,31 +177,27 @@ WhyNot SetStep(ChannelEditor& editor, std::string_view value) {
   if (value.empty() || (chosen && NameOf(kStepNames, *chosen) == value)) {
     return {};
   }
-  const std::optional<Step> step = ListedStep(editor, value);
-  if (!step) {
-    std::vector<std::string> texts;
-    for (const StepChoice& choice : editor.steps) {
-      texts.emplace_back(choice.text);
-    }
-    return OneOf(texts);
+  // In the MW band the choice is disabled, but what was chosen before stays: each can be there.
+  std::optional<int> place;
+  WhyNot why_not = Choose(place, ListedSteps(editor), value);
+  if (place) {
+    editor.choices.step = editor.steps[static_cast<std::size_t>(*place)].step;
   }
-  // The choice is disabled in the MW band; what the band's defaults would give is taken.
-  if (!HasStepChoice(editor) && *step != DefaultStep(ReceiveOf(editor), editor.region)) {
-    return "cannot be chosen in the MW band";
-  }
-  editor.choices.step = step;
-  return {};
+  return why_not;
 }
 
 WhyNot SetName(ChannelEditor& editor, std::string_view value) {
   if (!HasNameField(editor)) {
     return value.empty() ? WhyNot() : "VFO channels have no name";
   }
+  if (value == editor.choices.name) {
+    return {};
+  }
   if (value.size() > kNameLength) {
     return TooLong(kNameLength);
   }
   editor.choices.name = value;
-  return {};
+  return NoControls(value);
 }
 
 WhyNot MemoryChannelsOnly(std::string_view value) {
@@ -206,11 +208,14 @@ WhyNot SetComment(ChannelEditor& editor, std::string_view value) {
   if (!HasMemoryFields(editor)) {
     return MemoryChannelsOnly(value);
   }
-  if (value.size() > kCommentTextLength && value != editor.comment) {
+  if (value == editor.comment) {
+    return {};
+  }
+  if (value.size() > kCommentTextLength) {
     return TooLong(kCommentTextLength);
   }
   editor.comment = value;
-  return {};
+  return NoControls(value);
 }
 
 WhyNot SetIcon(ChannelEditor& editor, std::string_view value) {
@@ -256,14 +261,14 @@ WhyNot SetOptionB(ChannelEditor& editor, std::string_view value) {
   return Switch(editor.choices.option_b, value);
 }
 
-// In the order in which they follow each other.
+// In the order in which they follow each other, which is that of filling in the window.
 struct Field {
   const char* name;
   Setter set;
 };
 constexpr std::array<Field, 18> kFields = {{
-    {"shift", SetShift},
     {"rx", SetReceive},
+    {"shift", SetShift},
     {"offset", SetOffset},
     {"tx", SetTransmit},
     {"tone-mode", SetToneMode},

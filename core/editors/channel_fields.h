@@ -12,7 +12,8 @@ namespace qz7 {
 // The channel editor's fields by name, for those who set them without a window: the names and
 // values of core/image/channel_description.h. What a field shows already is always taken and
 // changes nothing, and so is the empty value of a field that the slot lacks. Otherwise the rules of
-// the controls hold: lengths, lists, and what is disabled.
+// the controls hold: lengths, lists, and what is disabled. Whether a receive frequency is one is
+// for the editor's OK to say.
 
 // False, with the reason, for a name or a value that cannot be set. A transmit frequency can be
 // set after the shift has become "split".

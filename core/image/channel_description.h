@@ -12,8 +12,8 @@ namespace qz7 {
 // A field of a channel in decoded form: its name and its value as the lists show it.
 using NamedValue = std::pair<std::string, std::string>;
 
-// Every field of channel n, as the channel editor shows it, always in the same order: rx, tx,
-// shift, offset, tone-mode, tone, dcs, mode, power, step, name, comment, icon, skip, masked,
+// Every field of channel n, as the channel editor shows it but exact, always in the same order: rx,
+// tx, shift, offset, tone-mode, tone, dcs, mode, power, step, name, comment, icon, skip, masked,
 // option, option-a, option-b. An unprogrammed memory channel has the editor's defaults and empty
 // frequencies; a field that the slot does not have, and a code without a meaning, is empty. No
 // fields at all for a number that names no channel.

@@ -81,6 +81,16 @@ std::string FormatOffset(Frequency value) {
   return Format("%lld.%03lld MHz", WholeMegahertz(value), RestOfMegahertz(value));
 }
 
+std::string FormatExactOffset(Frequency value) {
+  std::string text = FormatOffset(value);
+  if (ParseOffset(text) == value) {
+    return text;
+  }
+  text = Format("%lld.%04lld", WholeMegahertz(value), RestOfMegahertz(value));
+  text.erase(text.find_last_not_of('0') + 1);
+  return text + " MHz";
+}
+
 Frequency ParseFrequency(std::string_view text) {
   constexpr std::size_t kTypedLength = 20;
   constexpr int kLargestMegahertz = 9'999;

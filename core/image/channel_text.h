@@ -16,6 +16,9 @@ std::string FormatFrequency(Frequency value);
 // shows as "1.500 MHz".
 std::string FormatOffset(Frequency value);
 
+// The same where it reads back to the value, otherwise what does: "1.05 MHz".
+std::string FormatExactOffset(Frequency value);
+
 // What the user typed, as a frequency; 0 for text that does not parse. A number beyond
 // 2147483647 counts as that, and so does the result in hundred hertz.
 Frequency ParseFrequency(std::string_view text);

@@ -37,9 +37,11 @@ std::string FromUtf8Lossy(std::string_view text);
 char UpperCase(char c);
 std::string UpperCase(std::string_view text);
 
-// A byte that moves the cursor or worse instead of showing something.
+// A byte that moves the cursor or worse instead of showing something; the open places, too.
 constexpr bool IsControl(char c) {
-  return static_cast<unsigned char>(c) < 0x20 || static_cast<unsigned char>(c) == 0x7F;
+  const auto code = static_cast<unsigned char>(c);
+  constexpr std::string_view kOpenPlaces = "\x81\x8D\x8F\x90\x9D";
+  return code < 0x20 || code == 0x7F || kOpenPlaces.find(c) != std::string_view::npos;
 }
 
 // The code of an identifier's character (upper case) and of a DTMF digit; nothing for any other.

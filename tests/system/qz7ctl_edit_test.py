@@ -2,6 +2,7 @@
 """Editing, importing, exporting and merging with the console program, from outside:
 qz7ctl_edit_test.py FOLDER_OF_THE_PROGRAMS"""
 import os
+import re
 import sys
 import unittest
 
@@ -45,6 +46,14 @@ class Setting(EditTest):
         self.ok("set", "a.rdf", "b.rdf", "100", "rx=146.94", "shift=minus")
         self.assertEqual("146.3400", fields(self.ok("show", "b.rdf", "100"))["tx"])
 
+    def test_an_offset_is_exact(self):
+        self.ok("set", "a.rdf", "b.rdf", "100", "rx=145.5", "offset=1.05 MHz")
+        self.assertEqual("1.05 MHz", fields(self.ok("show", "b.rdf", "100"))["offset"])
+
+    def test_an_odd_split_transmits_where_it_receives_until_told_otherwise(self):
+        self.ok("set", "a.rdf", "b.rdf", "100", "shift=split", "rx=433.5")
+        self.assertEqual("433.5000", fields(self.ok("show", "b.rdf", "100"))["tx"])
+
     def test_refuses_in_the_editors_words(self):
         self.refused("A valid receive frequency is required",
                      "set", "a.rdf", "b.rdf", "5", "rx=2000")
@@ -54,6 +63,27 @@ class Setting(EditTest):
                      "set", "a.rdf", "b.rdf", "5", "offset=100 MHz")
         self.refused("Tx Shift must be a 50kHz step.",
                      "set", "a.rdf", "b.rdf", "5", "offset=601 kHz")
+
+    def test_an_empty_channel_wants_a_receive_frequency(self):
+        for value in ("name=HILL", "skip=on", "rx=abc"):
+            self.refused("A valid receive frequency is required", "set", "a.rdf", "b.rdf", "100",
+                         value)
+
+    def test_a_receive_frequency_that_is_none_is_refused_as_by_the_editor(self):
+        for value in ("rx=abc", "rx=x0"):
+            self.refused("A valid receive frequency is required",
+                         "set", "a.rdf", "b.rdf", "5", value)
+
+    def test_zero_clears_a_channel_as_in_the_editor(self):
+        self.ok("set", "a.rdf", "b.rdf", "5", "rx=0")
+        self.ok("move", "a.rdf", "c.rdf", "clear", "5")
+        self.assertEqual("", fields(self.ok("show", "b.rdf", "5"))["rx"])
+        self.assertEqual(0, self.ctl("diff", "b.rdf", "c.rdf")[0])
+
+    def test_an_odd_split_that_transmits_on_0_is_stored_with_a_warning(self):
+        status, _, err = self.ctl("set", "a.rdf", "b.rdf", "5", "shift=split", "tx=0")
+        self.assertEqual((0, "The transmit frequency of the odd split is 0.\n"), (status, err))
+        self.assertEqual(bytes(3), self.read_bytes("b.rdf")[3678 + 4 * 22 + 14:][:3])
 
     def test_keeps_channel_1_programmed(self):
         self.refused("Memory channel 1 must always be programmed",
@@ -70,6 +100,65 @@ class Setting(EditTest):
         self.assertEqual(before, self.read_bytes("a.rdf"))
         self.ok("set", "a.rdf", "a.rdf", "1", "name=HILL")
         self.assertEqual("HILL", fields(self.ok("show", "a.rdf", "1"))["name"])
+
+
+class SettingTexts(EditTest):
+    NAME, COMMENT = 3678 + 6, 13602
+
+    def document_with(self, name, comment):
+        changes = {self.NAME + i: c for i, c in enumerate(name.ljust(8))}
+        changes.update({self.COMMENT + i: c for i, c in enumerate(comment.ljust(32, b"\0"))})
+        self.write_bytes("n.rdf", patched(self.read_bytes("a.rdf"), changes))
+
+    def shown(self, file, n):
+        told = self.ok("show", file, n)
+        return re.search("^(name=.*)\n(comment=.*)\nicon=", told, re.DOTALL | re.MULTILINE).groups()
+
+    def stored(self, file, n):
+        data = self.read_bytes(file)
+        record, comment = self.NAME + 22 * (n - 1), self.COMMENT + 32 * (n - 1)
+        return data[record:record + 8], data[comment:comment + 32]
+
+    def test_every_byte_comes_back_as_show_prints_it(self):
+        for first in range(1, 256, 6):
+            text = b"<" + bytes(range(first, min(first + 6, 256))) + b">"
+            with self.subTest(first):
+                self.document_with(text, text * 3)
+                told = self.shown("n.rdf", "1")
+                self.ok("set", "n.rdf", "b.rdf", "1", "rx=146", *told)
+                self.assertEqual(self.stored("n.rdf", 1), self.stored("b.rdf", 1))
+                if first > 0x20 and not set(text) & set(b"\x7F\x81\x8D\x8F\x90\x9D"):
+                    self.ok("set", "n.rdf", "b.rdf", "100", "rx=146", *told)
+                    self.assertEqual(self.stored("n.rdf", 1), self.stored("b.rdf", 100))
+
+    def test_a_character_without_a_byte_is_refused_by_name(self):
+        self.refused("name: the radio's texts have no character \"\u03a9\"",
+                     "set", "a.rdf", "b.rdf", "1", "name=5 \u03a9")
+        self.refused("comment: the radio's texts have no character \"\U0001f4fb\"",
+                     "set", "a.rdf", "b.rdf", "1", "comment=\U0001f4fb")
+        self.refused("--key: the radio's texts have no character \"\u03a9\"",
+                     "merge", "a.rdf", "a.rdf", "b.rdf", "--key", "\u03a9", "--start", "100")
+
+    def test_a_control_byte_is_not_stored(self):
+        for value in ("name=\x1b[0m", "comment=a\nb", "name=\x81"):
+            self.refused(value[:value.index("=")] + ": a control character cannot be stored",
+                         "set", "a.rdf", "b.rdf", "1", value)
+
+    def test_the_texts_of_a_refusal_are_utf_8(self):
+        self.refused("offset: \"Stra\u00dfe\" is not a frequency",
+                     "set", "a.rdf", "b.rdf", "1", "offset=Stra\u00dfe")
+
+    def test_a_merge_key_is_the_text_of_the_comments(self):
+        self.ok("set", "a.rdf", "k.rdf", "9", "comment=Hauptstra\u00dfe")
+        self.ok("new", "empty.rdf")
+        self.ok("merge", "empty.rdf", "k.rdf", "b.rdf", "--key", "STRA\u00dfE", "--start", "7")
+        self.assertEqual("2", fields(self.ok("info", "b.rdf"))["programmed-channels"])
+
+    def test_a_separator_is_one_character(self):
+        self.write_bytes("l.txt", b"145.5\xa7A\n")
+        self.ok("import", "a.rdf", "l.txt", "b.rdf", "--separator", "\u00a7", "--columns",
+                "rx=1,name=2", "--start", "100")
+        self.assertEqual("A", fields(self.ok("show", "b.rdf", "100"))["name"])
 
 
 class Moving(EditTest):

@@ -64,6 +64,22 @@ TEST_F(ChannelDescription, DecodesAProgrammedChannel) {
   EXPECT_EQ(expected, Describe(1));
 }
 
+TEST_F(ChannelDescription, TellsAnOffsetThatReadsBackToItself) {
+  std::uint8_t* record = GetChannelRecord(*image_, 1);
+  for (const auto& [khz, text] : std::map<int, std::string>{{0, "0 kHz"},
+                                                            {5, "0.005 MHz"},
+                                                            {600, "600 kHz"},
+                                                            {1000, "1 MHz"},
+                                                            {1050, "1.05 MHz"},
+                                                            {1605, "1.6050 MHz"},
+                                                            {7600, "7.6000 MHz"},
+                                                            {99'950, "99.9500 MHz"}}) {
+    StoreOffset(record, Kilohertz(khz));
+    EXPECT_EQ(text, Describe(1).at("offset"));
+    EXPECT_EQ(khz * 10, ParseOffset(text));
+  }
+}
+
 TEST_F(ChannelDescription, ShowsTheEditorsDefaultsForAnUnprogrammedChannel) {
   const auto fields = Describe(7);
   EXPECT_EQ("", fields.at("rx"));

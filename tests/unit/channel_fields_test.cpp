@@ -64,10 +64,23 @@ TEST(ChannelFields, EmptyTheReceiveFrequencyToClearTheChannel) {
   EXPECT_EQ(editor.receive, "");
 }
 
+TEST(ChannelFields, LeaveItToTheEditorWhetherAReceiveFrequencyIsOne) {
+  ChannelEditor editor = Editor();
+  for (const char* text : {"abc", "0", "0.000", "2000"}) {
+    EXPECT_TRUE(Set(editor, "rx", text));
+  }
+  EXPECT_EQ(editor.receive, "2000.0000");
+}
+
+TEST(ChannelFields, TakeATransmitFrequencyOfZeroForAnOddSplit) {
+  ChannelEditor editor = Editor();
+  Set(editor, "shift", "split");
+  EXPECT_TRUE(Set(editor, "tx", "0"));
+  EXPECT_EQ(editor.transmit, "  0.0000");
+}
+
 TEST(ChannelFields, RefuseWhatIsNoFrequency) {
   const ChannelEditor editor = Editor();
-  EXPECT_EQ(WhyNot(editor, "rx", "abc"), "rx: \"abc\" is not a frequency");
-  EXPECT_EQ(WhyNot(editor, "rx", "0"), "rx: \"0\" is not a frequency");
   EXPECT_EQ(WhyNot(editor, "rx", "145.0125000"), "rx: at most 10 characters");
   EXPECT_EQ(WhyNot(editor, "offset", "abc"), "offset: \"abc\" is not a frequency");
   EXPECT_EQ(WhyNot(editor, "offset", ""), "offset: \"\" is not a frequency");
@@ -108,12 +121,14 @@ TEST(ChannelFields, RefuseAnOffsetWithTheEditorsTexts) {
   EXPECT_EQ(WhyNot(editor, "offset", "1.6025"), "Tx Shift must be a 50kHz step.");
 }
 
-TEST(ChannelFields, KeepAnOffsetThatIsSetToTheTextItShows) {
+TEST(ChannelFields, TakeAnOffsetAsItReadsWhateverTheWindowShows) {
   ChannelEditor editor = Editor();
   EXPECT_TRUE(Set(editor, "offset", "1.05"));
   EXPECT_EQ(editor.offset, "1.500 MHz");
-  EXPECT_TRUE(Set(editor, "offset", "1.500 MHz"));
+  EXPECT_TRUE(Set(editor, "offset", "1.05 MHz"));
   EXPECT_EQ(OffsetOf(editor), 10'500);
+  EXPECT_TRUE(Set(editor, "offset", "1.500 MHz"));
+  EXPECT_EQ(OffsetOf(editor), 15'000);
 }
 
 TEST(ChannelFields, ChooseFromTheLists) {
@@ -164,11 +179,9 @@ TEST(ChannelFields, OfferTheStepsOfTheFrequency) {
   ChannelEditor editor = Editor();
   Set(editor, "rx", "98.1");
   EXPECT_EQ(WhyNot(editor, "step", "5 kHz"),
-            "step: one of 10 kHz, 12.5 kHz, 20 kHz, 25 kHz, 50 kHz, 100 kHz");
-  // The list's 20 kHz and the record's 15 kHz are the same stored step here.
-  EXPECT_TRUE(Set(editor, "step", "20 kHz"));
-  EXPECT_EQ(editor.choices.step, 3);
-  editor.choices.step = Step::kKhz25;
+            "step: one of 10 kHz, 12.5 kHz, 15 kHz, 25 kHz, 50 kHz, 100 kHz");
+  // The list's "20 kHz" stores the 15 kHz of a record here; the 20 kHz of a record is not listed.
+  EXPECT_FALSE(WhyNot(editor, "step", "20 kHz").empty());
   EXPECT_TRUE(Set(editor, "step", "15 kHz"));
   EXPECT_EQ(editor.choices.step, 3);
   Set(editor, "rx", "145");
@@ -177,13 +190,15 @@ TEST(ChannelFields, OfferTheStepsOfTheFrequency) {
   EXPECT_FALSE(SetEditorField(editor, "step", "9 kHz", *std::make_unique<std::string>()));
 }
 
-TEST(ChannelFields, LeaveTheStepAloneInTheMwBand) {
+TEST(ChannelFields, TakeAnyListedStepInTheMwBandWhereAnEarlierChoiceStays) {
   ChannelEditor editor = Editor();
+  Set(editor, "step", "25 kHz");
   Set(editor, "rx", "1.000");
-  EXPECT_TRUE(Set(editor, "step", "5 kHz"));
-  EXPECT_EQ(WhyNot(editor, "step", "25 kHz"), "step: cannot be chosen in the MW band");
-  EXPECT_TRUE(Set(editor, "step", "10 kHz"));  // the band's own
-  EXPECT_EQ(editor.choices.step, 1);
+  EXPECT_EQ(editor.choices.step, 5);
+  for (const char* step : {"5 kHz", "10 kHz", "25 kHz"}) {
+    EXPECT_TRUE(Set(editor, "step", step));
+  }
+  EXPECT_EQ(editor.choices.step, 5);
 }
 
 TEST(ChannelFields, SetTexts) {
@@ -197,6 +212,21 @@ TEST(ChannelFields, SetTexts) {
   EXPECT_TRUE(Set(editor, "name", ""));
   EXPECT_TRUE(Set(editor, "comment", ""));
   EXPECT_EQ(editor.choices.name + editor.comment, "");
+}
+
+TEST(ChannelFields, RefuseControlBytesThatAreNotThereAlready) {
+  ChannelEditor editor = Editor();
+  for (const char* name : {"name", "comment"}) {
+    for (const char* bad : {"\x01", "A\x1B[", "\n", "\x7F", "\x81", "B\x9D"}) {
+      EXPECT_EQ(WhyNot(editor, name, bad),
+                std::string(name) + ": a control character cannot be stored");
+    }
+    EXPECT_TRUE(Set(editor, name, "\x80\x9F\xA0\xB1\xFF"));
+  }
+  editor.choices.name = "A\x10";
+  editor.comment = "\x1B[0m";
+  EXPECT_TRUE(Set(editor, "name", "A\x10"));
+  EXPECT_TRUE(Set(editor, "comment", "\x1B[0m"));
 }
 
 TEST(ChannelFields, SetTheIconByItsNumber) {
@@ -264,6 +294,16 @@ TEST(ChannelFields, GoInWhateverOrderTheyAreGiven) {
   EXPECT_EQ(editor.transmit, "446.1000");
   EXPECT_EQ(editor.receive, " 98.1000");
   EXPECT_EQ(editor.choices.step, 6);
+}
+
+TEST(ChannelFields, SetTheReceiveFrequencyBeforeTheShift) {
+  ChannelEditor editor = *OpenChannelEditor(*MakeWideImage(), 7, test_region);
+  std::string why_not;
+  EXPECT_TRUE(SetEditorFields(editor, {{"shift", "split"}, {"rx", "433.5"}}, why_not)) << why_not;
+  EXPECT_EQ(editor.transmit, "433.5000");
+  EXPECT_TRUE(
+      SetEditorFields(editor, {{"offset", "1.6"}, {"shift", "minus"}, {"rx", "145.6"}}, why_not));
+  EXPECT_EQ(editor.transmit, "144.0000");
 }
 
 TEST(ChannelFields, StopAtTheFirstThatIsRefused) {
