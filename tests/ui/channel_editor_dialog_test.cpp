@@ -372,5 +372,32 @@ TEST_F(ChannelEditorTest, AnAbsentChannelDoesNotOpen) {
   EXPECT_FALSE(ShowChannelEditorDialog(app.document, -31));
 }
 
+TEST_F(ChannelEditorTest, ItsFieldsTakeNoMoreThanTheirTexts) {
+  Edit(1, [](HWND dialog) {
+    EXPECT_EQ(SendDlgItemMessageA(dialog, ID_RECEIVE, EM_GETLIMITTEXT, 0, 0), 10);
+    EXPECT_EQ(SendDlgItemMessageA(dialog, ID_TRANSMIT, EM_GETLIMITTEXT, 0, 0), 10);
+    EXPECT_EQ(SendMessageA(OffsetText(dialog), EM_GETLIMITTEXT, 0, 0), 25);
+    TypeOffsetText(dialog, std::string(30, '1'));
+    EXPECT_EQ(TextOf(dialog, ID_OFFSET), std::string(25, '1'));
+    SetWindowTextA(OffsetText(dialog), "0");
+    Press(dialog, IDCANCEL);
+  });
+}
+
+TEST_F(ChannelEditorTest, BandDefaultsShowTheStepsOfTheBand) {
+  Edit(1, [](HWND dialog) {
+    const auto steps = [=] { return SendDlgItemMessageA(dialog, ID_STEP, CB_GETCOUNT, 0, 0); };
+    const LRESULT of_2m = steps();
+    Type(dialog, ID_RECEIVE, "830");
+    Press(dialog, ID_BAND_DEFAULTS);
+    const LRESULT of_act2 = steps();
+    EXPECT_NE(of_2m, of_act2);
+    Type(dialog, ID_RECEIVE, "145");
+    Press(dialog, ID_BAND_DEFAULTS);
+    EXPECT_EQ(steps(), of_2m);
+    Press(dialog, IDCANCEL);
+  });
+}
+
 }  // namespace
 }  // namespace qz7

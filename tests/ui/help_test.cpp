@@ -15,6 +15,10 @@
 #include "tests/unit/seams.h"
 
 namespace qz7 {
+
+// What the program exports.
+extern "C" INT_PTR CALLBACK DlgProcWriteRadioDone(HWND dialog, UINT message, WPARAM w, LPARAM l);
+
 namespace {
 
 struct Asked {
@@ -160,6 +164,12 @@ TEST_F(Help, OfMerging) {
   const DialogScript script(AskTwice);
   RunCommand(CM_MERGE);
   EXPECT_EQ(Contexts(), (std::vector<int>{110, 110}));
+}
+
+TEST_F(Help, OfDataSent) {
+  const DialogScript script(AskTwice);
+  RunDialog("DLLDlgWriteRadioDone", DlgProcWriteRadioDone, nullptr);
+  EXPECT_EQ(Contexts(), (std::vector<int>{104, 104}));
 }
 
 TEST_F(Help, OfThePortSetupByF1) {

@@ -23,6 +23,9 @@ int print_boxes = 0;
 
 }  // namespace
 
+// What the program exports.
+extern "C" INT_PTR CALLBACK DlgProcPrinting(HWND dialog, UINT message, WPARAM w, LPARAM l);
+
 std::optional<ChosenPrinter> ShowPrintBox() {
   ++print_boxes;
   if (print_answers.empty()) {
@@ -73,6 +76,36 @@ TEST_F(PrintingDialog, DoesNotCollectTheMainDialogFirst) {
   RunCommand(CM_PRINT);
   EXPECT_EQ(app.document.image, before);
   EXPECT_FALSE(app.document.changed);
+}
+
+HWND OpenProgress(PrintJob& job) {
+  job.document_name = "mine.rdf";
+  const HWND dialog = CreateModelessDialog("DlgPrinting", app.main_window, DlgProcPrinting, &job);
+  ShowWindow(dialog, SW_SHOW);
+  SetActiveWindow(dialog);
+  return dialog;
+}
+
+TEST_F(PrintingDialog, ItsCloseIsGrey) {
+  PrintJob job;
+  const HWND dialog = OpenProgress(job);
+  EXPECT_EQ(TextOf(dialog, ID_PRINTED_DOCUMENT), "Printing mine.rdf");
+  const UINT close = GetMenuState(GetSystemMenu(dialog, FALSE), SC_CLOSE, MF_BYCOMMAND);
+  EXPECT_NE(close & MF_GRAYED, 0U);
+  DestroyWindow(dialog);
+}
+
+TEST_F(PrintingDialog, TheKeyboardCancelsToo) {
+  for (const WPARAM key : {VK_ESCAPE, VK_RETURN, VK_SPACE}) {
+    PrintJob job;
+    const HWND dialog = OpenProgress(job);
+    EXPECT_TRUE(HandleMessagesWhilePrinting(job, dialog));
+    SetFocus(GetDlgItem(dialog, IDCANCEL));
+    PostMessageA(GetFocus(), WM_KEYDOWN, key, 0);
+    PostMessageA(GetFocus(), WM_KEYUP, key, 0);
+    EXPECT_FALSE(HandleMessagesWhilePrinting(job, dialog)) << key;
+    DestroyWindow(dialog);
+  }
 }
 
 TEST_F(PrintingDialog, AMessageToQuitEndsTheJobAndThenTheProgram) {

@@ -255,5 +255,28 @@ TEST_F(SelectionDialogTest, ListsALongFileAtOnce) {
   });
 }
 
+std::vector<int> tab_stops;
+
+LRESULT CALLBACK NoteTabStops(int code, WPARAM w, LPARAM l) {
+  const auto& sent = *reinterpret_cast<const CWPSTRUCT*>(l);
+  if (code == HC_ACTION && sent.message == LB_SETTABSTOPS &&
+      GetDlgCtrlID(sent.hwnd) == ID_IMPORT_ROWS) {
+    const auto* stops = reinterpret_cast<const INT*>(sent.lParam);
+    tab_stops.assign(stops, stops + sent.wParam);
+  }
+  return CallNextHookEx(nullptr, code, w, l);
+}
+
+TEST_F(SelectionDialogTest, ItsColumnsStandAtSixTabStops) {
+  const HHOOK hook = SetWindowsHookExA(WH_CALLWNDPROC, NoteTabStops, nullptr, GetCurrentThreadId());
+  ImportRows(1, CancelDialog);
+  UnhookWindowsHookEx(hook);
+  ASSERT_EQ(tab_stops.size(), 6U);
+  const std::vector<int> dialog_units = {30, 40, 72, 112, 135, 150};
+  for (std::size_t i = 0; i < dialog_units.size(); ++i) {
+    EXPECT_NEAR(tab_stops[i], tab_stops[5] * dialog_units[i] / 150.0, 3) << i;
+  }
+}
+
 }  // namespace
 }  // namespace qz7

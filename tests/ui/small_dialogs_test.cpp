@@ -74,6 +74,26 @@ TEST_F(PreferencesDialogTest, EveryOtherBoxShowsAndStoresItsOwnFlag) {
   }
 }
 
+TEST_F(PreferencesDialogTest, EachBoxSaysWhatItIsFor) {
+  Preferences preferences;
+  const DialogScript script([](HWND dialog) {
+    const std::vector<std::pair<int, const char*>> captions = {
+        {101, "For a &new document"},
+        {102, "&Autodial"},
+        {103, "&Settings"},
+        {104, "&VORN"},
+        {107, "&WX names"},
+        {108, "&Icon select"},
+        {105, "For an &opened document"},
+        {106, "&Do not ask about the defaults for a new document"}};
+    for (const auto& [box, caption] : captions) {
+      EXPECT_EQ(TextOf(dialog, box), caption) << box;
+    }
+    Press(dialog, IDCANCEL);
+  });
+  ShowPreferencesDialog(preferences);
+}
+
 TEST_F(PreferencesDialogTest, TheIconBoxStoresTheIconFlag) {
   Preferences preferences;
   const DialogScript script([](HWND dialog) {

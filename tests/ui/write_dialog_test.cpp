@@ -113,6 +113,12 @@ TEST_F(SendingTest, BrowseStoresTheTemplateEvenWhenTheSendIsCancelled) {
   ASSERT_EQ(test_seams.open_boxes.size(), 1U);
   EXPECT_STREQ(test_seams.open_boxes[0].title, "Select Radio Template File");
   EXPECT_STREQ(test_seams.open_boxes[0].default_extension, "tpl");
+  const std::vector<FileFilter>& filters = test_seams.open_boxes[0].filters;
+  ASSERT_EQ(filters.size(), 2U);
+  EXPECT_STREQ(filters[0].text, "Template Files (*.tpl)");
+  EXPECT_STREQ(filters[0].pattern, "*.tpl");
+  EXPECT_STREQ(filters[1].text, "All files (*.*)");
+  EXPECT_STREQ(filters[1].pattern, "*.*");
 }
 
 TEST_F(SendingTest, ACancelledBrowseChangesNothing) {
