@@ -66,7 +66,8 @@ void FinishImport(Arguments& args, bool has_separator, bool has_quote, bool has_
 void AddImport(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("import", "imports a list of frequencies");
   sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
-  sub->add_option("LIST", args.import.options.path, "delimited text")->required();
+  sub->add_option("LIST", args.import.options.path, "delimited text; - is standard input")
+      ->required();
   sub->add_option("OUT.rdf", args.out, "the file to write; - is standard output")->required();
   sub->add_option("--columns", args.columns,
                   "which column holds which field: rx=1,tx=2,offset=3,tone=4,skip=5,power=6,enc=7,"
@@ -94,7 +95,9 @@ void AddMerge(CLI::App& program, Arguments& args) {
   CLI::App* sub =
       program.add_subcommand("merge", "merges memory channels from another radio data file");
   sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
-  sub->add_option("SOURCE", args.second_file, "the file to merge from, of any model")->required();
+  sub->add_option("SOURCE", args.second_file,
+                  "the file to merge from, of any model; - is standard input")
+      ->required();
   sub->add_option("OUT.rdf", args.out, "the file to write; - is standard output")->required();
   CLI::Option* start =
       sub->add_option("--start", args.start, "first channel, default the longest free run")

@@ -17,7 +17,12 @@ int Explain(const CLI::App& program, const CLI::ParseError& error) {
   }
   const auto chosen = program.get_subcommands();
   const CLI::App& app = chosen.empty() ? program : *chosen.front();
-  std::cerr << "qz7ctl: " << error.what() << '\n';
+  const std::vector<std::string> unknown = program.remaining();
+  if (chosen.empty() && !unknown.empty() && !unknown.front().starts_with("-")) {
+    std::cerr << "qz7ctl: there is no command \"" << unknown.front() << "\"\n";
+  } else {
+    std::cerr << "qz7ctl: " << error.what() << '\n';
+  }
   const std::string help = app.help(chosen.empty() ? "" : program.get_name());
   const std::size_t usage = help.find("Usage:");
   if (usage != std::string::npos) {

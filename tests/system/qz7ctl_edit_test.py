@@ -244,6 +244,22 @@ class Interchange(EditTest):
         self.assertNotIn("123.4500", told)
         self.assertIn("145.5000", told)
 
+    def test_merge_reads_the_standard_input(self):
+        self.ok("new", "empty.rdf")
+        status, _, err = self.ctl("merge", "empty.rdf", "-", "b.rdf", "--start", "50",
+                                  stdin=self.read_bytes("a.rdf"))
+        self.assertEqual(0, status, err)
+        self.assertEqual("SIMPLEX", fields(self.ok("show", "b.rdf", "50"))["name"])
+        status, _, err = self.ctl("merge", "empty.rdf", "-", "c.rdf", stdin=b"x")
+        self.assertEqual((1, "Not a radio data file:\nstandard input\n"), (status, err))
+
+    def test_a_list_that_is_none_is_told(self):
+        os.mkdir(self.path("folder"))
+        self.refused("Error opening file: folder",
+                     "import", "a.rdf", "folder", "b.rdf", "--columns", "rx=1")
+        self.refused("Out of memory",
+                     "import", "a.rdf", "/dev/zero", "b.rdf", "--columns", "rx=1")
+
     def test_merge_by_key_looks_into_the_comments(self):
         self.ok("set", "a.rdf", "k.rdf", "9", "comment=Local RPT north")
         self.ok("new", "empty.rdf")
@@ -259,7 +275,7 @@ class Interchange(EditTest):
         self.refused("Cannot fit selected memories.\nUse lower start channel, and/or select "
                      "overwrite.", "merge", "a.rdf", "a.rdf", "b.rdf", "--start", "10")
         self.write_bytes("big", patched(self.read_bytes("a.rdf"), {15: 0x7F}))
-        self.refused("Out of Memory", "merge", "a.rdf", "big", "b.rdf", "--start", "100")
+        self.refused("big: Out of Memory", "merge", "a.rdf", "big", "b.rdf", "--start", "100")
 
 
 def main():

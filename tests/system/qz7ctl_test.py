@@ -84,8 +84,27 @@ class Files(SystemTest):
         image[80] = (image[80] + 1) % 256
         image[81] = (image[81] - 1) % 256
         self.write_bytes("b.rdf", image)
-        self.assertEqual((0, "", "Radio data file image is corrupted.\nError 1377\n" * 2),
+        self.assertEqual((0, "", "b.rdf: Radio data file image is corrupted.\nError 1377\n" * 2),
                          self.ctl("diff", "b.rdf", "b.rdf"))
+
+    def test_of_two_files_the_damaged_one_is_named(self):
+        self.ok("new", "a.rdf")
+        self.write_bytes("bad.rdf", bytearray(self.read_bytes("a.rdf"))[:-1])
+        message = "bad.rdf: Radio data file has invalid format\n"
+        self.assertEqual((2, "", message), self.ctl("diff", "a.rdf", "bad.rdf"))
+        self.assertEqual((2, "", message), self.ctl("diff", "bad.rdf", "a.rdf"))
+        self.assertEqual((1, "", message), self.ctl("merge", "a.rdf", "bad.rdf", "b.rdf"))
+        self.assertEqual((1, "", message), self.ctl("merge", "bad.rdf", "a.rdf", "b.rdf"))
+        self.assertEqual((2, "", "Cannot open file:\nnone\n"), self.ctl("diff", "none", "a.rdf"))
+
+    def test_info_reads_a_pipe(self):
+        self.ok("new", "a.rdf")
+        for name in ("-", "/dev/stdin"):
+            with open(self.path("a.rdf"), "rb") as file:
+                image = file.read()
+            status, out, err = self.ctl("info", name, stdin=image)
+            self.assertEqual((0, ""), (status, err))
+            self.assertEqual("ok", fields(out)["check-file-checksum"])
 
     def test_a_file_of_another_kind_is_refused_with_its_path(self):
         self.write_bytes("x", b"hello")
@@ -203,6 +222,13 @@ class Usage(SystemTest):
                 status, out, err = self.ctl(*call)
                 self.assertEqual((2, ""), (status, out))
                 self.assertIn("Usage: qz7ctl", err)
+
+    def test_a_command_that_is_none_is_told(self):
+        for call in (["rowz"], ["rowz", "a.rdf"], ["rowz", "a.rdf", "--json"]):
+            status, out, err = self.ctl(*call)
+            self.assertEqual((2, ""), (status, out))
+            self.assertTrue(err.startswith("qz7ctl: there is no command \"rowz\"\nUsage: qz7ctl"),
+                            err)
 
     def test_help_and_version_go_to_standard_output(self):
         for call in (["--help"], ["read", "--help"], ["--version"]):
