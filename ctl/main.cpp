@@ -58,7 +58,7 @@ int RunProgram(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return Explain(program, error);
   }
-  const int status = args.run();
+  const int status = MayWriteOutputs(args) ? args.run() : kFailed;
   if (!std::cout.flush()) {
     std::cerr << "qz7ctl: standard output cannot be written\n";
     return status == kDone ? kFailed : status;

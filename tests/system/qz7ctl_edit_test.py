@@ -125,10 +125,10 @@ class SettingTexts(EditTest):
             with self.subTest(first):
                 self.document_with(text, text * 3)
                 told = self.shown("n.rdf", "1")
-                self.ok("set", "n.rdf", "b.rdf", "1", "rx=146", *told)
+                self.ok("set", "n.rdf", "b.rdf", "--yes", "1", "rx=146", *told)
                 self.assertEqual(self.stored("n.rdf", 1), self.stored("b.rdf", 1))
                 if first > 0x20 and not set(text) & set(b"\x7F\x81\x8D\x8F\x90\x9D"):
-                    self.ok("set", "n.rdf", "b.rdf", "100", "rx=146", *told)
+                    self.ok("set", "n.rdf", "b.rdf", "--yes", "100", "rx=146", *told)
                     self.assertEqual(self.stored("n.rdf", 1), self.stored("b.rdf", 100))
 
     def test_a_character_without_a_byte_is_refused_by_name(self):
@@ -159,6 +159,33 @@ class SettingTexts(EditTest):
         self.ok("import", "a.rdf", "l.txt", "b.rdf", "--separator", "\u00a7", "--columns",
                 "rx=1,name=2", "--start", "100")
         self.assertEqual("A", fields(self.ok("show", "b.rdf", "100"))["name"])
+
+
+class Replacing(EditTest):
+    def test_an_output_that_is_there_is_replaced_with_yes_only(self):
+        self.write_bytes("l.txt", b"145.5,A\n")
+        for call in (["new", "b.rdf"], ["set", "a.rdf", "b.rdf", "1", "name=A"],
+                     ["move", "a.rdf", "b.rdf", "down", "1"], ["export", "a.rdf", "b.rdf"],
+                     ["import", "a.rdf", "l.txt", "b.rdf", "--columns", "rx=1"],
+                     ["merge", "a.rdf", "a.rdf", "b.rdf", "--start", "100"],
+                     ["read", "--port", "/dev/none", "b.rdf"],
+                     ["template", "--port", "/dev/none", "b.rdf"]):
+            with self.subTest(call[0]):
+                self.write_bytes("b.rdf", b"mine")
+                self.assertEqual(
+                    (1, "", "The file is there already; --yes replaces it:\nb.rdf\n"),
+                    self.ctl(*call))
+                self.assertEqual(b"mine", self.read_bytes("b.rdf"))
+                if "--port" not in call:
+                    self.ok(*call, "--yes")
+                    self.assertNotEqual(b"mine", self.read_bytes("b.rdf"))
+
+    def test_an_input_may_be_the_output(self):
+        self.ok("set", "a.rdf", "./a.rdf", "1", "name=A")
+        self.ok("merge", "a.rdf", "a.rdf", "a.rdf", "--start", "100")
+
+    def test_a_device_is_no_file_to_replace(self):
+        self.ok("new", "/dev/null")
 
 
 class Moving(EditTest):
