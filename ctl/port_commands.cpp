@@ -3,8 +3,8 @@
 #include <memory>
 #include <system_error>
 
+#include "core/editors/image_difference.h"
 #include "core/files/file_inspection.h"
-#include "core/files/image_difference.h"
 #include "core/files/new_document.h"
 #include "core/files/seams.h"
 #include "core/link/radio_transfer.h"

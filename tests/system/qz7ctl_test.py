@@ -193,7 +193,7 @@ class Texts(SystemTest):
         self.assertEqual(1, status)
         self.assertEqual(['channel 1: power "High" -> "Low1"',
                           'WX name 1: "WX 1    " -> "XX 1    "',
-                          "byte 10240: 0x00 -> 0x03"], out.splitlines())
+                          "Auto power off: Off -> 3 hours"], out.splitlines())
 
     def test_diff_of_two_saves_of_one_document_finds_nothing(self):
         self.read_radio("b.rdf")
@@ -340,7 +340,7 @@ class Reading(SystemTest):
         radio = self.radio("send")
         status, out, _ = self.ctl("read", "--port", radio.port, "--compare", "b.rdf")
         self.assertEqual(1, status)
-        self.assertEqual(['channel 1: name "ZIMPLEX" -> "SIMPLEX"', "byte 10240: 0x05 -> 0x00"],
+        self.assertEqual(['channel 1: name "ZIMPLEX" -> "SIMPLEX"', "Auto power off: 8 hours -> Off"],
                          out.splitlines())
 
     def test_an_output_that_cannot_be_made_is_refused_before_the_exchange(self):
