@@ -1,8 +1,11 @@
 #!/usr/bin/env python3
 """Editing, importing, exporting and merging with the console program, from outside:
 qz7ctl_edit_test.py FOLDER_OF_THE_PROGRAMS"""
+import json
 import os
+import pty
 import re
+import subprocess
 import sys
 import unittest
 
@@ -159,6 +162,38 @@ class SettingTexts(EditTest):
         self.ok("import", "a.rdf", "l.txt", "b.rdf", "--separator", "\u00a7", "--columns",
                 "rx=1,name=2", "--start", "100")
         self.assertEqual("A", fields(self.ok("show", "b.rdf", "100"))["name"])
+
+
+class Terminal(EditTest):
+    def on_terminal(self, *arguments):
+        """What the program prints on a terminal."""
+        terminal, slave = pty.openpty()
+        process = subprocess.Popen([os.path.join(self.programs, "qz7ctl"), *arguments],
+                                   cwd=self.folder, stdout=slave)
+        os.close(slave)
+        shown = b""
+        try:
+            while part := os.read(terminal, 4096):
+                shown += part
+        except OSError:  # the program has ended
+            pass
+        os.close(terminal)
+        self.assertEqual(0, process.wait(60))
+        return shown.replace(b"\r\n", b"\n").decode()
+
+    def test_a_terminal_is_shown_question_marks_for_control_bytes(self):
+        changes = {3678 + 6 + i: c for i, c in enumerate(b"\x1b[A\x7f\x9b\x9d\x81\xb1")}
+        changes.update({100 + i: c for i, c in enumerate(b"\x1bc\x90")})
+        self.write_bytes("n.rdf", patched(self.read_bytes("a.rdf"), changes))
+        shown = "?[A?\u203a??\u00b1"
+        self.assertEqual(shown, fields(self.on_terminal("show", "n.rdf", "1"))["name"])
+        self.assertEqual(" 1 \t145.5000 \t   \t \t \tH\t" + shown,
+                         self.on_terminal("rows", "n.rdf").split("\n")[0])
+        self.assertIn(shown, self.on_terminal("list", "n.rdf"))
+        self.assertEqual("?c?", fields(self.on_terminal("info", "n.rdf"))["comment"])
+        self.assertEqual("\x1bc\x90", json.loads(self.on_terminal("info", "n.rdf", "--json"))[
+            "comment"])
+        self.assertIn("\x1b[A\x7f", self.ok("show", "n.rdf", "1"))
 
 
 class Replacing(EditTest):

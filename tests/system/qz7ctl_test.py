@@ -2,9 +2,7 @@
 """The console program from outside: qz7ctl_test.py FOLDER_OF_THE_PROGRAMS"""
 import json
 import os
-import pty
 import signal
-import subprocess
 import sys
 import unittest
 
@@ -139,36 +137,6 @@ class Texts(SystemTest):
         name = "Stra\u00dfe \u03a9.rdf"
         self.write_bytes(name, self.read_bytes("a.rdf"))
         self.assertEqual("QZ-7H Programmer file: " + name, self.ok("list", name).split("\n")[0])
-
-    def on_terminal(self, *arguments):
-        """What the program prints on a terminal."""
-        terminal, slave = pty.openpty()
-        process = subprocess.Popen([os.path.join(self.programs, "qz7ctl"), *arguments],
-                                   cwd=self.folder, stdout=slave)
-        os.close(slave)
-        shown = b""
-        try:
-            while part := os.read(terminal, 4096):
-                shown += part
-        except OSError:  # the program has ended
-            pass
-        os.close(terminal)
-        self.assertEqual(0, process.wait(60))
-        return shown.replace(b"\r\n", b"\n").decode()
-
-    def test_a_terminal_is_shown_question_marks_for_control_bytes(self):
-        changes = {3678 + 6 + i: c for i, c in enumerate(b"\x1b[A\x7f\x9b\x9d\x81\xb1")}
-        changes.update({100 + i: c for i, c in enumerate(b"\x1bc\x90")})
-        self.write_bytes("n.rdf", patched(self.read_bytes("a.rdf"), changes))
-        shown = "?[A?\u203a??\u00b1"
-        self.assertEqual(shown, fields(self.on_terminal("show", "n.rdf", "1"))["name"])
-        self.assertEqual(" 1 \t145.5000 \t   \t \t \tH\t" + shown,
-                         self.on_terminal("rows", "n.rdf").split("\n")[0])
-        self.assertIn(shown, self.on_terminal("list", "n.rdf"))
-        self.assertEqual("?c?", fields(self.on_terminal("info", "n.rdf"))["comment"])
-        self.assertEqual("\x1bc\x90", json.loads(self.on_terminal("info", "n.rdf", "--json"))[
-            "comment"])
-        self.assertIn("\x1b[A\x7f", self.ok("show", "n.rdf", "1"))
 
     def test_show_prints_every_field_in_order(self):
         told = fields(self.ok("show", "a.rdf", "3"))
