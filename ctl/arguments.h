@@ -14,6 +14,7 @@ struct Arguments {
   std::string file;
   std::string second_file;
   std::string out;
+  std::vector<std::string> written;  // the files that are to be written, as named
   std::string compare_file;
   int channel = 0;
   bool json = false;
@@ -37,6 +38,11 @@ void AddFileCommands(CLI::App& program, Arguments& args);
 void AddPortCommands(CLI::App& program, Arguments& args);
 void AddEditCommands(CLI::App& program, Arguments& args);
 void AddInterchangeCommands(CLI::App& program, Arguments& args);
+
+// Adds the argument that names the file to write, and --yes.
+CLI::Option* AddOutput(CLI::App* sub, Arguments& args, const char* name, std::string& target);
+// False after telling which file would be replaced without --yes. One that is read, too, may be.
+bool MayWriteOutputs(const Arguments& args);
 
 // A check that refuses what names no channel slot.
 std::string CheckSlot(const std::string& text);

@@ -13,6 +13,14 @@ namespace qz7 {
 namespace {
 
 bool answer_yes = false;
+std::string about;  // the file that messages name
+
+constexpr const char* kStandardInput = "standard input";
+
+std::string WithFileName(const std::string& text) {
+  const bool named = text.find(about) != std::string::npos || text.starts_with("Template file");
+  return named ? text : about + ": " + text;
+}
 
 bool IsAsciiControl(char c) { return c != '\t' && IsControl(c) && (c & 0x80) == 0; }
 
@@ -34,7 +42,7 @@ std::string WithoutControls(std::string_view text) {
 // exchange is given up.
 Answer ShowMessage(const std::string& text, const std::string& /*caption*/, Buttons buttons,
                    Icon /*icon*/) {
-  PrintError(text);
+  PrintError(WithFileName(text));
   switch (buttons) {
     case Buttons::kOk:
       return Answer::kOk;
@@ -66,8 +74,18 @@ std::optional<std::string> BytesOfArgument(const std::string& name, const std::s
   return std::move(encoded.bytes);
 }
 
+MessagesAbout::MessagesAbout(const std::string& path) {
+  about = path == "-" ? kStandardInput : path;
+}
+MessagesAbout::~MessagesAbout() { about.clear(); }
+
+bool LoadOneDocument(CloneImage& image, const std::string& path) {
+  const MessagesAbout messages(path);
+  return LoadDocument(image, path);
+}
+
 bool LoadDocument(CloneImage& image, const std::string& path) {
-  return path == "-" ? ReadRadioDataFile(image, std::cin, "standard input")
+  return path == "-" ? ReadRadioDataFile(image, std::cin, kStandardInput)
                      : ReadRadioDataFile(image, path);
 }
 

@@ -29,6 +29,18 @@ std::optional<std::string> BytesOfArgument(const std::string& name, const std::s
 // From now on a question is answered with Yes instead of its safe answer.
 void AnswerYes();
 
+// For as long as one lives, messages name this file: where a command has two, they tell of which.
+// A message that holds the name or says "Template file" is told as it is.
+struct MessagesAbout {
+  explicit MessagesAbout(const std::string& path);
+  ~MessagesAbout();
+  MessagesAbout(const MessagesAbout&) = delete;
+  MessagesAbout& operator=(const MessagesAbout&) = delete;
+};
+
+// LoadDocument as one of two files.
+bool LoadOneDocument(CloneImage& image, const std::string& path);
+
 // A document for reading and for writing; "-" is standard input and output. Both show their own
 // message and return false on failure.
 bool LoadDocument(CloneImage& image, const std::string& path);

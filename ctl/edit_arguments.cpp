@@ -30,7 +30,7 @@ std::vector<std::pair<std::string, std::string>> SplitValues(
 void AddSet(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("set", "edits a channel and writes a new file");
   sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
-  sub->add_option("OUT.rdf", args.out, "the file to write; - is standard output")->required();
+  AddOutput(sub, args, "OUT.rdf", args.out)->required();
   sub->add_option("N", args.channel, "channel as in show")->required()->check(CheckSlot);
   sub->add_option("field=value", args.values,
                   "fields as show prints them: rx=145.5 shift=minus tone-mode=\"Tone Encode\"")
@@ -46,14 +46,13 @@ void AddMove(CLI::App& program, Arguments& args) {
   CLI::App* sub =
       program.add_subcommand("move", "moves, clears, deletes or inserts a memory channel");
   sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
-  sub->add_option("OUT.rdf", args.out, "the file to write; - is standard output")->required();
+  AddOutput(sub, args, "OUT.rdf", args.out)->required();
   sub->add_option("HOW", args.how, "what the memory list does with the channel")
       ->required()
       ->check(CLI::IsMember({"up", "down", "clear", "delete", "insert"}));
   sub->add_option("N", args.channel, "memory channel 1..240")
       ->required()
       ->check(CLI::Range(1, kChannelCount));
-  sub->add_flag("--yes", args.yes, "let the last channel fall off the list when one is inserted");
   sub->callback([&args] {
     args.run = [&args] {
       if (args.yes) {

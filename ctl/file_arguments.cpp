@@ -1,4 +1,8 @@
+#include <filesystem>
+#include <system_error>
+
 #include "ctl/arguments.h"
+#include "ctl/console.h"
 
 namespace qz7 {
 namespace {
@@ -8,6 +12,12 @@ void AddFileCommand(CLI::App& program, Arguments& args, const char* name, const 
   CLI::App* sub = program.add_subcommand(name, does);
   sub->add_option("FILE", args.file, "radio data file; - is the standard stream")->required();
   sub->callback([&args, command] { args.run = [&] { return command(args.file); }; });
+}
+
+void AddNew(CLI::App& program, Arguments& args) {
+  CLI::App* sub = program.add_subcommand("new", "writes a new document");
+  AddOutput(sub, args, "FILE", args.file)->required();
+  sub->callback([&args] { args.run = [&] { return NewCommand(args.file); }; });
 }
 
 void AddInfo(CLI::App& program, Arguments& args) {
@@ -39,8 +49,31 @@ void AddDiff(CLI::App& program, Arguments& args) {
 
 }  // namespace
 
+CLI::Option* AddOutput(CLI::App* sub, Arguments& args, const char* name, std::string& target) {
+  sub->add_flag("--yes", args.yes,
+                "replace a file that is there, and answer yes to what the program would ask");
+  return sub->add_option(name, target, "the file to write; - is standard output")
+      ->each([&args](const std::string& path) { args.written.push_back(path); });
+}
+
+bool MayWriteOutputs(const Arguments& args) {
+  namespace fs = std::filesystem;
+  std::error_code error;
+  for (const std::string& path : args.written) {
+    const bool has_inputs = path == args.out;  // other commands only write
+    const auto same = [&](const std::string& input) { return fs::equivalent(path, input, error); };
+    const bool is_input =
+        has_inputs && (same(args.file) || same(args.second_file) || same(args.import.options.path));
+    if (!args.yes && !is_input && path != "-" && fs::is_regular_file(path, error)) {
+      PrintError("The file is there already; --yes replaces it:\n" + path);
+      return false;
+    }
+  }
+  return true;
+}
+
 void AddFileCommands(CLI::App& program, Arguments& args) {
-  AddFileCommand(program, args, "new", "writes a new document", NewCommand);
+  AddNew(program, args);
   AddInfo(program, args);
   AddFileCommand(program, args, "rows", "prints the memory list, a row a line", RowsCommand);
   AddFileCommand(program, args, "list", "prints the listing that the program prints on paper",

@@ -1,11 +1,12 @@
 #include <fstream>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <sstream>
 
+#include "core/editors/image_difference.h"
 #include "core/editors/print_text.h"
 #include "core/files/document_header.h"
 #include "core/files/file_inspection.h"
-#include "core/files/image_difference.h"
 #include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
 #include "core/files/seams.h"
@@ -78,6 +79,14 @@ int InspectAndPrint(std::istream& file, const std::string& name, bool json) {
   return WouldLoad(found.kind, file, name) ? kDone : kFailed;
 }
 
+// As much as a file of this radio holds: it is looked at twice, and a pipe gives its bytes once.
+std::stringstream BeginningOf(std::istream& file) {
+  std::string bytes(kCloneImageSize, '\0');
+  file.read(bytes.data(), static_cast<std::streamsize>(bytes.size()));
+  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  return std::stringstream(bytes, std::ios::in | std::ios::out | std::ios::binary);
+}
+
 std::string FileNameOf(const std::string& path) {
   return path.substr(path.find_last_of("/\\") + 1);
 }
@@ -92,8 +101,7 @@ int NewCommand(const std::string& out) {
 
 int InfoCommand(const std::string& file, bool json) {
   if (file == "-") {
-    std::stringstream bytes;
-    bytes << std::cin.rdbuf();
+    std::stringstream bytes = BeginningOf(std::cin);
     return InspectAndPrint(bytes, "standard input", json);
   }
   std::ifstream stream(file, std::ios::binary);
@@ -101,7 +109,8 @@ int InfoCommand(const std::string& file, bool json) {
     ShowFileError("Cannot open file:\n" + file);
     return kFailed;
   }
-  return InspectAndPrint(stream, file, json);
+  std::stringstream bytes = BeginningOf(stream);
+  return InspectAndPrint(bytes, file, json);
 }
 
 int RowsCommand(const std::string& file) {
@@ -150,7 +159,7 @@ int ShowCommand(const std::string& file, int n) {
 int DiffCommand(const std::string& a, const std::string& b) {
   CloneImage image_a;
   CloneImage image_b;
-  if (!LoadDocument(image_a, a) || !LoadDocument(image_b, b)) {
+  if (!LoadOneDocument(image_a, a) || !LoadOneDocument(image_b, b)) {
     return kTrouble;
   }
   const std::vector<std::string> lines = DocumentDifferences(image_a, image_b, kRegion);

@@ -1,7 +1,8 @@
+#include <filesystem>
 #include <fstream>
 #include <iostream>
-#include <iterator>
 #include <memory>
+#include <system_error>
 
 #include "core/files/csv_export.h"
 #include "core/files/seams.h"
@@ -18,18 +19,48 @@ std::string TitleOf(const std::string& path) {
   return path == "-" ? "standard input" : path.substr(path.find_last_of("/\\") + 1);
 }
 
+constexpr std::size_t kLargestList = 64U << 20;
+
+void RefuseList(const std::string& message) {
+  ShowMessage(message, "File error", Buttons::kOk, Icon::kStop);
+}
+
+// All of it, but no more than tells that it is too large.
+std::vector<std::uint8_t> ReadBytes(std::istream& in) {
+  constexpr std::size_t kPiece = 1U << 16;
+  std::vector<std::uint8_t> bytes;
+  while (in && bytes.size() <= kLargestList) {
+    const std::size_t used = bytes.size();
+    bytes.resize(used + kPiece);
+    in.read(reinterpret_cast<char*>(bytes.data() + used), kPiece);
+    bytes.resize(used + static_cast<std::size_t>(in.gcount()));
+  }
+  return bytes;
+}
+
 // The bytes of a list to import, or nothing after the message that the program has for it.
 std::optional<std::vector<std::uint8_t>> ReadList(const std::string& path) {
   std::ifstream file;
-  if (path != "-") {
+  std::error_code error;
+  if (path != "-" && !std::filesystem::is_directory(path, error)) {
     file.open(path, std::ios::binary);
-    if (!file) {
-      ShowMessage("Error opening file: " + TitleOf(path), "File error", Buttons::kOk, Icon::kStop);
-      return std::nullopt;
-    }
   }
-  std::istream& in = path == "-" ? std::cin : file;
-  return std::vector<std::uint8_t>(std::istreambuf_iterator<char>(in), {});
+  if (path != "-" && !file.is_open()) {
+    RefuseList("Error opening file: " + TitleOf(path));
+    return std::nullopt;
+  }
+  std::vector<std::uint8_t> bytes = ReadBytes(path == "-" ? std::cin : file);
+  if (bytes.size() > kLargestList) {
+    RefuseList("Out of memory");
+    return std::nullopt;
+  }
+  return bytes;
+}
+
+bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::string& path) {
+  const MessagesAbout messages(path);
+  return path == "-" ? ReadMergeSource(source, working_copy, std::cin, "standard input")
+                     : ReadMergeSource(source, working_copy, path);
 }
 
 }  // namespace
@@ -79,10 +110,15 @@ int ImportCommand(const std::string& file, const std::string& out, const ImportR
 int MergeCommand(const std::string& file, const std::string& source, const std::string& out,
                  MergeOptions options, std::optional<int> start) {
   CloneImage image;
-  if (!LoadDocument(image, file)) {
+  if (!LoadOneDocument(image, file)) {
     return kFailed;
   }
-  const std::optional<int> merged = MergeIntoImage(image, source, options, start);
+  const auto working_copy = std::make_unique<CloneImage>(image);
+  MergeSource loaded;
+  if (!LoadSource(loaded, *working_copy, source)) {
+    return kFailed;
+  }
+  const std::optional<int> merged = MergeIntoImage(image, *working_copy, loaded, options, start);
   if (!merged || !SaveDocumentTo(image, out)) {
     return kFailed;
   }

@@ -17,7 +17,12 @@ int Explain(const CLI::App& program, const CLI::ParseError& error) {
   }
   const auto chosen = program.get_subcommands();
   const CLI::App& app = chosen.empty() ? program : *chosen.front();
-  std::cerr << "qz7ctl: " << error.what() << '\n';
+  const std::vector<std::string> unknown = program.remaining();
+  if (chosen.empty() && !unknown.empty() && !unknown.front().starts_with("-")) {
+    std::cerr << "qz7ctl: there is no command \"" << unknown.front() << "\"\n";
+  } else {
+    std::cerr << "qz7ctl: " << error.what() << '\n';
+  }
   const std::string help = app.help(chosen.empty() ? "" : program.get_name());
   const std::size_t usage = help.find("Usage:");
   if (usage != std::string::npos) {
@@ -53,7 +58,7 @@ int RunProgram(int argc, char** argv) {
   } catch (const CLI::ParseError& error) {
     return Explain(program, error);
   }
-  const int status = args.run();
+  const int status = MayWriteOutputs(args) ? args.run() : kFailed;
   if (!std::cout.flush()) {
     std::cerr << "qz7ctl: standard output cannot be written\n";
     return status == kDone ? kFailed : status;

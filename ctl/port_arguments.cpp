@@ -20,8 +20,7 @@ CLI::Option* AddPortOptions(CLI::App* sub, Arguments& args) {
 void AddRead(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("read", "reads the radio into a new radio data file");
   AddPortOptions(sub, args)->required();
-  CLI::Option* out =
-      sub->add_option("OUT.rdf", args.file, "the file to write; - is standard output");
+  CLI::Option* out = AddOutput(sub, args, "OUT.rdf", args.file);
   CLI::Option* compare = sub->add_option("--compare", args.compare_file,
                                          "compare with this file instead; exit status as diff")
                              ->type_name("FILE");
@@ -40,7 +39,7 @@ void AddRead(CLI::App& program, Arguments& args) {
 void AddTemplate(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("template", "reads the radio into a template file");
   AddPortOptions(sub, args)->required();
-  sub->add_option("OUT.tpl", args.file, "the file to write; - is standard output")->required();
+  AddOutput(sub, args, "OUT.tpl", args.file)->required();
   sub->callback([&] { args.run = [&] { return TemplateCommand(args.link, args.file); }; });
 }
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <system_error>
 
+#include "core/editors/image_difference.h"
 #include "core/files/file_inspection.h"
-#include "core/files/image_difference.h"
 #include "core/files/new_document.h"
 #include "core/files/seams.h"
 #include "core/link/radio_transfer.h"
@@ -118,8 +118,11 @@ bool ReadNewDocument(const PortOptions& options, CloneImage& image) {
 // Everything that can be checked before the first byte is sent.
 bool LoadWhatToSend(const WriteOptions& options, const std::string& file, CloneImage& image,
                     CloneImage& template_image) {
-  return LoadDocument(image, file) && IsTemplateNamed(options.template_file) &&
-         LoadTemplateFor(template_image, options.template_file) == TemplateOutcome::kUsable;
+  if (!LoadOneDocument(image, file) || !IsTemplateNamed(options.template_file)) {
+    return false;
+  }
+  const MessagesAbout messages(options.template_file);
+  return LoadTemplateFor(template_image, options.template_file) == TemplateOutcome::kUsable;
 }
 
 bool RunStartedWrite(CloneWrite& write, SerialPort& port, const CloneImage& template_image,

@@ -8,10 +8,10 @@
 #include <sstream>
 #include <string>
 
+#include "core/editors/image_difference.h"
 #include "core/editors/print_text.h"
 #include "core/files/document_header.h"
 #include "core/files/file_inspection.h"
-#include "core/files/image_difference.h"
 #include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
 #include "core/image/band_plan.h"

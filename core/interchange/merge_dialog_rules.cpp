@@ -69,16 +69,12 @@ MergeAnswer AcceptMerge(CloneImage& image, const CloneImage& working_copy,
   return MergeAnswer::kMerged;
 }
 
-std::optional<int> MergeIntoImage(CloneImage& image, const std::string& path, MergeOptions& options,
+std::optional<int> MergeIntoImage(CloneImage& image, const CloneImage& working_copy,
+                                  const MergeSource& source, MergeOptions& options,
                                   std::optional<int> start) {
-  const auto working_copy = std::make_unique<CloneImage>(image);
-  MergeSource source;
-  if (!ReadMergeSource(source, *working_copy, path)) {
-    return std::nullopt;
-  }
   const int selected = OpenMergeDialog(image, source, options).selected;
   const MergeAnswer answer =
-      AcceptMerge(image, *working_copy, source, options, start.value_or(options.start));
+      AcceptMerge(image, working_copy, source, options, start.value_or(options.start));
   return answer == MergeAnswer::kMerged ? std::optional(selected) : std::nullopt;
 }
 

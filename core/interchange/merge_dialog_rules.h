@@ -42,10 +42,11 @@ enum class MergeAnswer {
 MergeAnswer AcceptMerge(CloneImage& image, const CloneImage& working_copy,
                         const MergeSource& source, MergeOptions& options, int start);
 
-// A whole merge without its dialog: `path` is loaded and merged from `start` on, or from the
-// default start channel. Nothing after showing why, and then the image is unchanged; the number of
-// merged channels otherwise.
-std::optional<int> MergeIntoImage(CloneImage& image, const std::string& path, MergeOptions& options,
+// A whole merge without its dialog: the source, read with this working copy, is merged from `start`
+// on, or from the default start channel. Nothing after showing why, and then the image is
+// unchanged; the number of merged channels otherwise.
+std::optional<int> MergeIntoImage(CloneImage& image, const CloneImage& working_copy,
+                                  const MergeSource& source, MergeOptions& options,
                                   std::optional<int> start);
 
 }  // namespace qz7

@@ -88,12 +88,12 @@ class SystemTest(unittest.TestCase):
 
     def read_radio(self, name, *radio_arguments):
         radio = self.radio(*radio_arguments, "send")
-        self.ok("read", "--port", radio.port, name)
+        self.ok("read", "--yes", "--port", radio.port, name)
         self.assertEqual(0, radio.finish()[0])
 
     def make_template(self, name):
         radio = self.radio("send")
-        self.ok("template", "--port", radio.port, name)
+        self.ok("template", "--yes", "--port", radio.port, name)
         radio.finish()
 
 

@@ -1,8 +1,11 @@
 #!/usr/bin/env python3
 """Editing, importing, exporting and merging with the console program, from outside:
 qz7ctl_edit_test.py FOLDER_OF_THE_PROGRAMS"""
+import json
 import os
+import pty
 import re
+import subprocess
 import sys
 import unittest
 
@@ -125,10 +128,10 @@ class SettingTexts(EditTest):
             with self.subTest(first):
                 self.document_with(text, text * 3)
                 told = self.shown("n.rdf", "1")
-                self.ok("set", "n.rdf", "b.rdf", "1", "rx=146", *told)
+                self.ok("set", "n.rdf", "b.rdf", "--yes", "1", "rx=146", *told)
                 self.assertEqual(self.stored("n.rdf", 1), self.stored("b.rdf", 1))
                 if first > 0x20 and not set(text) & set(b"\x7F\x81\x8D\x8F\x90\x9D"):
-                    self.ok("set", "n.rdf", "b.rdf", "100", "rx=146", *told)
+                    self.ok("set", "n.rdf", "b.rdf", "--yes", "100", "rx=146", *told)
                     self.assertEqual(self.stored("n.rdf", 1), self.stored("b.rdf", 100))
 
     def test_a_character_without_a_byte_is_refused_by_name(self):
@@ -159,6 +162,65 @@ class SettingTexts(EditTest):
         self.ok("import", "a.rdf", "l.txt", "b.rdf", "--separator", "\u00a7", "--columns",
                 "rx=1,name=2", "--start", "100")
         self.assertEqual("A", fields(self.ok("show", "b.rdf", "100"))["name"])
+
+
+class Terminal(EditTest):
+    def on_terminal(self, *arguments):
+        """What the program prints on a terminal."""
+        terminal, slave = pty.openpty()
+        process = subprocess.Popen([os.path.join(self.programs, "qz7ctl"), *arguments],
+                                   cwd=self.folder, stdout=slave)
+        os.close(slave)
+        shown = b""
+        try:
+            while part := os.read(terminal, 4096):
+                shown += part
+        except OSError:  # the program has ended
+            pass
+        os.close(terminal)
+        self.assertEqual(0, process.wait(60))
+        return shown.replace(b"\r\n", b"\n").decode()
+
+    def test_a_terminal_is_shown_question_marks_for_control_bytes(self):
+        changes = {3678 + 6 + i: c for i, c in enumerate(b"\x1b[A\x7f\x9b\x9d\x81\xb1")}
+        changes.update({100 + i: c for i, c in enumerate(b"\x1bc\x90")})
+        self.write_bytes("n.rdf", patched(self.read_bytes("a.rdf"), changes))
+        shown = "?[A?\u203a??\u00b1"
+        self.assertEqual(shown, fields(self.on_terminal("show", "n.rdf", "1"))["name"])
+        self.assertEqual(" 1 \t145.5000 \t   \t \t \tH\t" + shown,
+                         self.on_terminal("rows", "n.rdf").split("\n")[0])
+        self.assertIn(shown, self.on_terminal("list", "n.rdf"))
+        self.assertEqual("?c?", fields(self.on_terminal("info", "n.rdf"))["comment"])
+        self.assertEqual("\x1bc\x90", json.loads(self.on_terminal("info", "n.rdf", "--json"))[
+            "comment"])
+        self.assertIn("\x1b[A\x7f", self.ok("show", "n.rdf", "1"))
+
+
+class Replacing(EditTest):
+    def test_an_output_that_is_there_is_replaced_with_yes_only(self):
+        self.write_bytes("l.txt", b"145.5,A\n")
+        for call in (["new", "b.rdf"], ["set", "a.rdf", "b.rdf", "1", "name=A"],
+                     ["move", "a.rdf", "b.rdf", "down", "1"], ["export", "a.rdf", "b.rdf"],
+                     ["import", "a.rdf", "l.txt", "b.rdf", "--columns", "rx=1"],
+                     ["merge", "a.rdf", "a.rdf", "b.rdf", "--start", "100"],
+                     ["read", "--port", "/dev/none", "b.rdf"],
+                     ["template", "--port", "/dev/none", "b.rdf"]):
+            with self.subTest(call[0]):
+                self.write_bytes("b.rdf", b"mine")
+                self.assertEqual(
+                    (1, "", "The file is there already; --yes replaces it:\nb.rdf\n"),
+                    self.ctl(*call))
+                self.assertEqual(b"mine", self.read_bytes("b.rdf"))
+                if "--port" not in call:
+                    self.ok(*call, "--yes")
+                    self.assertNotEqual(b"mine", self.read_bytes("b.rdf"))
+
+    def test_an_input_may_be_the_output(self):
+        self.ok("set", "a.rdf", "./a.rdf", "1", "name=A")
+        self.ok("merge", "a.rdf", "a.rdf", "a.rdf", "--start", "100")
+
+    def test_a_device_is_no_file_to_replace(self):
+        self.ok("new", "/dev/null")
 
 
 class Moving(EditTest):
@@ -244,6 +306,22 @@ class Interchange(EditTest):
         self.assertNotIn("123.4500", told)
         self.assertIn("145.5000", told)
 
+    def test_merge_reads_the_standard_input(self):
+        self.ok("new", "empty.rdf")
+        status, _, err = self.ctl("merge", "empty.rdf", "-", "b.rdf", "--start", "50",
+                                  stdin=self.read_bytes("a.rdf"))
+        self.assertEqual(0, status, err)
+        self.assertEqual("SIMPLEX", fields(self.ok("show", "b.rdf", "50"))["name"])
+        status, _, err = self.ctl("merge", "empty.rdf", "-", "c.rdf", stdin=b"x")
+        self.assertEqual((1, "Not a radio data file:\nstandard input\n"), (status, err))
+
+    def test_a_list_that_is_none_is_told(self):
+        os.mkdir(self.path("folder"))
+        self.refused("Error opening file: folder",
+                     "import", "a.rdf", "folder", "b.rdf", "--columns", "rx=1")
+        self.refused("Out of memory",
+                     "import", "a.rdf", "/dev/zero", "b.rdf", "--columns", "rx=1")
+
     def test_merge_by_key_looks_into_the_comments(self):
         self.ok("set", "a.rdf", "k.rdf", "9", "comment=Local RPT north")
         self.ok("new", "empty.rdf")
@@ -259,7 +337,7 @@ class Interchange(EditTest):
         self.refused("Cannot fit selected memories.\nUse lower start channel, and/or select "
                      "overwrite.", "merge", "a.rdf", "a.rdf", "b.rdf", "--start", "10")
         self.write_bytes("big", patched(self.read_bytes("a.rdf"), {15: 0x7F}))
-        self.refused("Out of Memory", "merge", "a.rdf", "big", "b.rdf", "--start", "100")
+        self.refused("big: Out of Memory", "merge", "a.rdf", "big", "b.rdf", "--start", "100")
 
 
 def main():

@@ -1,8 +1,9 @@
-#include "core/files/image_difference.h"
+#include "core/editors/image_difference.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cstring>
 #include <memory>
 
@@ -89,6 +90,50 @@ TEST_F(ImageDifference, TellsGroupsNamesAndNumbersAsTheyRead) {
   EXPECT_EQ((Lines{"group 1: empty -> 7", "WX name 2: \"WX 2    \" -> \"YX 2    \"",
                    "VORN identifier: \"\" -> \"A\"", "autodial 1: \"\" -> \"5\""}),
             Differences());
+}
+
+TEST_F(ImageDifference, TellsTheBytesOfARecordThatNoFieldTells) {
+  std::uint8_t* record = GetChannelRecord(B(), 1);
+  record[20] = 0x12;
+  record[21] = 0x34;
+  record[17] ^= 0x0C;
+  *GetChannelFlagByte(B(), 1) ^= 0xF4;
+  const Lines lines = Differences();
+  EXPECT_EQ(lines.size(), 5U);
+  EXPECT_EQ(lines[0].substr(0, 16), "channel 1: power");
+  EXPECT_EQ(lines[1].substr(0, 15), "channel 1: skip");
+  EXPECT_EQ(lines[2].substr(0, 9), "byte 3358");
+  EXPECT_EQ(lines[3].substr(0, 9), "byte 3698");
+  EXPECT_EQ(lines[4].substr(0, 9), "byte 3699");
+}
+
+TEST_F(ImageDifference, TellsGroupsByTheLabelsOfTheirChannels) {
+  for (std::size_t i = 0; i < 3; ++i) {
+    B()[3110 + 2 * i] = 0;
+    B()[3111 + 2 * i] = std::array<std::uint8_t, 3>{11, 12, 220}[i];
+  }
+  EXPECT_EQ((Lines{"group 1: empty -> 12 13 L1"}), Differences());
+}
+
+TEST_F(ImageDifference, TellsAutodialDigitsAsTheRadioShowsThem) {
+  B()[10252] = 14;
+  B()[10253] = 15;
+  EXPECT_EQ((Lines{"autodial 1: \"\" -> \"*#\""}), Differences());
+}
+
+TEST_F(ImageDifference, TellsSettingsByTheirNames) {
+  (*a_)[10203] = 0;
+  B()[10203] = 2;
+  (*a_)[10504] = 0;
+  B()[10504] = 0x80;
+  EXPECT_EQ((Lines{"Lamp: 5 Second -> Toggle", "Switch 1: off -> on"}), Differences());
+}
+
+TEST_F(ImageDifference, FoldsTheOperatingStateIntoOneLine) {
+  B()[10457] ^= 1;
+  B()[10472] ^= 1;
+  B()[10484] ^= 1;
+  EXPECT_EQ((Lines{"operating state: 3 bytes differ"}), Differences());
 }
 
 TEST_F(ImageDifference, TellsEveryOtherByteOfTheRadioByItsOffset) {

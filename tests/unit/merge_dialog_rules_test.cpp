@@ -205,6 +205,14 @@ TEST_F(MergeDialog, StaysWithAnImageWithoutChannels) {
 
 class MergeIntoDocument : public testing::Test {
  protected:
+  std::optional<int> Merge(const std::string& path, std::optional<int> start) {
+    const auto working_copy = std::make_unique<CloneImage>(*image_);
+    MergeSource source;
+    return ReadMergeSource(source, *working_copy, path)
+               ? MergeIntoImage(*image_, *working_copy, source, options_, start)
+               : std::nullopt;
+  }
+
   TempFolder folder_;
   std::unique_ptr<CloneImage> image_ = MakeRadio();
   MergeOptions options_;
@@ -214,7 +222,7 @@ TEST_F(MergeIntoDocument, LoadsAndMergesFromTheDefaultStart) {
   const std::string path = folder_.File("other.rdf");
   PutFile(path, ThreeChannels().bytes);
   Program(*image_, 1, 4);
-  EXPECT_EQ(MergeIntoImage(*image_, path, options_, std::nullopt), 3);
+  EXPECT_EQ(Merge(path, std::nullopt), 3);
   EXPECT_EQ(FlagByte(*image_, 5), 0x03);
   EXPECT_EQ(FlagByte(*image_, 8), 0x00);
 }
@@ -223,7 +231,7 @@ TEST_F(MergeIntoDocument, MergesFromANamedStart) {
   const std::string path = folder_.File("other.rdf");
   PutFile(path, ThreeChannels().bytes);
   options_.only_ham = true;
-  EXPECT_EQ(MergeIntoImage(*image_, path, options_, 100), 2);
+  EXPECT_EQ(Merge(path, 100), 2);
   EXPECT_EQ(FlagByte(*image_, 100), 0x03);
   EXPECT_EQ(FlagByte(*image_, 102), 0x00);
 }
@@ -232,16 +240,16 @@ TEST_F(MergeIntoDocument, BuildsOnTheDocumentsChannel1) {
   const std::string path = folder_.File("other.rdf");
   PutFile(path, ThreeChannels().bytes);
   image_fixture::PutChannel(*image_, 1, image_fixture::Bytes(22, 0xA5));
-  EXPECT_EQ(MergeIntoImage(*image_, path, options_, 100), 3);
+  EXPECT_EQ(Merge(path, 100), 3);
   EXPECT_EQ(RecordBytes(*image_, 100)[19], 0xA5);
 }
 
 TEST_F(MergeIntoDocument, LeavesTheDocumentAloneWhenItIsRefused) {
   const CloneImage before = *image_;
-  EXPECT_EQ(MergeIntoImage(*image_, folder_.File("absent.rdf"), options_, 100), std::nullopt);
+  EXPECT_EQ(Merge(folder_.File("absent.rdf"), 100), std::nullopt);
   const std::string path = folder_.File("other.rdf");
   PutFile(path, ThreeChannels().bytes);
-  EXPECT_EQ(MergeIntoImage(*image_, path, options_, 240), std::nullopt);
+  EXPECT_EQ(Merge(path, 240), std::nullopt);
   EXPECT_EQ(*image_, before);
   EXPECT_EQ(test_seams.messages.size(), 2U);
 }

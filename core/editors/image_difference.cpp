@@ -1,13 +1,19 @@
-#include "core/files/image_difference.h"
+#include "core/editors/image_difference.h"
 
 #include <algorithm>
 #include <array>
 #include <cstdio>
 #include <vector>
 
+#include "core/editors/autodial.h"
+#include "core/editors/icons.h"
+#include "core/editors/main_fields.h"
+#include "core/editors/settings.h"
+#include "core/editors/vorn.h"
 #include "core/files/document_header.h"
 #include "core/image/channel_description.h"
 #include "core/image/channel_record.h"
+#include "core/image/operating_state.h"
 #include "core/image/settings_map.h"
 #include "core/image/text_codec.h"
 
@@ -20,7 +26,7 @@ struct Comparison {
   const CloneImage& b;
   const RegionVariant& region;
   std::vector<std::string> lines;
-  std::vector<bool> told = std::vector<bool>(kCloneImageSize, false);
+  std::vector<std::uint8_t> told = std::vector<std::uint8_t>(kCloneImageSize, 0);  // their bits
 };
 
 std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\""; }
@@ -37,10 +43,45 @@ bool Differs(const Comparison& comparison, Region region) {
                      comparison.b.begin() + at);
 }
 
-void MarkTold(Comparison& comparison, Region region) {
-  std::fill_n(comparison.told.begin() + static_cast<std::ptrdiff_t>(region.offset), region.size,
-              true);
+void MarkTold(Comparison& comparison, Region region, unsigned bits = 0xFF) {
+  for (std::size_t at = region.offset; at < region.end(); ++at) {
+    comparison.told[at] = static_cast<std::uint8_t>(comparison.told[at] | bits);
+  }
 }
+
+// The bits of a record, and of the flag byte, that each field tells. What no field tells (bytes 20
+// and 21, the upper half of the flags) is told as bytes.
+struct FieldBits {
+  std::string_view field;
+  Region bytes;
+  unsigned bits;
+};
+constexpr std::size_t kFlags = kRecordSize;  // stands for the flag byte
+constexpr std::array<FieldBits, 23> kFieldBits = {{
+    {"rx", {2, 3}, 0xFF},
+    {"rx", {0, 1}, 0x4F},
+    {"tx", {0, 1}, 0x4F},
+    {"shift", {14, 3}, 0xFF},
+    {"shift", {17, 1}, 0x03},
+    {"shift", {0, 1}, 0x4F},
+    {"offset", {14, 3}, 0xFF},
+    {"offset", {0, 1}, 0x4F},
+    {"tone-mode", {17, 1}, 0xF0},
+    {"tone", {18, 1}, 0xFF},
+    {"dcs", {19, 1}, 0xFF},
+    {"mode", {5, 1}, 0x03},
+    {"power", {17, 1}, 0x0C},
+    {"step", {1, 1}, 0xFF},
+    {"step", {0, 1}, 0x40},
+    {"name", {6, 8}, 0xFF},
+    {"icon", {5, 1}, 0xFC},
+    {"skip", {kFlags, 1}, kFlagSkip},
+    {"masked", {kFlags, 1}, kFlagShown},
+    {"option", {kFlags, 1}, kFlagOption},
+    {"option-a", {0, 1}, 0x10},
+    {"option-b", {0, 1}, 0x20},
+    {"split", {14, 3}, 0xFF},
+}};
 
 Region RecordRegion(const CloneImage& image, int n) {
   return {.offset = static_cast<std::size_t>(GetChannelRecord(image, n) - image.data()),
@@ -50,6 +91,17 @@ Region RecordRegion(const CloneImage& image, int n) {
 Region FlagRegion(const CloneImage& image, int n) {
   return {.offset = static_cast<std::size_t>(GetChannelFlagByte(image, n) - image.data()),
           .size = 1};
+}
+
+void MarkField(Comparison& comparison, int n, std::string_view field) {
+  for (const FieldBits& told : kFieldBits) {
+    if (told.field == field) {
+      const std::size_t at = told.bytes.offset == kFlags
+                                 ? FlagRegion(comparison.a, n).offset
+                                 : RecordRegion(comparison.a, n).offset + told.bytes.offset;
+      MarkTold(comparison, {.offset = at, .size = told.bytes.size}, told.bits);
+    }
+  }
 }
 
 // A channel that is programmed on one side only is told whole; one that is on neither side differs
@@ -66,21 +118,21 @@ void CompareChannel(Comparison& comparison, int n, bool with_comment) {
   if (in_a != in_b) {
     Tell(comparison, title, in_a ? a.front().second : "not programmed",
          in_b ? b.front().second : "not programmed");
+    constexpr unsigned kLowerHalf = 0x0F;
     MarkTold(comparison, RecordRegion(comparison.a, n));
-    MarkTold(comparison, FlagRegion(comparison.a, n));
+    MarkTold(comparison, FlagRegion(comparison.a, n), kLowerHalf);
     return;
   }
-  bool told = false;
+  const bool split = b[2].second == "split" || a[2].second == "split";
   for (std::size_t i = 0; i < a.size(); ++i) {
     const bool counts = with_comment || a[i].first != "comment";
     if (counts && a[i].second != b[i].second) {
       Tell(comparison, title, a[i].first + " " + Quoted(a[i].second), Quoted(b[i].second));
-      told = told || a[i].first != "comment";
+      MarkField(comparison, n, a[i].first);
+      if (split && a[i].first == "tx") {
+        MarkField(comparison, n, "split");
+      }
     }
-  }
-  if (told) {
-    MarkTold(comparison, RecordRegion(comparison.a, n));
-    MarkTold(comparison, FlagRegion(comparison.a, n));
   }
 }
 
@@ -100,7 +152,10 @@ std::string GroupText(const CloneImage& image, Region members) {
   std::string text;
   for (std::size_t at = members.offset; at < members.end(); at += kGroupEntrySize) {
     if (image[at] != kGroupEmpty) {
-      text += (text.empty() ? "" : " ") + std::to_string(image[at + 1] + 1);
+      const int n = image[at + 1] + 1;
+      std::string label = ChannelLabel(image, n);
+      label.erase(0, label.find_first_not_of(' '));
+      text += (text.empty() ? "" : " ") + (label.empty() ? std::to_string(n) : label);
     }
   }
   return text.empty() ? "empty" : text;
@@ -110,7 +165,11 @@ std::string WxNameText(const CloneImage& image, Region name) {
   return Quoted(FieldText(reinterpret_cast<const char*>(image.data() + name.offset), name.size));
 }
 
-// The digits of an autodial memory, or the letters of the VORN identifier, as their codes.
+std::string AutodialNumberText(const CloneImage& image, Region codes) {
+  const auto n = static_cast<int>((codes.offset - kAutodial.offset) / codes.size);
+  return Quoted(AutodialText(image, n, DtmfDisplay::kSymbols));
+}
+
 std::string CodesText(const CloneImage& image, Region codes) {
   std::string text;
   for (std::size_t at = codes.offset; at < codes.end() && image[at] != kTextEnd; ++at) {
@@ -135,16 +194,78 @@ void ComparePieces(Comparison& comparison, const std::string& name, Region all, 
   }
 }
 
+// "auto-power-off" as "Auto power off".
+std::string TitleOf(const Setting& row) {
+  std::string title = row.name;
+  title[0] = UpperCase(title[0]);
+  std::replace(title.begin(), title.end(), '-', ' ');
+  return title;
+}
+
+std::string ValueText(const Setting& row, const SettingValue& value, const CloneImage& image) {
+  if (row.kind == SettingKind::kText) {
+    return Quoted(value.text);
+  }
+  if (value.choice && row.choices.text != nullptr) {
+    return row.choices.text(*value.choice);
+  }
+  return std::to_string(value.choice.value_or(ReadBits(image, row.bits)));
+}
+
+void CompareRow(Comparison& comparison, const Setting& row) {
+  const SettingValue a = LoadSetting(row, SourceIn(comparison.a));
+  const SettingValue b = LoadSetting(row, SourceIn(comparison.b));
+  if (a == b) {
+    return;
+  }
+  Tell(comparison, TitleOf(row), ValueText(row, a, comparison.a), ValueText(row, b, comparison.b));
+  if (row.kind == SettingKind::kText) {
+    MarkTold(comparison, row.text.place);
+  } else {
+    MarkTold(comparison, {.offset = row.bits.byte, .size = 1},
+             ((1U << row.bits.width) - 1) << row.bits.shift);
+  }
+}
+
+// The texts of the other screens are told above.
+void CompareRows(Comparison& comparison) {
+  for (const SettingScreen* screen :
+       {&MainScreen(), &SettingsScreen(), &IconsScreen(), &VornScreen(), &AutodialScreen()}) {
+    for (const Setting& row : screen->rows) {
+      if (row.kind != SettingKind::kText || screen == &SettingsScreen()) {
+        CompareRow(comparison, row);
+      }
+    }
+  }
+}
+
+// What the operating state repeats of the current channel, in one line.
+void CompareOperatingState(Comparison& comparison) {
+  int differing = 0;
+  for (const Region echo : {Region{kOperatingGrid, kOperatingKept + 2 - kOperatingGrid},
+                            Region{kCurrentMemoryFlags, 1}}) {
+    for (std::size_t at = echo.offset; at < echo.end(); ++at) {
+      differing += comparison.a[at] != comparison.b[at] ? 1 : 0;
+    }
+    MarkTold(comparison, echo);
+  }
+  if (differing > 0) {
+    comparison.lines.push_back("operating state: " + std::to_string(differing) + " bytes differ");
+  }
+}
+
 void CompareSettings(Comparison& comparison) {
   ComparePieces(comparison, "group", kGroupTable, kGroupCount, GroupText);
   ComparePieces(comparison, "WX name", kWxNames, kWxNameCount, WxNameText);
   ComparePieces(comparison, "VORN identifier", kVornIdentifier, 1, CodesText);
-  ComparePieces(comparison, "autodial", kAutodial, kAutodialCount, CodesText);
+  ComparePieces(comparison, "autodial", kAutodial, kAutodialCount, AutodialNumberText);
+  CompareRows(comparison);
 }
 
 void CompareOtherBytes(Comparison& comparison) {
   for (std::size_t at = kRadioBlock.offset; at < kRadioBlock.end(); ++at) {
-    if (comparison.told[at] || comparison.a[at] == comparison.b[at]) {
+    const int differing = comparison.a[at] ^ comparison.b[at];
+    if ((differing & ~comparison.told[at]) == 0) {
       continue;
     }
     std::array<char, 64> line;
@@ -164,6 +285,7 @@ std::vector<std::string> DocumentDifferences(const CloneImage& a, const CloneIma
   }
   CompareChannels(comparison, true);
   CompareSettings(comparison);
+  CompareOperatingState(comparison);
   CompareOtherBytes(comparison);
   return comparison.lines;
 }
@@ -173,6 +295,7 @@ std::vector<std::string> RadioDifferences(const CloneImage& a, const CloneImage&
   Comparison comparison{.a = a, .b = b, .region = region, .lines = {}};
   CompareChannels(comparison, false);
   CompareSettings(comparison);
+  CompareOperatingState(comparison);
   CompareOtherBytes(comparison);
   return comparison.lines;
 }
