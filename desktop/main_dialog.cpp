@@ -123,11 +123,6 @@ void OnCommand(HWND dialog, int control, int notification) {
 
 extern "C" INT_PTR CALLBACK DlgProcMain(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w), HIWORD(w));
-      return TRUE;
     case WM_CLOSE:
       OnClose(dialog);
       return TRUE;
@@ -135,7 +130,7 @@ extern "C" INT_PTR CALLBACK DlgProcMain(HWND dialog, UINT message, WPARAM w, LPA
       app.main_dialog = nullptr;
       return TRUE;
     default:
-      return FALSE;
+      return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
   }
 }
 

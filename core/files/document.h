@@ -24,7 +24,7 @@ struct Document {
   std::string last_file_name;    // of the last file chosen in a file box; never reset
   std::string last_export_name;  // the same for the box of Export
   bool export_in_progress = false;
-  RegionVariant region;          // of the program, for the whole run
+  RegionVariant region;  // of the program, for the whole run
   Preferences preferences;
   DefaultsRecord defaults{};
 };

@@ -333,11 +333,6 @@ void OnCommand(HWND dialog, int control, int notification) {
 
 extern "C" INT_PTR CALLBACK DlgProcEditMemory(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w), HIWORD(w));
-      return TRUE;
     case kOffsetLeft:
       OnOffsetLeft(dialog);
       return TRUE;
@@ -346,7 +341,7 @@ extern "C" INT_PTR CALLBACK DlgProcEditMemory(HWND dialog, UINT message, WPARAM 
       DrawIconItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(l), WindowOf(dialog).icons);
       return TRUE;
     default:
-      return FALSE;
+      return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
   }
 }
 

@@ -213,17 +213,12 @@ void OnCommand(HWND dialog, int control, int notification) {
 
 extern "C" INT_PTR CALLBACK DlgProcGroupList(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w), HIWORD(w));
-      return TRUE;
     case WM_DRAWITEM:
       // NOLINTNEXTLINE(performance-no-int-to-ptr): the system passes the pointer as a number
       DrawRow(*reinterpret_cast<const DRAWITEMSTRUCT*>(l));
       return TRUE;
     default:
-      return FALSE;
+      return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
   }
 }
 

@@ -283,11 +283,6 @@ constexpr INT_PTR kCharacterDone = -2;
 
 extern "C" INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
-    case WM_INITDIALOG:
-      return OnInit(dialog, l);
-    case WM_COMMAND:
-      OnCommand(dialog, LOWORD(w), HIWORD(w));
-      return TRUE;
     case WM_VKEYTOITEM:
       return OnKey(dialog, LOWORD(w));
     case WM_CHARTOITEM:
@@ -297,7 +292,7 @@ extern "C" INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM 
       PaintHeader(dialog, *reinterpret_cast<const DRAWITEMSTRUCT*>(l));
       return TRUE;
     default:
-      return FALSE;
+      return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
   }
 }
 
