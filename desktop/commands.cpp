@@ -123,11 +123,12 @@ void MergeFromFile(int) {
 // The radio's settings. `starts_from_defaults` is the editor's preference.
 void EditFeature(bool (*show)(const FeatureEditor&), bool Preferences::*starts_from_defaults) {
   Document& document = app.document;
+  const bool from_defaults = document.preferences.*starts_from_defaults;
   RunFeatureEditor(document, [&](CloneImage& working_copy) {
     return show({.image = working_copy,
                  .defaults = document.defaults,
                  .defaults_file = app.defaults_file,
-                 .starts_from_defaults = document.preferences.*starts_from_defaults});
+                 .starts_from_defaults = from_defaults});
   });
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 // The lists tell what they are; what nothing tells shows its place in the radio's memory.
 const std::vector<SettingField>& Fields() {
-  constexpr auto list = [](int number) {
+  const auto list = [](int number) {
     return SettingControl{.number = number, .tells_place = false};
   };
   static const std::vector<SettingField> fields =

@@ -22,7 +22,7 @@ std::string DecodeDigits(std::span<const std::uint8_t> codes) {
 
 // 7 digits as 555-1234, 11 as 1-555-555-1234, any other number as it stands.
 std::string DecodeNumber(std::span<const std::uint8_t> codes) {
-  const std::string digits = DecodeDigits(codes);
+  std::string digits = DecodeDigits(codes);
   switch (digits.size()) {
     case 7:
       return digits.substr(0, 3) + "-" + digits.substr(3);

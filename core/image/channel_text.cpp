@@ -122,7 +122,7 @@ Frequency ParseOffset(std::string_view text) {
 
 std::string FormatListRow(const CloneImage& image, int n, const RegionVariant& region) {
   const std::uint8_t* record = GetChannelRecord(image, n);
-  const std::string label = ChannelLabel(image, n);
+  std::string label = ChannelLabel(image, n);
   if (record == nullptr || !IsProgrammed(image, n)) {
     return label;
   }

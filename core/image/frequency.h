@@ -11,6 +11,7 @@ namespace qz7 {
 struct Frequency {
   std::int64_t hundred_hertz = 0;  // 146.52 MHz is 1465200
 
+  // NOLINTNEXTLINE(modernize-use-nullptr): clang-tidy reads a comparison with 0 into it
   friend constexpr auto operator<=>(Frequency, Frequency) = default;
   friend constexpr Frequency operator+(Frequency a, Frequency b) {
     return {a.hundred_hertz + b.hundred_hertz};

@@ -24,8 +24,6 @@ OUT_OF_REACH = {
     "Cannot create window",
     "Cannot create dialog",
     "Error writing file: %s",
-    "One of the first things you should do is create a template file. Select Help|Contents for"
-    " instructions.",
 }
 
 
