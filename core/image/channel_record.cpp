@@ -35,21 +35,6 @@ void StoreChoice(ChannelRecord& record, BitField field, std::optional<Code> choi
 
 }  // namespace
 
-Shift RecordShift(RecordView record) {
-  return static_cast<Shift>(ReadBits(record.bytes, kRecordShiftBits));
-}
-Power RecordPower(RecordView record) {
-  return static_cast<Power>(ReadBits(record.bytes, kRecordPowerBits));
-}
-std::optional<ToneMode> RecordToneMode(RecordView record) {
-  return CodeAt<ToneMode>(kToneModeNames, ReadBits(record.bytes, kRecordToneModeBits));
-}
-std::optional<Mode> RecordMode(RecordView record) {
-  return CodeAt<Mode>(kModeNames, ReadBits(record.bytes, kRecordModeBits));
-}
-std::optional<Step> RecordStep(RecordView record) {
-  return CodeAt<Step>(kStepNames, record.bytes[kRecordStep]);
-}
 int RecordIcon(RecordView record) { return ReadBits(record.bytes, kRecordIconBits); }
 std::string_view RecordName(RecordView record) {
   return {reinterpret_cast<const char*>(record.bytes.data() + kRecordName), kNameLength};

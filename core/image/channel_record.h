@@ -59,11 +59,21 @@ struct RecordView {
   std::span<const std::uint8_t, kRecordSize> bytes;
 };
 
-Shift RecordShift(RecordView record);
-Power RecordPower(RecordView record);
-std::optional<ToneMode> RecordToneMode(RecordView record);
-std::optional<Mode> RecordMode(RecordView record);
-std::optional<Step> RecordStep(RecordView record);
+inline Shift RecordShift(RecordView record) {
+  return static_cast<Shift>(ReadBits(record.bytes, kRecordShiftBits));
+}
+inline Power RecordPower(RecordView record) {
+  return static_cast<Power>(ReadBits(record.bytes, kRecordPowerBits));
+}
+inline std::optional<ToneMode> RecordToneMode(RecordView record) {
+  return CodeAt<ToneMode>(kToneModeNames, ReadBits(record.bytes, kRecordToneModeBits));
+}
+inline std::optional<Mode> RecordMode(RecordView record) {
+  return CodeAt<Mode>(kModeNames, ReadBits(record.bytes, kRecordModeBits));
+}
+inline std::optional<Step> RecordStep(RecordView record) {
+  return CodeAt<Step>(kStepNames, record.bytes[kRecordStep]);
+}
 int RecordIcon(RecordView record);  // 0..63
 std::string_view RecordName(RecordView record);
 
