@@ -27,11 +27,6 @@ std::string TableText(std::string (*text_of)(int), const std::array<int, kCount>
   return index ? text_of(table[static_cast<std::size_t>(*index)]) : "";
 }
 
-bool HasOption(const CloneImage& image, int n) {
-  const std::uint8_t* flags = GetChannelFlagByte(image, n);
-  return flags != nullptr && (*flags & kFlagOption) != 0;
-}
-
 std::vector<NamedValue> DescribeFields(const ChannelChoices& choices,
                                        const std::optional<ChannelFrequencies>& frequencies) {
   const auto text = [&](Frequency ChannelFrequencies::*frequency) {
@@ -62,7 +57,7 @@ void AppendMemoryFields(const CloneImage& image, int n, const ChannelChoices& ch
   values.emplace_back("icon", memory_only(std::to_string(choices.icon)));
   values.emplace_back("skip", memory_only(OnOff(programmed && IsSkip(image, n))));
   values.emplace_back("masked", memory_only(OnOff(programmed && IsMasked(image, n))));
-  values.emplace_back("option", memory_only(OnOff(programmed && HasOption(image, n))));
+  values.emplace_back("option", memory_only(OnOff(programmed && IsOptionSet(image, n))));
 }
 
 }  // namespace
