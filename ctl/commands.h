@@ -19,10 +19,11 @@ int ListCommand(const std::string& file);
 int ShowCommand(const std::string& file, int n);
 int DiffCommand(const std::string& a, const std::string& b);
 
-// Edits channel n with the channel editor, and moves channels with the memory list.
+// Edits channel n with the channel editor, and moves the channels of rows with the memory list.
 int SetCommand(const std::string& file, const std::string& out, int n,
                const std::vector<std::pair<std::string, std::string>>& values);
-int MoveCommand(const std::string& file, const std::string& out, const std::string& how, int n);
+int MoveCommand(const std::string& file, const std::string& out, const std::string& how,
+                const std::vector<int>& rows);
 
 int ExportCommand(const std::string& file, const std::string& out);
 // The list is `request.options.path`; "-" is standard input.
