@@ -1,5 +1,8 @@
 #include "fuzz/fuzz_seams.h"
 
+#include "core/files/new_document.h"
+#include "core/image/derived_tables.h"
+
 namespace qz7 {
 
 Answer ShowMessage(const std::string& /*text*/, const std::string& /*caption*/, Buttons buttons,
@@ -8,5 +11,15 @@ Answer ShowMessage(const std::string& /*text*/, const std::string& /*caption*/, 
 }
 
 std::uint32_t CurrentTimeSeconds() { return 1; }
+
+const CloneImage& NewImage() {
+  static const CloneImage kImage = [] {
+    CloneImage image;
+    MakeNewImage(image);
+    RebuildDerivedTables(image);
+    return image;
+  }();
+  return kImage;
+}
 
 }  // namespace qz7
