@@ -76,11 +76,7 @@ std::optional<ChosenFile> ShowSaveBox(const FileBox& box) {
 }
 
 std::optional<ChosenPrinter> ShowPrintBox() {
-  PRINTDLGA box{};
-  box.lStructSize = sizeof box;
-  box.hwndOwner = DialogOwner();
-  box.Flags = PD_RETURNDC | PD_NOSELECTION | PD_NOPAGENUMS | PD_COLLATE;
-  box.nCopies = 1;
+  PRINTDLGA box = MakePrintBox(DialogOwner());
   if (!PrintDlgA(&box)) {
     return std::nullopt;
   }
