@@ -10,6 +10,10 @@ Answer ShowMessage(const std::string& /*text*/, const std::string& /*caption*/, 
   return buttons == Buttons::kOk ? Answer::kOk : Answer::kCancel;
 }
 
+std::string PathText(const std::filesystem::path& path) { return path.string(); }
+
+std::string ShownText(std::string_view bytes) { return std::string(bytes); }
+
 std::uint32_t CurrentTimeSeconds() { return 1; }
 
 const CloneImage& NewImage() {
