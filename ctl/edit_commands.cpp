@@ -89,7 +89,7 @@ bool EditChannel(CloneImage& image, int n, const std::vector<NamedValue>& values
 
 }  // namespace
 
-int SetCommand(const std::string& file, const std::string& out, int n,
+int SetCommand(const std::filesystem::path& file, const std::filesystem::path& out, int n,
                const std::vector<std::pair<std::string, std::string>>& values) {
   const std::optional<std::vector<NamedValue>> encoded = EncodeValues(values);
   CloneImage image;
@@ -108,8 +108,8 @@ int SetCommand(const std::string& file, const std::string& out, int n,
   return SaveDocumentTo(image, out) ? kDone : kFailed;
 }
 
-int MoveCommand(const std::string& file, const std::string& out, const std::string& how,
-                const std::vector<int>& rows) {
+int MoveCommand(const std::filesystem::path& file, const std::filesystem::path& out,
+                const std::string& how, const std::vector<int>& rows) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;

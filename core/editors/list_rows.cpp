@@ -44,6 +44,13 @@ RowsChange RunOnEach(CloneImage& image, RowCommand command, Iterator first, Iter
   return change;
 }
 
+std::string ReplaceQuestion(int programmed, int n) {
+  return programmed == 1
+             ? "Memory channel " + std::to_string(n) + " is active and will be replaced\nProceed?"
+             : std::to_string(programmed) +
+                   " memory channels are active and will be replaced\nProceed?";
+}
+
 bool MayReplace(const CloneImage& image, int first, int count) {
   int programmed = 0;
   int last_programmed = 0;
@@ -53,12 +60,8 @@ bool MayReplace(const CloneImage& image, int first, int count) {
       last_programmed = n;
     }
   }
-  const std::string what = programmed == 1
-                               ? "Memory channel " + std::to_string(last_programmed) + " is"
-                               : std::to_string(programmed) + " memory channels are";
-  return programmed == 0 ||
-         ShowMessage(what + " active and will be replaced\nProceed?", kProgramTitle,
-                     Buttons::kYesNo, Icon::kQuestion) == Answer::kYes;
+  return programmed == 0 || ShowMessage(ReplaceQuestion(programmed, last_programmed), kProgramTitle,
+                                        Buttons::kYesNo, Icon::kQuestion) == Answer::kYes;
 }
 
 // The last memory channel that there is, whatever count a file states.

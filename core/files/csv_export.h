@@ -1,6 +1,7 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <string>
 
 #include "core/files/csv_columns.h"
@@ -22,9 +23,10 @@ CsvFields CsvFieldsOf(const CloneImage& image, int n);
 std::string ExportCsv(const CloneImage& image);
 
 // Writes that text to a file; false after showing "Cannot create file:" or "Error writing file:".
-bool WriteCsvFile(const CloneImage& image, const std::string& path);
+bool WriteCsvFile(const CloneImage& image, const std::filesystem::path& path);
 
 // The box that asks where to. `last_name` is the name last chosen in it, empty at first.
-FileBox ExportFileBox(const std::string& data_folder, const std::string& last_name);
+FileBox ExportFileBox(const std::filesystem::path& data_folder,
+                      const std::filesystem::path& last_name);
 
 }  // namespace qz7

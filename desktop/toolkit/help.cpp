@@ -4,14 +4,15 @@
 
 #include <string>
 
+#include "core/files/seams.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help_viewer.h"
 
 namespace qz7 {
 namespace {
 
-bool FileExists(const std::string& path) {
-  const DWORD attributes = GetFileAttributesA(path.c_str());
+bool FileExists(const std::filesystem::path& path) {
+  const DWORD attributes = GetFileAttributesW(path.c_str());
   return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
 }
 
@@ -19,7 +20,7 @@ bool UsesViewer() { return FileExists(dialog_modules.help_path) && HasHelpViewer
 
 // The page beside the help file, at one of its anchors; nothing where it is not there.
 void OpenPage(const std::string& anchor) {
-  std::string path = dialog_modules.help_path;
+  std::string path = PathText(dialog_modules.help_path);
   path.replace(path.rfind('.'), std::string::npos, ".html");
   if (!FileExists(path)) {
     return;
@@ -32,7 +33,7 @@ void OpenPage(const std::string& anchor) {
 }
 
 void AskViewer(UINT command, ULONG_PTR data) {
-  AskHelpViewer(dialog_modules.help_path, command, data);
+  AskHelpViewer(PathText(dialog_modules.help_path), command, data);
 }
 
 }  // namespace

@@ -86,7 +86,7 @@ class Help : public WindowTest {
   }
 
  private:
-  std::string help_path_;
+  std::filesystem::path help_path_;
 };
 
 // At the keyboard: the system makes its request for help of the key itself.
@@ -199,21 +199,21 @@ TEST_F(Help, InTheMainWindowF1OpensTheContents) {
   SetFocus(GetDlgItem(app.main_dialog, ID_FILE_COMMENT));
   PressF1();
   EXPECT_TRUE(HandleMessagesUntil([] { return !asked.empty(); }));
-  EXPECT_EQ(asked, (std::vector<Asked>{{dialog_modules.help_path, HELP_CONTENTS, 0}}));
+  EXPECT_EQ(asked, (std::vector<Asked>{{PathText(dialog_modules.help_path), HELP_CONTENTS, 0}}));
 }
 
 TEST_F(Help, TheMenuOpensContentsSearchAndHelpOnHelp) {
   RunCommand(CM_HELP_CONTENTS);
   RunCommand(CM_HELP_SEARCH);
   RunCommand(CM_HELP_ON_HELP);
-  EXPECT_EQ(asked, (std::vector<Asked>{{dialog_modules.help_path, HELP_CONTENTS, 0},
-                                       {dialog_modules.help_path, HELP_PARTIALKEY, 0},
+  EXPECT_EQ(asked, (std::vector<Asked>{{PathText(dialog_modules.help_path), HELP_CONTENTS, 0},
+                                       {PathText(dialog_modules.help_path), HELP_PARTIALKEY, 0},
                                        {"WINHELP.HLP", HELP_CONTENTS, 0}}));
 }
 
 TEST_F(Help, IsToldToQuitWhenTheProgramCloses) {
   SendMessageA(app.main_window, WM_CLOSE, 0, 0);
-  EXPECT_EQ(asked, (std::vector<Asked>{{dialog_modules.help_path, HELP_QUIT, 0}}));
+  EXPECT_EQ(asked, (std::vector<Asked>{{PathText(dialog_modules.help_path), HELP_QUIT, 0}}));
   EXPECT_FALSE(IsWindow(app.main_window));
 }
 
