@@ -11,7 +11,8 @@
   }
 
   var pieces = searchIndex.map(function (entry) {
-    var heading = wordsOf(entry.heading || entry.title);
+    // What a message names takes the place of its %s.
+    var heading = wordsOf((entry.heading || entry.title).replace(/%[sd]/g, " "));
     return {
       entry: entry,
       heading: heading,
@@ -48,11 +49,13 @@
     });
     var words = asked.map(function (one) { return one.word; });
     var told = piece.heading.filter(function (word) { return words.indexOf(word) >= 0; }).length;
+    // A heading that is asked for as a whole, as a message with a name in it, is what is looked for.
+    var whole = told === piece.heading.length;
     return {
       entry: piece.entry,
       covered: covered,
-      // A heading that is asked for as a whole is what is looked for.
-      score: covered + inHeading * (1 + 2 * told / Math.max(1, piece.heading.length))
+      isMeant: whole && told > 1,
+      score: covered + inHeading * (whole ? 4 : 1)
     };
   }
 
@@ -63,7 +66,9 @@
     var rated = pieces.map(function (piece) { return rate(piece, asked); });
     var most = rated.reduce(function (best, one) { return Math.max(best, one.covered); }, 0);
     return rated
-      .filter(function (one) { return one.covered > 0 && one.covered >= 0.7 * most; })
+      .filter(function (one) {
+        return one.isMeant || (one.covered > 0 && one.covered >= 0.7 * most);
+      })
       .sort(function (a, b) { return b.score - a.score; })
       .slice(0, MOST_RESULTS)
       .map(function (one) { return one.entry; });
