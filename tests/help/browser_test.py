@@ -193,7 +193,7 @@ class Search(BrowserTest):
                                   {address.partition("#")[0] for address, _ in self.results()})
 
     def test_marks_the_beginning_of_a_word(self):
-        self.type("Autod")
+        self.type("Autod a")
         self.assertEqual("autodial.html", self.results()[0][0])
         self.assertEqual({"autod"}, set(self.browser.evaluate(
             "Array.from(document.querySelectorAll('mark')).map(m => m.textContent.toLowerCase())")))

@@ -78,7 +78,7 @@
   function addMarked(parent, text, words) {
     var pattern = new RegExp("(^|[^0-9a-z\u00b5\u00df-\u00ff])(" + words.join("|") + ")", "gi");
     var end = 0;
-    for (var match = pattern.exec(text); match; match = pattern.exec(text)) {
+    for (var match = words.length && pattern.exec(text); match; match = pattern.exec(text)) {
       var start = match.index + match[1].length;
       var mark = document.createElement("mark");
       mark.textContent = match[2];
@@ -125,9 +125,10 @@
 
   function show() {
     var words = wordsOf(field.value);
+    var marked = words.filter(function (word) { return word.length > 1; });
     var found = find(field.value);
     results.textContent = "";
-    found.forEach(function (entry) { results.appendChild(resultOf(entry, words)); });
+    found.forEach(function (entry) { results.appendChild(resultOf(entry, marked)); });
     document.getElementById("count").textContent =
       words.length === 0 ? "" : found.length === 0 ? "Nothing found." :
         found.length === 1 ? "1 place" : found.length + " places";
