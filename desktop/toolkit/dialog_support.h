@@ -16,7 +16,7 @@ struct DialogModules {
   HINSTANCE program = nullptr;
   HMODULE library = nullptr;
   HWND main_window = nullptr;       // the owner of what has no nearer one
-  std::filesystem::path help_path;  // of "qz7.hlp"
+  std::filesystem::path help_path;  // of "qz7.hlp"; the pages' folder "help" is beside it
 };
 extern DialogModules dialog_modules;
 
