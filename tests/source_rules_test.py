@@ -62,7 +62,7 @@ class Dependencies(unittest.TestCase):
         "core/files": {"core/image"},
         "core/link": {"core/files", "core/image"},
         "core/editors": {"core/files", "core/image"},
-        "core/interchange": {"core/files", "core/image"},
+        "core/interchange": {"core/editors", "core/files", "core/image"},
     }
     WINDOWS = {"desktop/files", "desktop/link", "desktop/editors", "desktop/interchange",
                "desktop/printing"}
