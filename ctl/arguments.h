@@ -16,6 +16,8 @@ struct Arguments {
   std::string out;
   std::vector<std::string> written;  // the files that are to be written, as named
   std::string compare_file;
+  std::string codeplug;  // the document, or what to change in it, as JSON
+  std::string json_out;
   int channel = 0;
   bool json = false;
   bool dry_run = false;
@@ -38,6 +40,7 @@ void AddFileCommands(CLI::App& program, Arguments& args);
 void AddPortCommands(CLI::App& program, Arguments& args);
 void AddEditCommands(CLI::App& program, Arguments& args);
 void AddInterchangeCommands(CLI::App& program, Arguments& args);
+void AddCodeplugCommands(CLI::App& program, Arguments& args);
 
 // Adds the argument that names the file to write, and --yes.
 CLI::Option* AddOutput(CLI::App* sub, Arguments& args, const char* name, std::string& target);

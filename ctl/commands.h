@@ -30,6 +30,12 @@ int ImportCommand(const std::string& file, const std::string& out, const ImportR
 int MergeCommand(const std::string& file, const std::string& source, const std::string& out,
                  MergeOptions options, std::optional<int> start);
 
+// The document as JSON; "-" and nothing are standard output. And back, on top of `base` where that is
+// named: everything that is wrong is told, and nothing is written then.
+int DumpCommand(const std::string& file, const std::string& out);
+int BuildCommand(const std::string& codeplug, const std::string& out, const std::string& base);
+int ApplyCommand(const std::string& file, const std::string& patch, const std::string& out);
+
 int PortsCommand();
 
 struct PortOptions {

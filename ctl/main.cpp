@@ -51,6 +51,7 @@ int RunProgram(int argc, char** argv) {
   AddFileCommands(program, args);
   AddEditCommands(program, args);
   AddInterchangeCommands(program, args);
+  AddCodeplugCommands(program, args);
   AddPortCommands(program, args);
   try {
     program.parse(argc, argv);
