@@ -62,19 +62,19 @@ std::unique_ptr<CloneImage> MakeSpoiltDocument(Dice& dice) {
 TEST(CodeplugProperty, ANewDocumentIsMadeAgain) { ExpectSameAgain(*MakeNewDocument()); }
 
 TEST(CodeplugProperty, AnyBytesAreMadeAgainInEveryRegion) {
+  unsigned seed = 0;
   for (const RegionVariant& region : Regions()) {
     const RegionGuard guard(region);
-    for (unsigned seed = 1; seed <= 6; ++seed) {
-      SCOPED_TRACE("seed " + std::to_string(seed));
-      Dice dice(seed);
-      ExpectSameAgain(*MakeRandomDocument(dice));
-      ExpectSameAgain(*MakeSpoiltDocument(dice));
-    }
+    SCOPED_TRACE("seed " + std::to_string(++seed));
+    Dice dice(seed);
+    ExpectSameAgain(*MakeRandomDocument(dice));
+    ExpectSameAgain(*MakeSpoiltDocument(dice));
+    ExpectSameAgain(*MakeSpoiltDocument(dice));
   }
 }
 
 TEST(CodeplugProperty, OneChangedByteOfANewDocumentIsMadeAgain) {
-  for (std::size_t at = 3060; at < 21'282; at += at < 11'202 ? 7 : 61) {
+  for (std::size_t at = 3060; at < 21'282; at += at < 11'202 ? 97 : 601) {
     SCOPED_TRACE("byte " + std::to_string(at));
     const auto image = MakeNewDocument();
     (*image)[at] = static_cast<std::uint8_t>((*image)[at] + 1 + at % 255);
