@@ -11,7 +11,13 @@ namespace {
 
 using Json = nlohmann::json;
 
-std::string Quoted(const std::string& utf8, bool ascii) { return Json(utf8).dump(-1, ' ', ascii); }
+// Nearly every text stands as it is.
+std::string Quoted(const std::string& utf8, bool ascii) {
+  const bool plain = std::all_of(utf8.begin(), utf8.end(), [](char c) {
+    return c >= ' ' && c < '\x7F' && c != '"' && c != '\\';
+  });
+  return plain ? '"' + utf8 + '"' : Json(utf8).dump(-1, ' ', ascii);
+}
 
 void AppendTree(const ValueTree& tree, const std::string& indent, bool ascii, std::string& json) {
   if (tree.kind != ValueTree::Kind::kMembers) {
@@ -88,7 +94,9 @@ class TreeReader : public nlohmann::json_sax<Json> {
   bool parse_error(std::size_t /*position*/, const std::string& /*token*/,
                    const nlohmann::detail::exception& error) override {
     const std::string text = error.what();
-    read_.errors = {text.substr(std::min(text.find("] ") + 2, text.size()))};
+    const std::size_t start = text.find("] ") + 2;
+    // What was read last can be bytes that are no text.
+    read_.errors = {text.substr(start, text.find("; last read") - start)};
     read_.is_json = false;
     return false;
   }

@@ -75,7 +75,7 @@ class Dependencies(unittest.TestCase):
         "ctl": set(CORE),
         "radio": set(),
         "fuzz": set(CORE) | {"tests/unit"},
-        "bench": set(CORE) | {"desktop/toolkit", "desktop/editors"},
+        "bench": set(CORE) | {"ctl", "desktop/toolkit", "desktop/editors"},
     }
 
     def test_a_folder_includes_only_what_lies_below_it(self):
