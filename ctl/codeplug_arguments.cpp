@@ -34,12 +34,20 @@ void AddApply(CLI::App& program, Arguments& args) {
       [&args] { args.run = [&args] { return ApplyCommand(args.file, args.codeplug, args.out); }; });
 }
 
+// For those who build the program: a hidden command, as it is no part of the work with a radio.
+void AddSchema(CLI::App& program, Arguments& args) {
+  CLI::App* sub = program.add_subcommand("schema", "prints the JSON schema of what dump writes");
+  sub->group("");
+  sub->callback([&args] { args.run = SchemaCommand; });
+}
+
 }  // namespace
 
 void AddCodeplugCommands(CLI::App& program, Arguments& args) {
   AddDump(program, args);
   AddBuild(program, args);
   AddApply(program, args);
+  AddSchema(program, args);
 }
 
 }  // namespace qz7

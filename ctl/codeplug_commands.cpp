@@ -6,6 +6,7 @@
 #include "core/image/text_codec.h"
 #include "core/interchange/codeplug.h"
 #include "ctl/codeplug_json.h"
+#include "ctl/codeplug_schema.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
 #include "ctl/input.h"
@@ -80,6 +81,11 @@ int ApplyCommand(const std::string& file, const std::string& patch, const std::s
   const std::optional<ReadTree> read = ReadTreeFile(patch);
   return read ? SaveUnlessWrong(image, out, *read, ApplyToCodeplug(image, read->tree, kRegion))
               : kFailed;
+}
+
+int SchemaCommand() {
+  std::cout << CodeplugSchema();
+  return kDone;
 }
 
 }  // namespace qz7

@@ -36,6 +36,8 @@ int DumpCommand(const std::string& file, const std::string& out);
 int BuildCommand(const std::string& codeplug, const std::string& out, const std::string& base);
 int ApplyCommand(const std::string& file, const std::string& patch, const std::string& out);
 
+int SchemaCommand();
+
 int PortsCommand();
 
 struct PortOptions {

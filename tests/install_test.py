@@ -15,9 +15,10 @@ RUNNER = [sys.argv.pop(1)] if len(sys.argv) > 1 else []
 
 SAMPLES = set(os.listdir(os.path.join(TOP, "samples")))
 LINUX = {"bin/qz7ctl", "bin/qz7radio", "share/man/man1/qz7ctl.1", "share/man/man1/qz7radio.1",
-         "share/doc/qz7/LICENSE", "share/doc/qz7/README.md"}
-WINDOWS = {"qz7.exe", "qz732.dll", "qz7.fon", "qz7.hlp", "qz7.html", "qz7ctl.exe", "LICENSE",
-           "README.md"}
+         "share/qz7/codeplug.schema.json", "share/doc/qz7/LICENSE",
+         "share/doc/qz7/README.md"}
+WINDOWS = {"qz7.exe", "qz732.dll", "qz7.fon", "qz7.hlp", "qz7.html", "qz7ctl.exe",
+           "codeplug.schema.json", "LICENSE", "README.md"}
 
 
 def installed_files(folder):

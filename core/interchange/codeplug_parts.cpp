@@ -61,7 +61,7 @@ CodeplugRow CommentRow() {
                 }
                 return refusal;
               },
-          .longest = kFileComment.size};
+          .form = {.longest = kFileComment.size}};
 }
 
 CodeplugRow RadioNameRow() {
@@ -79,7 +79,7 @@ CodeplugRow RadioNameRow() {
                 }
                 return refusal;
               },
-          .longest = kRadioName.size};
+          .form = {.longest = kRadioName.size}};
 }
 
 // 0..255 without leading zeros.
@@ -105,8 +105,7 @@ CodeplugRow ByteRow(const char* name, std::size_t offset) {
             image[offset] = *value;
             return {};
           },
-          .longest = 3,
-          .pattern = "^(0|[1-9][0-9]?|1[0-9][0-9]|2[0-4][0-9]|25[0-5])$"};
+          .form = {.pattern = "^(0|[1-9][0-9]?|1[0-9][0-9]|2[0-4][0-9]|25[0-5])$"}};
 }
 
 // Groups: the labels of their channels, "12 13 L1".
@@ -187,7 +186,7 @@ CodeplugPart GroupsPart() {
          .show = [=](const CloneImage& image) { return ShowGroup(image, g); },
          .store = [=](CloneImage& image,
                       const std::string& text) { return StoreGroup(image, g, text); },
-         .pattern = "^ *((([1-9][0-9]*)|([LU][0-9]+)) *)*$"});
+         .form = {.pattern = "^ *((([1-9][0-9]*)|([LU][0-9]+)) *)*$"}});
   }
   return part;
 }
@@ -254,7 +253,12 @@ CodeplugRow TextRow(const Setting& row) {
       .show = [&row](const CloneImage& image) { return LoadSetting(row, SourceIn(image)).text; },
       .store = [&row](CloneImage& image,
                       const std::string& text) { return StoreText(row, image, text); },
-      .longest = LongestShown(row.text)};
+      .form = {.longest = LongestShown(row.text)}};
+}
+
+// Whether the bits can hold what is none of the choices.
+bool HasOtherCodes(const Setting& row) {
+  return row.kind != SettingKind::kCheckBox && row.choices.count < 1 << row.bits.width;
 }
 
 CodeplugRow ChoiceRow(const Setting& row) {
@@ -269,7 +273,7 @@ CodeplugRow ChoiceRow(const Setting& row) {
           .store = [&row, choices](
                        CloneImage& image,
                        const std::string& text) { return StoreChoice(row, choices, image, text); },
-          .choices = choices};
+          .form = {.choices = choices, .can_be_nothing = HasOtherCodes(row)}};
 }
 
 CodeplugPart SettingsPart(const char* name, const std::vector<const SettingScreen*>& screens) {

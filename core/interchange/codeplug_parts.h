@@ -8,6 +8,14 @@
 
 namespace qz7 {
 
+// What a text of the codeplug can be: one of these, or of a length and a form.
+struct TextForm {
+  std::vector<std::string> choices{};
+  bool can_be_nothing = false;  // a code without a meaning shows as an empty text
+  std::size_t longest = 0;      // 0: any length
+  std::string pattern{};        // a regular expression for the whole text, or nothing
+};
+
 // A value of the codeplug beside the channels: its name, its text, and the bytes that it stands
 // for.
 struct CodeplugRow {
@@ -16,11 +24,7 @@ struct CodeplugRow {
   std::function<std::string(const CloneImage& image)> show;
   // Stores what `show` would print; the reason where that cannot be, otherwise nothing.
   std::function<std::string(CloneImage& image, const std::string& text)> store;
-  // What a text can be, for the schema: one of these, or of a length and a form. A code without a
-  // meaning shows as an empty text.
-  std::vector<std::string> choices{};
-  std::size_t longest = 0;
-  const char* pattern = nullptr;
+  TextForm form{};
 };
 
 struct CodeplugPart {

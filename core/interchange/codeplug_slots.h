@@ -7,6 +7,7 @@
 
 #include "core/image/clone_image.h"
 #include "core/image/region_variant.h"
+#include "core/interchange/codeplug_parts.h"
 #include "core/interchange/value_tree.h"
 
 namespace qz7 {
@@ -43,6 +44,13 @@ struct SlotPiece {
 std::span<const SlotPiece> SlotPieces();
 inline constexpr const char* kKeptPiece = "kept";
 inline constexpr std::size_t kKeptSize = 4;
+
+// What each field of a channel can be, in the order of a dump.
+struct FieldForm {
+  std::string name;
+  TextForm form;
+};
+std::vector<FieldForm> ChannelFieldForms();
 
 // Whether the slot holds a channel: a special slot always does.
 bool HoldsChannel(const CloneImage& image, int n);

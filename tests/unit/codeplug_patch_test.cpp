@@ -118,8 +118,8 @@ TEST(CodeplugPatch, EveryChoiceOfEverySettingIsReadBack) {
     Values values;
     for (const CodeplugPart& part : PartsBehindChannels()) {
       for (const CodeplugRow& row : part.rows) {
-        if (turn < row.choices.size()) {
-          values.emplace_back(part.name + "/" + row.name, row.choices[turn]);
+        if (turn < row.form.choices.size()) {
+          values.emplace_back(part.name + "/" + row.name, row.form.choices[turn]);
         }
       }
     }
