@@ -27,6 +27,10 @@ Answer ShowMessage(const std::string& text, const std::string& /*caption*/, Butt
   return Answer::kCancel;
 }
 
+std::string PathText(const std::filesystem::path& path) { return path.string(); }
+
+std::string ShownText(std::string_view bytes) { return std::string(bytes); }
+
 std::uint32_t CurrentTimeSeconds() { return 1; }
 
 namespace {
@@ -81,7 +85,7 @@ void FillWithRandomBytes(CloneImage& image, unsigned seed) {
                 [&] { return static_cast<std::uint8_t>(engine()); });
 }
 
-void RunFullDocument(const std::string& path) {
+void RunFullDocument(const std::filesystem::path& path) {
   const auto image = std::make_unique<CloneImage>();
   const auto other = std::make_unique<CloneImage>();
   FillDocument(*image);
@@ -121,7 +125,7 @@ void RunRandomDocuments(int count) {
 
 int main() {
   const std::filesystem::path path = std::filesystem::temp_directory_path() / "qz7-bench.rdf";
-  qz7::RunFullDocument(path.string());
+  qz7::RunFullDocument(path);
   std::filesystem::remove(path);
   qz7::RunRandomDocuments(10'000);
   return 0;

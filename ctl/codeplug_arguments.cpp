@@ -5,18 +5,18 @@ namespace {
 
 void AddDump(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("dump", "writes the whole document as JSON");
-  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
   AddOutput(sub, args, "OUT.json", args.json_out);
   sub->callback([&args] { args.run = [&args] { return DumpCommand(args.file, args.json_out); }; });
 }
 
 void AddBuild(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("build", "makes a document of what dump has written");
-  sub->add_option("CODEPLUG.json", args.codeplug, "the document as JSON; - is standard input")
+  AddPath(sub, "CODEPLUG.json", args.codeplug, "the document as JSON; - is standard input")
       ->required();
   AddOutput(sub, args, "OUT.rdf", args.out)->required();
-  sub->add_option("--base", args.file,
-                  "radio data file that what is not named comes from, default a new document")
+  AddPath(sub, "--base", args.file,
+          "radio data file that what is not named comes from, default a new document")
       ->type_name("FILE");
   sub->callback(
       [&args] { args.run = [&args] { return BuildCommand(args.codeplug, args.out, args.file); }; });
@@ -25,9 +25,9 @@ void AddBuild(CLI::App& program, Arguments& args) {
 void AddApply(CLI::App& program, Arguments& args) {
   CLI::App* sub =
       program.add_subcommand("apply", "changes a document by a JSON merge patch of its dump");
-  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
-  sub->add_option("PATCH.json", args.codeplug,
-                  "what to change; null takes a value away; - is standard input")
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
+  AddPath(sub, "PATCH.json", args.codeplug,
+          "what to change; null takes a value away; - is standard input")
       ->required();
   AddOutput(sub, args, "OUT.rdf", args.out)->required();
   sub->callback(

@@ -16,24 +16,24 @@ namespace qz7 {
 namespace {
 
 // The tree of a file, with what is wrong in it; nothing after a message.
-std::optional<ReadTree> ReadTreeFile(const std::string& path) {
+std::optional<ReadTree> ReadTreeFile(const std::filesystem::path& path) {
   const Input input = ReadInput(path);
   if (input.state != Input::State::kRead) {
     ShowFileError((input.state == Input::State::kTooLarge ? "The file is too large:\n"
                                                           : "Cannot open file:\n") +
-                  path);
+                  PathText(path));
     return std::nullopt;
   }
   ReadTree read = ParseTree(input.bytes);
   if (!read.is_json) {
-    PrintError((path == "-" ? "standard input" : path) + ": " + read.errors.front());
+    PrintError((path == "-" ? "standard input" : PathText(path)) + ": " + read.errors.front());
     return std::nullopt;
   }
   return read;
 }
 
 // The tree's texts are the radio's bytes, and so are the reasons that repeat them.
-int SaveUnlessWrong(CloneImage& image, const std::string& out, const ReadTree& read,
+int SaveUnlessWrong(CloneImage& image, const std::filesystem::path& out, const ReadTree& read,
                     const std::vector<std::string>& refusals) {
   for (const std::string& error : read.errors) {
     PrintError(error);
@@ -47,7 +47,7 @@ int SaveUnlessWrong(CloneImage& image, const std::string& out, const ReadTree& r
 
 }  // namespace
 
-int DumpCommand(const std::string& file, const std::string& out) {
+int DumpCommand(const std::filesystem::path& file, const std::filesystem::path& out) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
@@ -62,7 +62,8 @@ int DumpCommand(const std::string& file, const std::string& out) {
   return WriteFileOrShow(out, std::span(bytes, json.size())) ? kDone : kFailed;
 }
 
-int BuildCommand(const std::string& codeplug, const std::string& out, const std::string& base) {
+int BuildCommand(const std::filesystem::path& codeplug, const std::filesystem::path& out,
+                 const std::filesystem::path& base) {
   CloneImage image;
   MakeNewImage(image);
   if (!base.empty() && !LoadOneDocument(image, base)) {
@@ -73,7 +74,8 @@ int BuildCommand(const std::string& codeplug, const std::string& out, const std:
               : kFailed;
 }
 
-int ApplyCommand(const std::string& file, const std::string& patch, const std::string& out) {
+int ApplyCommand(const std::filesystem::path& file, const std::filesystem::path& patch,
+                 const std::filesystem::path& out) {
   CloneImage image;
   if (!LoadOneDocument(image, file)) {
     return kFailed;

@@ -1,6 +1,4 @@
-#include <fstream>
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "core/editors/image_difference.h"
@@ -8,6 +6,7 @@
 #include "core/files/document_header.h"
 #include "core/files/file_inspection.h"
 #include "core/files/new_document.h"
+#include "core/files/paths.h"
 #include "core/files/radio_data_file.h"
 #include "core/files/seams.h"
 #include "core/image/channel_description.h"
@@ -15,14 +14,13 @@
 #include "core/image/text_codec.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
+#include "ctl/json_output.h"
 #include "ctl/terminal.h"
 
 namespace qz7 {
 namespace {
 
 constexpr int kTrouble = 2;
-
-using Json = nlohmann::ordered_json;
 
 const char* Passed(bool passed) { return passed ? "ok" : "wrong"; }
 
@@ -72,7 +70,7 @@ int InspectAndPrint(std::istream& file, const std::string& name, bool json) {
   }
   const Json fields = DescribeInspection(found);
   if (json) {
-    std::cout << fields.dump(2, ' ', IsOutputTerminal(), Json::error_handler_t::replace) << '\n';
+    PrintJson(fields);
   } else {
     PrintFields(fields, "");
   }
@@ -87,36 +85,36 @@ std::stringstream BeginningOf(std::istream& file) {
   return std::stringstream(bytes, std::ios::in | std::ios::out | std::ios::binary);
 }
 
-std::string FileNameOf(const std::string& path) {
-  return path.substr(path.find_last_of("/\\") + 1);
-}
-
 }  // namespace
 
-int NewCommand(const std::string& out) {
+int NewCommand(const std::filesystem::path& out) {
   CloneImage image;
   MakeNewImage(image);
   return SaveDocumentTo(image, out) ? kDone : kFailed;
 }
 
-int InfoCommand(const std::string& file, bool json) {
+int InfoCommand(const std::filesystem::path& file, bool json) {
   if (file == "-") {
     std::stringstream bytes = BeginningOf(std::cin);
     return InspectAndPrint(bytes, "standard input", json);
   }
-  std::ifstream stream(file, std::ios::binary);
+  std::ifstream stream = OpenToRead(file);
   if (!stream) {
-    ShowFileError("Cannot open file:\n" + file);
+    ShowFileError("Cannot open file:\n" + PathText(file));
     return kFailed;
   }
   std::stringstream bytes = BeginningOf(stream);
-  return InspectAndPrint(bytes, file, json);
+  return InspectAndPrint(bytes, PathText(file), json);
 }
 
-int RowsCommand(const std::string& file) {
+int RowsCommand(const std::filesystem::path& file, bool json) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
+  }
+  if (json) {
+    PrintJson(RowsAsJson(image, kRegion));
+    return kDone;
   }
   for (int n = 1; n <= GetChannelCount(image); ++n) {
     PrintLine(FormatListRow(image, n, kRegion));
@@ -124,11 +122,11 @@ int RowsCommand(const std::string& file) {
   return kDone;
 }
 
-int ListCommand(const std::string& file) {
+int ListCommand(const std::filesystem::path& file) {
   CloneImage image;
   PrintText text;
   if (!LoadDocument(image, file) ||
-      !BuildPrintText(image, FileNameOf(file), DtmfDisplay::kSymbols, kRegion, text)) {
+      !BuildPrintText(image, PathText(NamePart(file)), DtmfDisplay::kSymbols, kRegion, text)) {
     return kFailed;
   }
   // The heading holds the name of the file as it is; what follows is the radio's text.
@@ -140,7 +138,7 @@ int ListCommand(const std::string& file) {
   return kDone;
 }
 
-int ShowCommand(const std::string& file, int n) {
+int ShowCommand(const std::filesystem::path& file, int n, bool json) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
@@ -150,23 +148,31 @@ int ShowCommand(const std::string& file, int n) {
     PrintError("There is no channel " + std::to_string(n) + ".");
     return kFailed;
   }
+  if (json) {
+    PrintJson(FieldsAsJson(fields));
+    return kDone;
+  }
   for (const auto& [name, value] : fields) {
     PrintLine(name + "=" + value);
   }
   return kDone;
 }
 
-int DiffCommand(const std::string& a, const std::string& b) {
+int DiffCommand(const std::filesystem::path& a, const std::filesystem::path& b, bool json) {
   CloneImage image_a;
   CloneImage image_b;
   if (!LoadOneDocument(image_a, a) || !LoadOneDocument(image_b, b)) {
     return kTrouble;
   }
-  const std::vector<std::string> lines = DocumentDifferences(image_a, image_b, kRegion);
-  for (const std::string& line : lines) {
-    PrintLine(line);
+  const std::vector<Difference> differences = CompareDocuments(image_a, image_b, kRegion);
+  if (json) {
+    PrintJson(DifferencesAsJson(differences));
+  } else {
+    for (const Difference& difference : differences) {
+      PrintLine(DifferenceLine(difference));
+    }
   }
-  return lines.empty() ? kDone : kFailed;
+  return differences.empty() ? kDone : kFailed;
 }
 
 }  // namespace qz7

@@ -1,9 +1,10 @@
 #include "ctl/input.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <system_error>
+
+#include "core/files/paths.h"
 
 namespace qz7 {
 namespace {
@@ -25,11 +26,11 @@ std::vector<std::uint8_t> ReadBytes(std::istream& in) {
 
 }  // namespace
 
-Input ReadInput(const std::string& path) {
+Input ReadInput(const std::filesystem::path& path) {
   std::ifstream file;
   std::error_code error;
-  if (path != "-" && !std::filesystem::is_directory(path, error)) {
-    file.open(path, std::ios::binary);
+  if (path != "-" && !std::filesystem::is_directory(SystemPath(path), error)) {
+    file = OpenToRead(path);
   }
   if (path != "-" && !file.is_open()) {
     return {.state = Input::State::kCannotOpen, .bytes = {}};

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <cstdint>
-#include <string>
+#include <filesystem>
 #include <vector>
 
 namespace qz7 {
@@ -14,6 +14,6 @@ struct Input {
 };
 
 // The file, or standard input for "-"; at most 64 MiB.
-Input ReadInput(const std::string& path);
+Input ReadInput(const std::filesystem::path& path);
 
 }  // namespace qz7

@@ -2,6 +2,7 @@
 #include <memory>
 
 #include "core/files/csv_export.h"
+#include "core/files/paths.h"
 #include "core/files/seams.h"
 #include "core/image/derived_tables.h"
 #include "core/interchange/import.h"
@@ -13,8 +14,8 @@
 namespace qz7 {
 namespace {
 
-std::string TitleOf(const std::string& path) {
-  return path == "-" ? "standard input" : path.substr(path.find_last_of("/\\") + 1);
+std::string TitleOf(const std::filesystem::path& path) {
+  return path == "-" ? "standard input" : PathText(NamePart(path));
 }
 
 void RefuseList(const std::string& message) {
@@ -22,7 +23,7 @@ void RefuseList(const std::string& message) {
 }
 
 // The bytes of a list to import, or nothing after the message that the program has for it.
-std::optional<std::vector<std::uint8_t>> ReadList(const std::string& path) {
+std::optional<std::vector<std::uint8_t>> ReadList(const std::filesystem::path& path) {
   Input list = ReadInput(path);
   if (list.state == Input::State::kCannotOpen) {
     RefuseList("Error opening file: " + TitleOf(path));
@@ -35,7 +36,7 @@ std::optional<std::vector<std::uint8_t>> ReadList(const std::string& path) {
   return std::move(list.bytes);
 }
 
-bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::string& path) {
+bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::filesystem::path& path) {
   const MessagesAbout messages(path);
   return path == "-" ? ReadMergeSource(source, working_copy, std::cin, "standard input")
                      : ReadMergeSource(source, working_copy, path);
@@ -43,7 +44,7 @@ bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::string
 
 }  // namespace
 
-int ExportCommand(const std::string& file, const std::string& out) {
+int ExportCommand(const std::filesystem::path& file, const std::filesystem::path& out) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
@@ -56,7 +57,8 @@ int ExportCommand(const std::string& file, const std::string& out) {
   return kDone;
 }
 
-int ImportCommand(const std::string& file, const std::string& out, const ImportRequest& request) {
+int ImportCommand(const std::filesystem::path& file, const std::filesystem::path& out,
+                  const ImportRequest& request) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
@@ -85,8 +87,8 @@ int ImportCommand(const std::string& file, const std::string& out, const ImportR
   return kDone;
 }
 
-int MergeCommand(const std::string& file, const std::string& source, const std::string& out,
-                 MergeOptions options, std::optional<int> start) {
+int MergeCommand(const std::filesystem::path& file, const std::filesystem::path& source,
+                 const std::filesystem::path& out, MergeOptions options, std::optional<int> start) {
   CloneImage image;
   if (!LoadOneDocument(image, file)) {
     return kFailed;

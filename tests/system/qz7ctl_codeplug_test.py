@@ -1,7 +1,10 @@
 #!/usr/bin/env python3
 """The document as JSON, from outside: qz7ctl_codeplug_test.py FOLDER_OF_THE_PROGRAMS"""
 import json
+import os
 import random
+import shutil
+import subprocess
 import sys
 import unittest
 
@@ -154,6 +157,57 @@ class Apply(Codeplug):
         self.new("a.rdf")
         for patch in (None, "x", 1, []):
             self.assertEqual(self.apply("a.rdf", patch, "b.rdf")[0], 1, patch)
+
+
+class Json(Codeplug):
+    def setUp(self):
+        super().setUp()
+        self.new("a.rdf", {10450: 7})
+        self.ok("set", "a.rdf", "a.rdf", "1", "comment=\u00b1")
+        self.ok("set", "a.rdf", "b.rdf", "1", "shift=minus", "name=A\u00c4", "comment=", "tone=88.5",
+                "tone-mode=Tone Encode")
+        self.write_bytes("b.rdf", patched(self.read_bytes("b.rdf"), {10203: 2, 10450: 8}))
+
+    def test_show_tells_the_fields(self):
+        told = json.loads(self.ok("show", "b.rdf", "1", "--json"))
+        lines = [f"{name}={value}" for name, value in told.items()]
+        self.assertEqual(lines, self.ok("show", "b.rdf", "1").splitlines())
+
+    def test_rows_tell_the_columns_by_name(self):
+        rows = json.loads(self.ok("rows", "b.rdf", "--json"))
+        self.assertEqual(len(rows), 240)
+        self.assertEqual(rows[0], {"channel": "1", "rx": "145.0000", "shift": "-", "tone": "E",
+                                   "skip": "", "masked": "", "power": "H", "name": "A\u00c4"})
+        self.assertEqual((rows[1], rows[220]), ({"channel": "2"}, {"channel": "L1"}))
+
+    def test_differences_are_told_one_by_one(self):
+        status, out, _ = self.ctl("diff", "a.rdf", "b.rdf", "--json")
+        told = json.loads(out)
+        self.assertEqual(status, 1)
+        self.assertEqual(len(told), len(self.ctl("diff", "a.rdf", "b.rdf")[1].splitlines()))
+        self.assertIn({"what": "channel 1", "field": "comment", "a": "\u00b1", "b": ""}, told)
+        self.assertIn({"what": "Lamp", "a": "5 Second", "b": "Toggle"}, told)
+        self.assertIn({"what": "byte 10450", "a": "0x07", "b": "0x08"}, told)
+        self.assertEqual(self.ctl("diff", "a.rdf", "a.rdf", "--json")[:2], (0, "[]\n"))
+
+
+@unittest.skipUnless(shutil.which("git"), "git is not installed")
+class VersionControl(Codeplug):
+    def test_git_shows_what_has_changed_by_name(self):
+        program = os.path.join(self.programs, "qz7ctl")
+
+        def git(*arguments):
+            return subprocess.run(["git", "-c", f"diff.qz7.textconv={program} dump", *arguments],
+                                  cwd=self.folder, check=True, capture_output=True,
+                                  text=True).stdout
+
+        self.new("a.rdf")
+        git("init", "-q")
+        self.write_bytes(".gitattributes", b"*.rdf diff=qz7\n")
+        git("add", "a.rdf")
+        self.apply("a.rdf", {"settings": {"lamp": "Key"}}, "a.rdf")
+        changed = [line for line in git("diff", "a.rdf").splitlines() if line[0] in "+-"]
+        self.assertEqual(changed[2:], ['-    "lamp": "5 Second",', '+    "lamp": "Key",'])
 
 
 if __name__ == "__main__":
