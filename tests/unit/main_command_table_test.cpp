@@ -15,9 +15,12 @@ struct RanCommand {
   bool operator==(const RanCommand&) const = default;
 };
 std::vector<RanCommand> runs;
-bool collected = false;
+std::unique_ptr<Document> document;
 
-void Record(int id) { runs.push_back({id, collected}); }
+constexpr std::size_t kControl = 10240;
+bool IsCollected() { return document->image[kControl] == 3; }
+
+void Record(int id) { runs.push_back({id, IsCollected()}); }
 
 constexpr Command kTestCommands[] = {
     {7, false, Record},
@@ -29,11 +32,10 @@ class CommandTable : public testing::Test {
  protected:
   CommandTable() {
     runs.clear();
-    collected = false;
-    test_seams.controls = [](CloneImage&) { collected = true; };
+    document = std::make_unique<Document>();
+    test_seams.controls = [](CloneImage& image) { image[kControl] = 3; };
   }
   bool RunId(int id) { return RunCommand(kTestCommands, *document, id); }
-  std::unique_ptr<Document> document = std::make_unique<Document>();
 };
 
 TEST_F(CommandTable, CollectsTheMainDialogBeforeACommandThatWantsIt) {
@@ -58,7 +60,7 @@ TEST_F(CommandTable, DoesNothingForAnIdThatIsNone) {
     EXPECT_FALSE(RunId(id)) << id;
   }
   EXPECT_TRUE(runs.empty());
-  EXPECT_FALSE(collected);
+  EXPECT_FALSE(IsCollected());
 }
 
 }  // namespace
