@@ -17,6 +17,8 @@ struct Arguments {
   std::filesystem::path out;
   std::vector<std::filesystem::path> written;  // the files that are to be written, as named
   std::filesystem::path compare_file;
+  std::filesystem::path codeplug;  // the document, or what to change in it, as JSON
+  std::filesystem::path json_out;
   int channel = 0;
   bool json = false;
   bool dry_run = false;
@@ -39,6 +41,7 @@ void AddFileCommands(CLI::App& program, Arguments& args);
 void AddPortCommands(CLI::App& program, Arguments& args);
 void AddEditCommands(CLI::App& program, Arguments& args);
 void AddInterchangeCommands(CLI::App& program, Arguments& args);
+void AddCodeplugCommands(CLI::App& program, Arguments& args);
 
 // Adds an argument or an option that names a file.
 CLI::Option* AddPath(CLI::App* sub, const char* name, std::filesystem::path& target,

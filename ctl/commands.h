@@ -15,10 +15,10 @@ namespace qz7 {
 
 int NewCommand(const std::filesystem::path& out);
 int InfoCommand(const std::filesystem::path& file, bool json);
-int RowsCommand(const std::filesystem::path& file);
+int RowsCommand(const std::filesystem::path& file, bool json);
 int ListCommand(const std::filesystem::path& file);
-int ShowCommand(const std::filesystem::path& file, int n);
-int DiffCommand(const std::filesystem::path& a, const std::filesystem::path& b);
+int ShowCommand(const std::filesystem::path& file, int n, bool json);
+int DiffCommand(const std::filesystem::path& a, const std::filesystem::path& b, bool json);
 
 // Edits channel n with the channel editor, and moves channels with the memory list.
 int SetCommand(const std::filesystem::path& file, const std::filesystem::path& out, int n,
@@ -32,6 +32,16 @@ int ImportCommand(const std::filesystem::path& file, const std::filesystem::path
                   const ImportRequest& request);
 int MergeCommand(const std::filesystem::path& file, const std::filesystem::path& source,
                  const std::filesystem::path& out, MergeOptions options, std::optional<int> start);
+
+// The document as JSON; "-" and nothing are standard output. And back, on top of `base` where that
+// is named: everything that is wrong is told, and nothing is written then.
+int DumpCommand(const std::filesystem::path& file, const std::filesystem::path& out);
+int BuildCommand(const std::filesystem::path& codeplug, const std::filesystem::path& out,
+                 const std::filesystem::path& base);
+int ApplyCommand(const std::filesystem::path& file, const std::filesystem::path& patch,
+                 const std::filesystem::path& out);
+
+int SchemaCommand();
 
 int PortsCommand();
 

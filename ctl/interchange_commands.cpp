@@ -1,8 +1,5 @@
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <memory>
-#include <system_error>
 
 #include "core/files/csv_export.h"
 #include "core/files/paths.h"
@@ -12,6 +9,7 @@
 #include "core/interchange/merge_dialog_rules.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
+#include "ctl/input.h"
 
 namespace qz7 {
 namespace {
@@ -20,42 +18,22 @@ std::string TitleOf(const std::filesystem::path& path) {
   return path == "-" ? "standard input" : PathText(NamePart(path));
 }
 
-constexpr std::size_t kLargestList = 64U << 20;
-
 void RefuseList(const std::string& message) {
   ShowMessage(message, "File error", Buttons::kOk, Icon::kStop);
 }
 
-// All of it, but no more than tells that it is too large.
-std::vector<std::uint8_t> ReadBytes(std::istream& in) {
-  constexpr std::size_t kPiece = 1U << 16;
-  std::vector<std::uint8_t> bytes;
-  while (in && bytes.size() <= kLargestList) {
-    const std::size_t used = bytes.size();
-    bytes.resize(used + kPiece);
-    in.read(reinterpret_cast<char*>(bytes.data() + used), kPiece);
-    bytes.resize(used + static_cast<std::size_t>(in.gcount()));
-  }
-  return bytes;
-}
-
 // The bytes of a list to import, or nothing after the message that the program has for it.
 std::optional<std::vector<std::uint8_t>> ReadList(const std::filesystem::path& path) {
-  std::ifstream file;
-  std::error_code error;
-  if (path != "-" && !std::filesystem::is_directory(SystemPath(path), error)) {
-    file = OpenToRead(path);
-  }
-  if (path != "-" && !file.is_open()) {
+  Input list = ReadInput(path);
+  if (list.state == Input::State::kCannotOpen) {
     RefuseList("Error opening file: " + TitleOf(path));
     return std::nullopt;
   }
-  std::vector<std::uint8_t> bytes = ReadBytes(path == "-" ? std::cin : file);
-  if (bytes.size() > kLargestList) {
+  if (list.state == Input::State::kTooLarge) {
     RefuseList("Out of memory");
     return std::nullopt;
   }
-  return bytes;
+  return std::move(list.bytes);
 }
 
 bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::filesystem::path& path) {
