@@ -60,7 +60,7 @@ int ExportCommand(const std::filesystem::path& file, const std::filesystem::path
 int ImportCommand(const std::filesystem::path& file, const std::filesystem::path& out,
                   const ImportRequest& request) {
   CloneImage image;
-  if (!LoadDocument(image, file)) {
+  if (!LoadOneDocument(image, file)) {
     return kFailed;
   }
   const auto bytes = ReadList(request.options.path);
