@@ -23,7 +23,6 @@ class PassingPort : public SerialPort {
   unsigned LineErrors() override { return port_.LineErrors(); }
   void Purge(Queues queues) override { port_.Purge(queues); }
   void RestartEvents() override { port_.RestartEvents(); }
-  std::size_t UnsentBytes() override { return port_.UnsentBytes(); }
   bool WaitForInput(std::size_t bytes, int milliseconds) override {
     return port_.WaitForInput(bytes, milliseconds);
   }

@@ -204,7 +204,7 @@ std::size_t BytesAwaited(const CloneRead& read) {
 }
 
 void NotifyCloneRead(CloneRead& read, SerialPort& port) {
-  while (IsRunning(read, port) && StepCloneRead(read, port)) {
+  while (HasTurn(read) && IsRunning(read, port) && StepCloneRead(read, port)) {
   }
 }
 

@@ -224,7 +224,7 @@ std::size_t BytesAwaited(const CloneWrite& write) {
 }
 
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port) {
-  while (IsRunning(write, port) && write.phase != CloneWrite::kFinished &&
+  while (HasTurn(write) && IsRunning(write, port) && write.phase != CloneWrite::kFinished &&
          StepCloneWrite(write, port)) {
   }
 }

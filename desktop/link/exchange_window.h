@@ -7,6 +7,7 @@
 
 #include "core/link/exchange.h"
 #include "core/link/serial_port.h"
+#include "core/link/tick_clock.h"
 #include "desktop/link/meter_bar.h"
 
 namespace qz7 {
@@ -22,7 +23,7 @@ struct ExchangeWindow {
   std::function<void(HWND)> show = {};  // shows what the exchange allows now
   HWND dialog = nullptr;
   bool timer_runs = false;
-  int timed_count = 0;  // the meter's count when the timer was started
+  TickClock clock = {};
   MeterBar shown_bar = {};
 };
 
