@@ -181,6 +181,15 @@ void PrintLinesOn(const ChosenPrinter& chosen, const std::vector<std::string>& l
 
 }  // namespace
 
+PRINTDLGA MakePrintBox(HWND owner) {
+  PRINTDLGA box{};
+  box.lStructSize = sizeof box;
+  box.hwndOwner = owner;
+  box.Flags = PD_RETURNDC | PD_NOSELECTION | PD_NOPAGENUMS | PD_COLLATE;
+  box.nCopies = 1;
+  return box;
+}
+
 bool HandleMessagesWhilePrinting(PrintJob& job, HWND progress) {
   MSG message;
   while (!job.aborted && PeekMessageA(&message, nullptr, 0, 0, PM_REMOVE)) {

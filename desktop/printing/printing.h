@@ -1,6 +1,8 @@
 #pragma once
 
 #include <windows.h>
+// Behind <windows.h>.
+#include <commdlg.h>
 
 #include <optional>
 
@@ -18,8 +20,10 @@ struct ChosenPrinter {
   HGLOBAL names = nullptr;
 };
 
-// The system's print box, offering one copy, collation, no selection and no page range; nothing
-// when the user cancels. Defined by each program, as the other boxes are.
+// The system's print box: one copy, collated, no selection and no page range; it gives a device.
+PRINTDLGA MakePrintBox(HWND owner);
+
+// Shows that box; nothing when the user cancels. Defined by each program, as the other boxes are.
 std::optional<ChosenPrinter> ShowPrintBox();
 
 // Handles the messages that wait, those of the progress dialog as a dialog's, until the job is

@@ -93,6 +93,7 @@ class ReadFaults(FaultTest):
     def waits_for_cancel(self, fault, said):
         dialog = self.begin_read(fault)
         self.connected.wait_until_said(said)
+        self.connected.wait_until_taken()
         self.assert_waits_for_cancel(dialog)
         self.cancel(dialog)
         self.assert_new_document()

@@ -90,6 +90,15 @@ class Radio:
   def wait_until_said(self, text):
     wait_for(lambda: text in self.said(), "the radio to say: " + text)
 
+  def wait_until_taken(self):
+    """Until the program has read all that the radio has sent so far."""
+    port = os.open(self.terminal, os.O_RDONLY | os.O_NOCTTY | os.O_NONBLOCK)
+    try:
+      # Asking brings what is on its way into the queue, so that nothing there means read.
+      wait_for(lambda: not select.select([port], [], [], 0)[0], "the program to read")
+    finally:
+      os.close(port)
+
   def status(self):
     return self.process.wait(PATIENCE)
 

@@ -79,7 +79,8 @@ class AboutTest : public WindowTest {
   // A program file without a version record.
   std::string PutProgram(const std::string& name) {
     const std::string path = folder.File(name);
-    EXPECT_TRUE(CopyFileA(BesideProgram("qz732.dll").c_str(), path.c_str(), FALSE));
+    EXPECT_TRUE(
+        CopyFileW(BesideProgram("qz732.dll").c_str(), std::filesystem::path(path).c_str(), FALSE));
     return path;
   }
   std::string PutProgram(const std::string& name, const Record& record) {
@@ -141,7 +142,7 @@ TEST_F(AboutTest, TheLicenceThatItNamesLiesBesideTheProgram) {
   const auto texts = ReadVersionTexts(BesideProgram("qz7.exe"));
   ASSERT_TRUE(texts);
   EXPECT_NE(texts->legal.find("LICENSE"), std::string::npos);
-  EXPECT_NE(GetFileAttributesA(BesideProgram("LICENSE").c_str()), INVALID_FILE_ATTRIBUTES);
+  EXPECT_NE(GetFileAttributesW(BesideProgram("LICENSE").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST_F(AboutTest, ShowsTheProgramsIcon) {

@@ -46,6 +46,16 @@ class PrintingDialog : public WindowTest {
   }
 };
 
+TEST_F(PrintingDialog, IsPrecededByABoxForOneCollatedCopyOfEverything) {
+  const PRINTDLGA box = MakePrintBox(app.main_window);
+  EXPECT_EQ(box.hwndOwner, app.main_window);
+  EXPECT_EQ(box.nCopies, 1);
+  EXPECT_EQ(box.Flags,
+            static_cast<DWORD>(PD_RETURNDC | PD_COLLATE | PD_NOSELECTION | PD_NOPAGENUMS));
+  EXPECT_EQ(box.lStructSize, sizeof(PRINTDLGA));
+  EXPECT_EQ(box.hDevMode, nullptr);
+}
+
 TEST_F(PrintingDialog, DoesNotComeWhenTheUserCancelsThePrintBox) {
   RunCommand(CM_PRINT);
   EXPECT_EQ(print_boxes, 1);

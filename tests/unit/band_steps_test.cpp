@@ -156,6 +156,18 @@ TEST(StepList, FollowsTheBandsOfTheOtherRegions) {
                      {9'990'000, false}});
 }
 
+// There the 6m band reaches up to 88 MHz, where FM begins.
+TEST(StepList, IsShortInAllOfThe6mBandOfTheLaterSubVariants) {
+  const RegionGuard guard({.variant = Variant::kTwo, .sub_variant = 4});
+  ExpectListBorders({{480'000, true},
+                     {1'080'001, false},
+                     {2'500'000, true},
+                     {3'000'000, false},
+                     {5'800'000, true},
+                     {9'990'001, false}});
+  EXPECT_EQ(ListText(820'000, 1), kShortList);
+}
+
 TEST(OffsetChoices, AreTheUsualSix) {
   const std::vector<std::string> choices(kOffsetChoices.begin(), kOffsetChoices.end());
   EXPECT_EQ(choices,

@@ -161,6 +161,29 @@ TEST(PrintTextBuffer, KeepsFewerThan100SpareBytesAtTheEnd) {
   EXPECT_EQ(shorter.used, shorter.size);
 }
 
+TEST(PrintTextBuffer, GrowsForItsEndAloneAndIsCutAgain) {
+  PrintText text = StartPrintText();
+  AppendLine(text, std::string(2496, 'a'));
+  AppendLine(text, std::string(2495, 'a'));
+  AppendLine(text, "");
+  FinishPrintText(text);
+  EXPECT_FALSE(text.discarded);
+  EXPECT_EQ(5002U, text.size);
+  EXPECT_EQ(0xFFFF, ReadU16(text.block.get() + 5000));
+  EXPECT_EQ(3U, PrintLines(text).size());
+}
+
+TEST(PrintTextBuffer, IsDiscardedWhenItsEndWouldMakeIt60000Bytes) {
+  PrintText text = StartPrintText();
+  for (int i = 0; i < 23; ++i) {
+    AppendLine(text, std::string(2496, 'a'));
+  }
+  AppendLine(text, std::string(57'499 - text.used - 3, 'a'));
+  EXPECT_EQ(57'499U, text.used);
+  FinishPrintText(text);
+  EXPECT_TRUE(text.discarded);
+}
+
 TEST(PrintTextBuffer, RefusesALineOf2497Characters) {
   PrintText text = StartPrintText();
   AppendLine(text, std::string(2496, 'a'));
