@@ -33,7 +33,11 @@ int ImportCommand(const std::filesystem::path& file, const std::filesystem::path
 int MergeCommand(const std::filesystem::path& file, const std::filesystem::path& source,
                  const std::filesystem::path& out, MergeOptions options, std::optional<int> start);
 
-int PortsCommand();
+struct PortsOptions {
+  bool json = false;
+  bool probe = false;  // open each, to see whether it is free
+};
+int PortsCommand(const PortsOptions& options);
 
 struct PortOptions {
   std::string port;

@@ -2,6 +2,7 @@
 
 #include <csignal>
 
+#include "core/link/silence.h"
 #include "core/link/tick_clock.h"
 #include "ctl/console.h"
 #include "ctl/progress_bar.h"
@@ -56,16 +57,30 @@ void BringOn(AnyExchange& exchange, SerialPort& port, TickClock& clock,
   }
 }
 
+// Tells once what an exchange has waited for too long.
+template <typename AnyExchange>
+void NoteSilence(Silence& silence, const AnyExchange& exchange, ProgressBar& bar, bool& told) {
+  const std::string note = silence.Note(exchange, AwaitedBy(exchange));
+  if (!note.empty() && !told) {
+    bar.Finish();
+    PrintError(note + " Ctrl-C gives up.");
+    told = true;
+  }
+}
+
 // Brings an exchange its bytes and its 10 ms ticks.
 template <typename AnyExchange>
 bool Run(AnyExchange& exchange, SerialPort& port, const std::string& device,
          const Steps<AnyExchange>& steps) {
   ProgressBar bar(IsErrorTerminal());
   TickClock clock;
+  Silence silence;
+  bool told = false;
   std::string reason;
   while (!exchange.ended && reason.empty()) {
     BringOn(exchange, port, clock, steps);
     bar.Show(exchange.meter);
+    NoteSilence(silence, exchange, bar, told);
     if (exchange.question) {
       bar.Finish();
       reason = AnswerQuestion(exchange, port, steps);

@@ -13,6 +13,7 @@ endforeach()
 qz7_test(console_program 900 python3 ${system}/qz7ctl_test.py ${programs})
 qz7_test(console_editing 600 python3 ${system}/qz7ctl_edit_test.py ${programs})
 qz7_test(exchange_faults 900 python3 ${system}/faults_test.py ${programs})
+qz7_test(random_exchanges 600 python3 ${system}/random_exchanges_test.py ${programs})
 qz7_test(help 300 python3 ${CMAKE_CURRENT_SOURCE_DIR}/help/help_test.py ${programs} ${programs})
 qz7_test(installed_native 120 python3 ${CMAKE_CURRENT_SOURCE_DIR}/install_test.py
   ${CMAKE_BINARY_DIR})

@@ -93,11 +93,14 @@ std::size_t WriteBytesOneByOne(SerialPort& port, std::span<const std::uint8_t> b
 
 struct PortInfo {
   std::string name;
-  std::string description;
-  PortStatus status;  // kOpen: free
+  std::string description;  // the system's, in UTF-8
+  PortStatus status;        // kOpen: free
 };
 
-// The serial ports of this machine, by name.
+// The serial ports of this machine, by name, as the system tells of them. No port is opened, which
+// would move its lines, so that a port may be busy without being known for it.
 std::vector<PortInfo> ListSerialPorts();
+// Opens each port that seems free, and closes it again.
+void ProbePorts(std::vector<PortInfo>& ports);
 
 }  // namespace qz7

@@ -38,8 +38,19 @@ void FollowMeter(ExchangeWindow& window) {
   }
 }
 
+// What has been waited for too long stands below the meter until it comes.
+void FollowSilence(ExchangeWindow& window) {
+  const bool runs = IsRunning(window.exchange, window.port);
+  const std::string note = window.silence.Note(window.exchange, runs ? window.awaited() : "");
+  if (note != window.shown_note) {
+    window.shown_note = note;
+    SetDlgItemTextA(window.dialog, ID_AWAITED, note.c_str());
+  }
+}
+
 void FollowExchange(ExchangeWindow& window) {
   FollowTimer(window);
+  FollowSilence(window);
   FollowMeter(window);
   if (window.show) {
     window.show(window.dialog);

@@ -7,6 +7,7 @@
 
 #include "core/link/exchange.h"
 #include "core/link/serial_port.h"
+#include "core/link/silence.h"
 #include "core/link/tick_clock.h"
 #include "desktop/link/meter_bar.h"
 
@@ -17,13 +18,16 @@ namespace qz7 {
 struct ExchangeWindow {
   SerialPort& port;
   Exchange& exchange;
-  std::function<void()> tick;           // one tick of the timer
-  std::function<void()> notify;         // bytes have come
-  std::function<void(Answer)> answer;   // of the question that a step has left
-  std::function<void(HWND)> show = {};  // shows what the exchange allows now
+  std::function<void()> tick;            // one tick of the timer
+  std::function<void()> notify;          // bytes have come
+  std::function<void(Answer)> answer;    // of the question that a step has left
+  std::function<std::string()> awaited;  // what the exchange waits for at present
+  std::function<void(HWND)> show = {};   // shows what the exchange allows now
   HWND dialog = nullptr;
   bool timer_runs = false;
   TickClock clock = {};
+  Silence silence = {};
+  std::string shown_note = {};
   MeterBar shown_bar = {};
 };
 

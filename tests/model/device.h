@@ -65,6 +65,7 @@ class Device {
   std::vector<std::uint8_t> left;  // what the program has sent, whole
   Time last_stop_bit = 0;
   std::vector<LineState> lines;
+  unsigned pending_at_close = 0;  // operations that a closed handle still had in hand
   unsigned bytes_cut = 0;  // bytes that were on their way when the lines dropped or the port closed
 
   // The radio's side: the byte starts now.

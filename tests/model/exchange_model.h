@@ -60,6 +60,7 @@ class ExchangeModel : public testing::Test {
   ~ExchangeModel() override {
     port_.reset();
     EXPECT_EQ(OpenObjects(), 0U);
+    EXPECT_EQ(TheDevice().pending_at_close, 0U);
     EXPECT_EQ(RunningTimers(), 0U);
   }
 

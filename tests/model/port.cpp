@@ -17,6 +17,7 @@ Port::Port(Device& device) : device_(device) { device.port_ = this; }
 
 Port::~Port() {
   for (Slot* slot : {&wait_, &read_, &write_}) {
+    device_.pending_at_close += *slot ? 1 : 0;
     End(*slot, ERROR_OPERATION_ABORTED);
   }
   device_.bytes_cut += static_cast<unsigned>(OnTheirWay());
