@@ -33,11 +33,12 @@ def main():
     try:
         help_topics = read_help(source)
         by_stem = {topic.stem: topic for topic in help_topics.topics}
+        title = f"{TITLE} {version}"
         seconds = source_seconds(help_topics)
         date = time.strftime("%Y-%m-%d", time.gmtime(seconds))
         os.makedirs(output, exist_ok=True)
-        write(output, "qz7.html", write_page(help_topics, TITLE).encode("utf-8"))
-        write(output, "qz7.hlp", write_hlp(help_topics, TITLE, seconds))
+        write(output, "qz7.html", write_page(help_topics, title).encode("utf-8"))
+        write(output, "qz7.hlp", write_hlp(help_topics, title, seconds))
         for name in MAN_PAGES:
             write(output, f"{name}.1", write_man_page(by_stem[name], version, date).encode("utf-8"))
     except HelpError as error:
