@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <utility>
 
 #include "desktop/about_dialog.h"
@@ -76,26 +77,20 @@ constexpr const char* kGermanKey = "040704E4";
 
 class AboutTest : public WindowTest {
  protected:
-  // A program file without a version record.
-  std::string PutProgram(const std::string& name) {
+  // A program file with that version record and no other resource.
+  std::string PutProgram(const std::string& name, const std::optional<Record>& record = {}) {
     const std::string path = folder.File(name);
     EXPECT_TRUE(CopyFileA(BesideProgram("qz732.dll").c_str(), path.c_str(), FALSE));
-    PutRecord(path, MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_US), nullptr, 0);
-    return path;
-  }
-  std::string PutProgram(const std::string& name, const Record& record) {
-    const std::string path = PutProgram(name);
-    PutRecord(path, MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL), record.data(), record.size());
-    return path;
-  }
-  // Without data it takes the record of that language away.
-  static void PutRecord(const std::string& path, WORD language, const std::uint8_t* data,
-                        std::size_t size) {
-    const HANDLE update = BeginUpdateResourceA(path.c_str(), FALSE);
+    const HANDLE update = BeginUpdateResourceA(path.c_str(), TRUE);
     EXPECT_NE(update, nullptr);
-    EXPECT_TRUE(UpdateResourceA(update, RT_VERSION, MAKEINTRESOURCEA(VS_VERSION_INFO), language,
-                                const_cast<std::uint8_t*>(data), static_cast<DWORD>(size)));
+    if (record) {
+      EXPECT_TRUE(UpdateResourceA(update, RT_VERSION, MAKEINTRESOURCEA(VS_VERSION_INFO),
+                                  MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL),
+                                  const_cast<std::uint8_t*>(record->data()),
+                                  static_cast<DWORD>(record->size())));
+    }
     EXPECT_TRUE(EndUpdateResourceA(update, FALSE));
+    return path;
   }
 
   // The fields that the box shows of a program file, in their order on the dialog.
