@@ -25,6 +25,10 @@ Answer ShowMessage(const std::string& text, const std::string& /*caption*/, Butt
   return Answer::kCancel;
 }
 
+std::string PathText(const std::filesystem::path& path) { return path.string(); }
+
+std::string ShownText(std::string_view bytes) { return std::string(bytes); }
+
 std::uint32_t CurrentTimeSeconds() { return 1; }
 
 namespace {

@@ -78,6 +78,10 @@ function(qz7_library name)
   add_library(${name} STATIC ${lib_SOURCES})
   target_link_libraries(${name} PUBLIC ${lib_LINKS} PRIVATE qz7_options)
   target_include_directories(${name} PUBLIC ${CMAKE_SOURCE_DIR})
+  if(QZ7_FUZZ)
+    # Run millions of times, while a test runs it once.
+    target_compile_options(${name} PRIVATE -O2)
+  endif()
 endfunction()
 
 # The file of a folder that belongs to the platform: NAME_posix.cpp or NAME_win32.cpp.

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <CLI/CLI.hpp>
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <vector>
@@ -11,11 +12,11 @@ namespace qz7 {
 
 // What the command line fills; one command runs, so that one set serves all of them.
 struct Arguments {
-  std::string file;
-  std::string second_file;
-  std::string out;
-  std::vector<std::string> written;  // the files that are to be written, as named
-  std::string compare_file;
+  std::filesystem::path file;
+  std::filesystem::path second_file;
+  std::filesystem::path out;
+  std::vector<std::filesystem::path> written;  // the files that are to be written, as named
+  std::filesystem::path compare_file;
   int channel = 0;
   bool json = false;
   bool dry_run = false;
@@ -39,8 +40,12 @@ void AddPortCommands(CLI::App& program, Arguments& args);
 void AddEditCommands(CLI::App& program, Arguments& args);
 void AddInterchangeCommands(CLI::App& program, Arguments& args);
 
+// Adds an argument or an option that names a file.
+CLI::Option* AddPath(CLI::App* sub, const char* name, std::filesystem::path& target,
+                     const char* does);
 // Adds the argument that names the file to write, and --yes.
-CLI::Option* AddOutput(CLI::App* sub, Arguments& args, const char* name, std::string& target);
+CLI::Option* AddOutput(CLI::App* sub, Arguments& args, const char* name,
+                       std::filesystem::path& target);
 // False after telling which file would be replaced without --yes. One that is read, too, may be.
 bool MayWriteOutputs(const Arguments& args);
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <utility>
@@ -12,39 +13,41 @@ namespace qz7 {
 
 // Each command returns the program's exit status. What is wrong has been told on standard error.
 
-int NewCommand(const std::string& out);
-int InfoCommand(const std::string& file, bool json);
-int RowsCommand(const std::string& file);
-int ListCommand(const std::string& file);
-int ShowCommand(const std::string& file, int n);
-int DiffCommand(const std::string& a, const std::string& b);
+int NewCommand(const std::filesystem::path& out);
+int InfoCommand(const std::filesystem::path& file, bool json);
+int RowsCommand(const std::filesystem::path& file);
+int ListCommand(const std::filesystem::path& file);
+int ShowCommand(const std::filesystem::path& file, int n);
+int DiffCommand(const std::filesystem::path& a, const std::filesystem::path& b);
 
 // Edits channel n with the channel editor, and moves channels with the memory list.
-int SetCommand(const std::string& file, const std::string& out, int n,
+int SetCommand(const std::filesystem::path& file, const std::filesystem::path& out, int n,
                const std::vector<std::pair<std::string, std::string>>& values);
-int MoveCommand(const std::string& file, const std::string& out, const std::string& how, int n);
+int MoveCommand(const std::filesystem::path& file, const std::filesystem::path& out,
+                const std::string& how, int n);
 
-int ExportCommand(const std::string& file, const std::string& out);
+int ExportCommand(const std::filesystem::path& file, const std::filesystem::path& out);
 // The list is `request.options.path`; "-" is standard input.
-int ImportCommand(const std::string& file, const std::string& out, const ImportRequest& request);
-int MergeCommand(const std::string& file, const std::string& source, const std::string& out,
-                 MergeOptions options, std::optional<int> start);
+int ImportCommand(const std::filesystem::path& file, const std::filesystem::path& out,
+                  const ImportRequest& request);
+int MergeCommand(const std::filesystem::path& file, const std::filesystem::path& source,
+                 const std::filesystem::path& out, MergeOptions options, std::optional<int> start);
 
 int PortsCommand();
 
 struct PortOptions {
   std::string port;
-  std::string trace;  // empty: none
+  std::filesystem::path trace;  // empty: none
 };
-int ReadCommand(const PortOptions& options, const std::string& out);
-int CompareCommand(const PortOptions& options, const std::string& file);
-int TemplateCommand(const PortOptions& options, const std::string& out);
+int ReadCommand(const PortOptions& options, const std::filesystem::path& out);
+int CompareCommand(const PortOptions& options, const std::filesystem::path& file);
+int TemplateCommand(const PortOptions& options, const std::filesystem::path& out);
 
 struct WriteOptions : PortOptions {
-  std::string template_file;
+  std::filesystem::path template_file;
   int gap_milliseconds = 0;
 };
-int WriteCommand(const WriteOptions& options, const std::string& file);
-int DryRunCommand(const WriteOptions& options, const std::string& file);
+int WriteCommand(const WriteOptions& options, const std::filesystem::path& file);
+int DryRunCommand(const WriteOptions& options, const std::filesystem::path& file);
 
 }  // namespace qz7

@@ -53,6 +53,17 @@ Answer ShowMessage(const std::string& text, const std::string& /*caption*/, Butt
   }
 }
 
+std::string PathText(const std::filesystem::path& path) {
+  const std::u8string text = path.u8string();
+  return {text.begin(), text.end()};
+}
+
+std::filesystem::path PathOfText(std::string_view text) {
+  return std::u8string(text.begin(), text.end());
+}
+
+std::string ShownText(std::string_view bytes) { return ToUtf8(bytes); }
+
 std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }
 
 void AnswerYes() { answer_yes = true; }
@@ -74,17 +85,17 @@ std::optional<std::string> BytesOfArgument(const std::string& name, const std::s
   return std::move(encoded.bytes);
 }
 
-MessagesAbout::MessagesAbout(const std::string& path) {
-  about = path == "-" ? kStandardInput : path;
+MessagesAbout::MessagesAbout(const std::filesystem::path& path) {
+  about = path == "-" ? kStandardInput : PathText(path);
 }
 MessagesAbout::~MessagesAbout() { about.clear(); }
 
-bool LoadOneDocument(CloneImage& image, const std::string& path) {
+bool LoadOneDocument(CloneImage& image, const std::filesystem::path& path) {
   const MessagesAbout messages(path);
   return LoadDocument(image, path);
 }
 
-bool LoadDocument(CloneImage& image, const std::string& path) {
+bool LoadDocument(CloneImage& image, const std::filesystem::path& path) {
   return path == "-" ? ReadRadioDataFile(image, std::cin, kStandardInput)
                      : ReadRadioDataFile(image, path);
 }
@@ -103,7 +114,7 @@ bool WriteToStandardOutput(const CloneImage& image) {
 
 }  // namespace
 
-bool SaveDocumentTo(CloneImage& image, const std::string& path) {
+bool SaveDocumentTo(CloneImage& image, const std::filesystem::path& path) {
   if (path != "-") {
     return WriteRadioDataFile(image, path);
   }
@@ -111,7 +122,7 @@ bool SaveDocumentTo(CloneImage& image, const std::string& path) {
   return WriteToStandardOutput(image);
 }
 
-bool SaveTemplateTo(CloneImage& image, const std::string& path) {
+bool SaveTemplateTo(CloneImage& image, const std::filesystem::path& path) {
   if (path != "-") {
     return WriteTemplateFile(image, path);
   }

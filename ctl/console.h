@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -32,20 +33,20 @@ void AnswerYes();
 // For as long as one lives, messages name this file: where a command has two, they tell of which.
 // A message that holds the name or says "Template file" is told as it is.
 struct MessagesAbout {
-  explicit MessagesAbout(const std::string& path);
+  explicit MessagesAbout(const std::filesystem::path& path);
   ~MessagesAbout();
   MessagesAbout(const MessagesAbout&) = delete;
   MessagesAbout& operator=(const MessagesAbout&) = delete;
 };
 
 // LoadDocument as one of two files.
-bool LoadOneDocument(CloneImage& image, const std::string& path);
+bool LoadOneDocument(CloneImage& image, const std::filesystem::path& path);
 
 // A document for reading and for writing; "-" is standard input and output. Both show their own
 // message and return false on failure.
-bool LoadDocument(CloneImage& image, const std::string& path);
-bool SaveDocumentTo(CloneImage& image, const std::string& path);
+bool LoadDocument(CloneImage& image, const std::filesystem::path& path);
+bool SaveDocumentTo(CloneImage& image, const std::filesystem::path& path);
 // The image as a template file, in the same way.
-bool SaveTemplateTo(CloneImage& image, const std::string& path);
+bool SaveTemplateTo(CloneImage& image, const std::filesystem::path& path);
 
 }  // namespace qz7

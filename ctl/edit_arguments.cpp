@@ -29,7 +29,7 @@ std::vector<std::pair<std::string, std::string>> SplitValues(
 
 void AddSet(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("set", "edits a channel and writes a new file");
-  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
   AddOutput(sub, args, "OUT.rdf", args.out)->required();
   sub->add_option("N", args.channel, "channel as in show")->required()->check(CheckSlot);
   sub->add_option("field=value", args.values,
@@ -45,7 +45,7 @@ void AddSet(CLI::App& program, Arguments& args) {
 void AddMove(CLI::App& program, Arguments& args) {
   CLI::App* sub =
       program.add_subcommand("move", "moves, clears, deletes or inserts a memory channel");
-  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
   AddOutput(sub, args, "OUT.rdf", args.out)->required();
   sub->add_option("HOW", args.how, "what the memory list does with the channel")
       ->required()

@@ -83,7 +83,7 @@ bool EditChannel(CloneImage& image, int n, const std::vector<NamedValue>& values
 
 }  // namespace
 
-int SetCommand(const std::string& file, const std::string& out, int n,
+int SetCommand(const std::filesystem::path& file, const std::filesystem::path& out, int n,
                const std::vector<std::pair<std::string, std::string>>& values) {
   const std::optional<std::vector<NamedValue>> encoded = EncodeValues(values);
   CloneImage image;
@@ -102,7 +102,8 @@ int SetCommand(const std::string& file, const std::string& out, int n,
   return SaveDocumentTo(image, out) ? kDone : kFailed;
 }
 
-int MoveCommand(const std::string& file, const std::string& out, const std::string& how, int n) {
+int MoveCommand(const std::filesystem::path& file, const std::filesystem::path& out,
+                const std::string& how, int n) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;

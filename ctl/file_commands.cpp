@@ -1,4 +1,3 @@
-#include <fstream>
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <sstream>
@@ -8,6 +7,7 @@
 #include "core/files/document_header.h"
 #include "core/files/file_inspection.h"
 #include "core/files/new_document.h"
+#include "core/files/paths.h"
 #include "core/files/radio_data_file.h"
 #include "core/files/seams.h"
 #include "core/image/channel_description.h"
@@ -87,33 +87,29 @@ std::stringstream BeginningOf(std::istream& file) {
   return std::stringstream(bytes, std::ios::in | std::ios::out | std::ios::binary);
 }
 
-std::string FileNameOf(const std::string& path) {
-  return path.substr(path.find_last_of("/\\") + 1);
-}
-
 }  // namespace
 
-int NewCommand(const std::string& out) {
+int NewCommand(const std::filesystem::path& out) {
   CloneImage image;
   MakeNewImage(image);
   return SaveDocumentTo(image, out) ? kDone : kFailed;
 }
 
-int InfoCommand(const std::string& file, bool json) {
+int InfoCommand(const std::filesystem::path& file, bool json) {
   if (file == "-") {
     std::stringstream bytes = BeginningOf(std::cin);
     return InspectAndPrint(bytes, "standard input", json);
   }
-  std::ifstream stream(file, std::ios::binary);
+  std::ifstream stream = OpenToRead(file);
   if (!stream) {
-    ShowFileError("Cannot open file:\n" + file);
+    ShowFileError("Cannot open file:\n" + PathText(file));
     return kFailed;
   }
   std::stringstream bytes = BeginningOf(stream);
-  return InspectAndPrint(bytes, file, json);
+  return InspectAndPrint(bytes, PathText(file), json);
 }
 
-int RowsCommand(const std::string& file) {
+int RowsCommand(const std::filesystem::path& file) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
@@ -124,11 +120,11 @@ int RowsCommand(const std::string& file) {
   return kDone;
 }
 
-int ListCommand(const std::string& file) {
+int ListCommand(const std::filesystem::path& file) {
   CloneImage image;
   PrintText text;
   if (!LoadDocument(image, file) ||
-      !BuildPrintText(image, FileNameOf(file), DtmfDisplay::kSymbols, kRegion, text)) {
+      !BuildPrintText(image, PathText(NamePart(file)), DtmfDisplay::kSymbols, kRegion, text)) {
     return kFailed;
   }
   // The heading holds the name of the file as it is; what follows is the radio's text.
@@ -140,7 +136,7 @@ int ListCommand(const std::string& file) {
   return kDone;
 }
 
-int ShowCommand(const std::string& file, int n) {
+int ShowCommand(const std::filesystem::path& file, int n) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
@@ -156,7 +152,7 @@ int ShowCommand(const std::string& file, int n) {
   return kDone;
 }
 
-int DiffCommand(const std::string& a, const std::string& b) {
+int DiffCommand(const std::filesystem::path& a, const std::filesystem::path& b) {
   CloneImage image_a;
   CloneImage image_b;
   if (!LoadOneDocument(image_a, a) || !LoadOneDocument(image_b, b)) {

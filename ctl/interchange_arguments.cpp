@@ -65,9 +65,8 @@ void FinishImport(Arguments& args, bool has_separator, bool has_quote, bool has_
 
 void AddImport(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("import", "imports a list of frequencies");
-  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
-  sub->add_option("LIST", args.import.options.path, "delimited text; - is standard input")
-      ->required();
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
+  AddPath(sub, "LIST", args.import.options.path, "delimited text; - is standard input")->required();
   AddOutput(sub, args, "OUT.rdf", args.out)->required();
   sub->add_option("--columns", args.columns,
                   "which column holds which field: rx=1,tx=2,offset=3,tone=4,skip=5,power=6,enc=7,"
@@ -94,9 +93,9 @@ void AddImport(CLI::App& program, Arguments& args) {
 void AddMerge(CLI::App& program, Arguments& args) {
   CLI::App* sub =
       program.add_subcommand("merge", "merges memory channels from another radio data file");
-  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
-  sub->add_option("SOURCE", args.second_file,
-                  "the file to merge from, of any model; - is standard input")
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
+  AddPath(sub, "SOURCE", args.second_file,
+          "the file to merge from, of any model; - is standard input")
       ->required();
   AddOutput(sub, args, "OUT.rdf", args.out)->required();
   CLI::Option* start =
@@ -124,7 +123,7 @@ void AddMerge(CLI::App& program, Arguments& args) {
 
 void AddExport(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("export", "writes the memory channels as CSV");
-  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
   AddOutput(sub, args, "OUT.csv", args.out)->required();
   sub->callback([&args] { args.run = [&args] { return ExportCommand(args.file, args.out); }; });
 }

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "core/files/csv_export.h"
+#include "core/files/paths.h"
 #include "core/files/seams.h"
 #include "core/image/derived_tables.h"
 #include "core/interchange/import.h"
@@ -15,8 +16,8 @@
 namespace qz7 {
 namespace {
 
-std::string TitleOf(const std::string& path) {
-  return path == "-" ? "standard input" : path.substr(path.find_last_of("/\\") + 1);
+std::string TitleOf(const std::filesystem::path& path) {
+  return path == "-" ? "standard input" : PathText(NamePart(path));
 }
 
 constexpr std::size_t kLargestList = 64U << 20;
@@ -39,11 +40,11 @@ std::vector<std::uint8_t> ReadBytes(std::istream& in) {
 }
 
 // The bytes of a list to import, or nothing after the message that the program has for it.
-std::optional<std::vector<std::uint8_t>> ReadList(const std::string& path) {
+std::optional<std::vector<std::uint8_t>> ReadList(const std::filesystem::path& path) {
   std::ifstream file;
   std::error_code error;
-  if (path != "-" && !std::filesystem::is_directory(path, error)) {
-    file.open(path, std::ios::binary);
+  if (path != "-" && !std::filesystem::is_directory(SystemPath(path), error)) {
+    file = OpenToRead(path);
   }
   if (path != "-" && !file.is_open()) {
     RefuseList("Error opening file: " + TitleOf(path));
@@ -57,7 +58,7 @@ std::optional<std::vector<std::uint8_t>> ReadList(const std::string& path) {
   return bytes;
 }
 
-bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::string& path) {
+bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::filesystem::path& path) {
   const MessagesAbout messages(path);
   return path == "-" ? ReadMergeSource(source, working_copy, std::cin, "standard input")
                      : ReadMergeSource(source, working_copy, path);
@@ -65,7 +66,7 @@ bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::string
 
 }  // namespace
 
-int ExportCommand(const std::string& file, const std::string& out) {
+int ExportCommand(const std::filesystem::path& file, const std::filesystem::path& out) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
@@ -78,7 +79,8 @@ int ExportCommand(const std::string& file, const std::string& out) {
   return kDone;
 }
 
-int ImportCommand(const std::string& file, const std::string& out, const ImportRequest& request) {
+int ImportCommand(const std::filesystem::path& file, const std::filesystem::path& out,
+                  const ImportRequest& request) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
@@ -107,8 +109,8 @@ int ImportCommand(const std::string& file, const std::string& out, const ImportR
   return kDone;
 }
 
-int MergeCommand(const std::string& file, const std::string& source, const std::string& out,
-                 MergeOptions options, std::optional<int> start) {
+int MergeCommand(const std::filesystem::path& file, const std::filesystem::path& source,
+                 const std::filesystem::path& out, MergeOptions options, std::optional<int> start) {
   CloneImage image;
   if (!LoadOneDocument(image, file)) {
     return kFailed;

@@ -4,12 +4,13 @@
 #include <cstdio>
 #include <thread>
 
+#include "core/files/paths.h"
 #include "core/link/exchange.h"
 
 namespace qz7 {
 
-TracedPort::TracedPort(SerialPort& port, const std::string& path)
-    : PassingPort(port), file_(path, std::ios::binary) {}
+TracedPort::TracedPort(SerialPort& port, const std::filesystem::path& path)
+    : PassingPort(port), file_(SystemPath(path), std::ios::binary) {}
 
 bool TracedPort::FlushTrace() { return file_.flush().good(); }
 

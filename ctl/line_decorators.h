@@ -1,6 +1,7 @@
 #pragma once
 
 #include <chrono>
+#include <filesystem>
 #include <fstream>
 #include <string>
 
@@ -36,7 +37,7 @@ class PassingPort : public SerialPort {
 // sent or "<" for received, the byte.
 class TracedPort : public PassingPort {
  public:
-  TracedPort(SerialPort& port, const std::string& path);
+  TracedPort(SerialPort& port, const std::filesystem::path& path);
   // Whether the file could be made and everything so far is written.
   bool FlushTrace();
 

@@ -5,6 +5,7 @@
 
 #include "ctl/arguments.h"
 #include "ctl/console.h"
+#include "ctl/process.h"
 #include "ctl/terminal.h"
 
 namespace qz7 {
@@ -42,7 +43,7 @@ void RefuseEmptyOptions(const std::vector<std::string>& words) {
   }
 }
 
-int RunProgram(int argc, char** argv) {
+int RunProgram(const std::vector<std::string>& arguments) {
   UseBinaryStreams();
   CLI::App program("Reads, writes and looks into the memory of the Tamro QZ-7H.", "qz7ctl");
   program.set_version_flag("--version", "qz7ctl " QZ7_VERSION);
@@ -53,8 +54,9 @@ int RunProgram(int argc, char** argv) {
   AddInterchangeCommands(program, args);
   AddPortCommands(program, args);
   try {
-    program.parse(argc, argv);
-    RefuseEmptyOptions({argv + 1, argv + argc});
+    // The parser takes the words from the end.
+    program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));
+    RefuseEmptyOptions(arguments);
   } catch (const CLI::ParseError& error) {
     return Explain(program, error);
   }
@@ -71,7 +73,7 @@ int RunProgram(int argc, char** argv) {
 
 int main(int argc, char** argv) {
   try {
-    return qz7::RunProgram(argc, argv);
+    return qz7::RunProgram(qz7::ProgramArguments(argc, argv));
   } catch (const std::exception& error) {
     std::fprintf(stderr, "qz7ctl: %s\n", error.what());
     return qz7::kFailed;

@@ -10,8 +10,8 @@ void AddPorts(CLI::App& program, Arguments& args) {
 }
 
 CLI::Option* AddPortOptions(CLI::App* sub, Arguments& args) {
-  sub->add_option("--trace", args.link.trace,
-                  "write every byte, its direction and its time into this file")
+  AddPath(sub, "--trace", args.link.trace,
+          "write every byte, its direction and its time into this file")
       ->type_name("FILE");
   return sub->add_option("--port", args.link.port, "serial port: a device, or COM1..COM9")
       ->type_name("PORT");
@@ -21,8 +21,8 @@ void AddRead(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("read", "reads the radio into a new radio data file");
   AddPortOptions(sub, args)->required();
   CLI::Option* out = AddOutput(sub, args, "OUT.rdf", args.file);
-  CLI::Option* compare = sub->add_option("--compare", args.compare_file,
-                                         "compare with this file instead; exit status as diff")
+  CLI::Option* compare = AddPath(sub, "--compare", args.compare_file,
+                                 "compare with this file instead; exit status as diff")
                              ->type_name("FILE");
   compare->excludes(out);
   sub->callback([&args, out, compare] {
@@ -46,8 +46,8 @@ void AddTemplate(CLI::App& program, Arguments& args) {
 void AddWrite(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("write", "writes a radio data file to the radio");
   CLI::Option* port = AddPortOptions(sub, args);
-  sub->add_option("--template", args.link.template_file,
-                  "template file, read from the same radio with the template command")
+  AddPath(sub, "--template", args.link.template_file,
+          "template file, read from the same radio with the template command")
       ->type_name("T.tpl")
       ->required();
   sub->add_option("--gap", args.link.gap_milliseconds, "pause between blocks in milliseconds")
@@ -55,7 +55,7 @@ void AddWrite(CLI::App& program, Arguments& args) {
       ->check(CLI::Range(0, 10'000));
   CLI::Option* dry_run =
       sub->add_flag("--dry-run", args.dry_run, "make every check, open no port, send nothing");
-  sub->add_option("FILE", args.file, "radio data file; - is standard input")->required();
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
   sub->callback([&args, port, dry_run] {
     if (port->count() == 0 && dry_run->count() == 0) {
       throw CLI::RequiredError("--port");

@@ -6,6 +6,7 @@
 #include "core/editors/image_difference.h"
 #include "core/files/file_inspection.h"
 #include "core/files/new_document.h"
+#include "core/files/paths.h"
 #include "core/files/seams.h"
 #include "core/link/radio_transfer.h"
 #include "ctl/commands.h"
@@ -66,7 +67,7 @@ bool OpenLine(Line& line, const PortOptions& options) {
   if (!options.trace.empty()) {
     line.traced = std::make_unique<TracedPort>(*line.device, options.trace);
     if (!line.traced->FlushTrace()) {
-      ShowFileError("Cannot create file:\n" + options.trace);
+      ShowFileError("Cannot create file:\n" + PathText(options.trace));
       return false;
     }
   }
@@ -76,20 +77,20 @@ bool OpenLine(Line& line, const PortOptions& options) {
 // At the end of an exchange; a trace with a gap is no trace.
 bool FinishTrace(Line& line, const PortOptions& options) {
   if (line.traced && !line.traced->FlushTrace()) {
-    ShowFileError("Error writing file:\n" + options.trace);
+    ShowFileError("Error writing file:\n" + PathText(options.trace));
     return false;
   }
   return true;
 }
 
 // Before ten seconds of exchange: a folder that is not there will not take the file afterwards.
-bool HasFolder(const std::string& out) {
-  const std::filesystem::path folder = std::filesystem::path(out).parent_path();
+bool HasFolder(const std::filesystem::path& out) {
+  const std::filesystem::path folder = out.parent_path();
   std::error_code error;
-  if (out == "-" || folder.empty() || std::filesystem::is_directory(folder, error)) {
+  if (out == "-" || folder.empty() || std::filesystem::is_directory(SystemPath(folder), error)) {
     return true;
   }
-  ShowFileError("Cannot create file:\n" + out);
+  ShowFileError("Cannot create file:\n" + PathText(out));
   return false;
 }
 
@@ -116,8 +117,8 @@ bool ReadNewDocument(const PortOptions& options, CloneImage& image) {
 }
 
 // Everything that can be checked before the first byte is sent.
-bool LoadWhatToSend(const WriteOptions& options, const std::string& file, CloneImage& image,
-                    CloneImage& template_image) {
+bool LoadWhatToSend(const WriteOptions& options, const std::filesystem::path& file,
+                    CloneImage& image, CloneImage& template_image) {
   if (!LoadOneDocument(image, file) || !IsTemplateNamed(options.template_file)) {
     return false;
   }
@@ -140,13 +141,13 @@ int PortsCommand() {
   return kDone;
 }
 
-int ReadCommand(const PortOptions& options, const std::string& out) {
+int ReadCommand(const PortOptions& options, const std::filesystem::path& out) {
   CloneImage image;
   return HasFolder(out) && ReadNewDocument(options, image) && SaveDocumentTo(image, out) ? kDone
                                                                                          : kFailed;
 }
 
-int CompareCommand(const PortOptions& options, const std::string& file) {
+int CompareCommand(const PortOptions& options, const std::filesystem::path& file) {
   constexpr int kTrouble = 2;
   CloneImage expected;
   CloneImage image;
@@ -160,7 +161,7 @@ int CompareCommand(const PortOptions& options, const std::string& file) {
   return lines.empty() ? kDone : kFailed;
 }
 
-int TemplateCommand(const PortOptions& options, const std::string& out) {
+int TemplateCommand(const PortOptions& options, const std::filesystem::path& out) {
   CloneImage image;
   const auto write = [&](CloneImage& read) { return SaveTemplateTo(read, out); };
   const auto receive = [&](SerialPort& port, const RunRead& run) {
@@ -169,7 +170,7 @@ int TemplateCommand(const PortOptions& options, const std::string& out) {
   return HasFolder(out) && ReceiveInto(image, options, receive) ? kDone : kFailed;
 }
 
-int WriteCommand(const WriteOptions& options, const std::string& file) {
+int WriteCommand(const WriteOptions& options, const std::filesystem::path& file) {
   CloneImage image;
   CloneImage template_image;
   Line line;
@@ -190,16 +191,17 @@ int WriteCommand(const WriteOptions& options, const std::string& file) {
   return FinishTrace(line, options) && sent ? kDone : kFailed;
 }
 
-int DryRunCommand(const WriteOptions& options, const std::string& file) {
+int DryRunCommand(const WriteOptions& options, const std::filesystem::path& file) {
   CloneImage image;
   CloneImage template_image;
   if (!LoadWhatToSend(options, file, image, template_image)) {
     return kFailed;
   }
   PrintLine("All checks passed; nothing was sent.");
-  PrintUtf8Line("document: " + file + ", " + std::to_string(CountProgrammedChannels(image)) +
-                " programmed memory channels");
-  PrintUtf8Line("template: " + options.template_file + ", whose radio identity would be sent");
+  PrintUtf8Line("document: " + PathText(file) + ", " +
+                std::to_string(CountProgrammedChannels(image)) + " programmed memory channels");
+  PrintUtf8Line("template: " + PathText(options.template_file) +
+                ", whose radio identity would be sent");
   PrintLine("would be sent: " + std::to_string(kRadioBlock.size + 1) + " bytes, a header of " +
             std::to_string(kCloneHeaderSize) + ", " + std::to_string(kCloneBlockCount) +
             " blocks of " + std::to_string(kCloneBlockSize) + " and a checksum");

@@ -50,10 +50,8 @@ extern "C" INT_PTR CALLBACK DlgProcAbout(HWND dialog, UINT message, WPARAM w, LP
   }
 }
 
-void ShowAboutDialog(const std::string& program_path) {
-  std::string path = program_path;
-  OemToCharA(program_path.c_str(), path.data());
-  Texts texts = ReadVersionTexts(path);
+void ShowAboutDialog(const std::filesystem::path& program_path) {
+  Texts texts = ReadVersionTexts(program_path);
   RunDialog("DLLDlgAbout", DlgProcAbout, &texts);
 }
 

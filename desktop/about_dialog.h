@@ -1,10 +1,10 @@
 #pragma once
 
-#include <string>
+#include <filesystem>
 
 namespace qz7 {
 
 // Shows the version record of a program file; without one the fields stay as the template has them.
-void ShowAboutDialog(const std::string& program_path);
+void ShowAboutDialog(const std::filesystem::path& program_path);
 
 }  // namespace qz7

@@ -7,47 +7,47 @@ namespace {
 
 constexpr std::size_t kLongestName = 255;
 
-bool IsBlank(char c) { return static_cast<unsigned char>(c) <= ' '; }
+bool IsBlank(wchar_t c) { return c <= L' '; }
 
-void SkipBlanksAndSwitches(std::string_view& text) {
-  while (!text.empty() && (IsBlank(text.front()) || text.front() == '/')) {
-    if (IsBlank(text.front())) {
-      text.remove_prefix(1);
-    } else {
-      text.remove_prefix(
-          static_cast<std::size_t>(std::find_if(text.begin(), text.end(), IsBlank) - text.begin()));
-    }
-  }
+std::size_t BlankIn(std::wstring_view text) {
+  return static_cast<std::size_t>(std::find_if(text.begin(), text.end(), IsBlank) - text.begin());
 }
 
-std::string_view FirstWord(std::string_view text) {
-  if (text.starts_with('"')) {
-    text.remove_prefix(1);
-    return text.substr(0, std::min(text.find('"'), kLongestName));
+void SkipBlanksAndSwitches(std::wstring_view& text) {
+  while (!text.empty() && (IsBlank(text.front()) || text.front() == L'/')) {
+    text.remove_prefix(IsBlank(text.front()) ? 1 : BlankIn(text));
   }
-  text = text.substr(0, kLongestName);
-  const auto end =
-      std::find_if(text.begin(), text.end(), [](char c) { return IsBlank(c) || c == '/'; });
-  return text.substr(0, static_cast<std::size_t>(end - text.begin()));
 }
-
-char UpperCase(char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; }
 
 }  // namespace
 
-std::optional<std::string> CommandLineName(std::string_view command_line) {
-  SkipBlanksAndSwitches(command_line);
-  const std::string_view name = FirstWord(command_line);
-  return name.empty() ? std::nullopt : std::optional<std::string>(name);
+std::wstring_view ArgumentsOf(std::wstring_view command_line) {
+  const std::size_t end = command_line.starts_with(L'"')
+                              ? std::min(command_line.find(L'"', 1), command_line.size() - 1) + 1
+                              : BlankIn(command_line);
+  command_line.remove_prefix(end);
+  return command_line;
 }
 
-std::string FileOfName(std::string name) {
-  // A bare name gets no extension, on purpose.
-  const std::size_t separator = name.rfind('\\');
-  if (separator != std::string::npos && name.find('.', separator) == std::string::npos) {
-    name += ".rdf";
+std::optional<CommandLineWord> CommandLineName(std::wstring_view arguments) {
+  SkipBlanksAndSwitches(arguments);
+  CommandLineWord word;
+  word.quoted = arguments.starts_with(L'"');
+  if (word.quoted) {
+    arguments.remove_prefix(1);
+    word.name = arguments.substr(0, arguments.find(L'"'));
+  } else {
+    arguments = arguments.substr(0, kLongestName);
+    word.name = arguments.substr(0, std::min(BlankIn(arguments), arguments.find(L'/')));
   }
-  std::transform(name.begin(), name.end(), name.begin(), UpperCase);
+  return word.name.empty() ? std::nullopt : std::optional(word);
+}
+
+std::wstring WithExtension(std::wstring name) {
+  const std::size_t separator = name.rfind(L'\\');
+  if (separator != std::wstring::npos && name.find(L'.', separator) == std::wstring::npos) {
+    name += L".rdf";
+  }
   return name;
 }
 

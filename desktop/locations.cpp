@@ -4,27 +4,33 @@
 // Behind <windows.h>.
 #include <shlobj.h>
 
+#include "core/files/paths.h"
+
 namespace qz7 {
+
+namespace fs = std::filesystem;
+
 namespace {
 
+constexpr DWORD kLongestPath = 32'768;
 constexpr const char* kProfileName = "Tamro.ini";
 constexpr const char* kDefaultsName = "qz7.def";
 constexpr const char* kUserFolder = "Tamro";
 
 // The user's own folder for this program, made when it is not there; empty where there is none.
-std::string UserFolder() {
-  char folder[MAX_PATH] = "";
-  if (SHGetFolderPathA(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT,
+fs::path UserFolder() {
+  wchar_t folder[MAX_PATH] = L"";
+  if (SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT,
                        folder) != S_OK) {
-    return "";
+    return {};
   }
-  std::string path = std::string(folder) + "\\" + kUserFolder;
-  CreateDirectoryA(path.c_str(), nullptr);
+  const fs::path path = InFolder(folder, kUserFolder);
+  CreateDirectoryW(SystemPath(path).c_str(), nullptr);
   return path;
 }
 
-bool CanWrite(const std::string& path) {
-  const HANDLE file = CreateFileA(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
+bool CanWrite(const fs::path& path) {
+  const HANDLE file = CreateFileW(path.c_str(), GENERIC_WRITE, FILE_SHARE_READ | FILE_SHARE_WRITE,
                                   nullptr, OPEN_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
   if (file == INVALID_HANDLE_VALUE) {
     return false;
@@ -33,47 +39,51 @@ bool CanWrite(const std::string& path) {
   return true;
 }
 
-std::string ChooseProfilePath() {
-  char folder[MAX_PATH] = "";
-  GetWindowsDirectoryA(folder, MAX_PATH);
-  std::string system_path = std::string(folder) + "\\" + kProfileName;
+fs::path ChooseProfilePath() {
+  wchar_t folder[MAX_PATH] = L"";
+  GetWindowsDirectoryW(folder, MAX_PATH);
+  const fs::path system_path = InFolder(folder, kProfileName);
   if (CanWrite(system_path)) {
     return system_path;
   }
-  const std::string user_folder = UserFolder();
-  return user_folder.empty() ? system_path : user_folder + "\\" + kProfileName;
+  const fs::path user_folder = UserFolder();
+  return user_folder.empty() ? system_path : InFolder(user_folder, kProfileName);
+}
+
+fs::path CurrentFolder() {
+  std::wstring folder(GetCurrentDirectoryW(0, nullptr), L'\0');
+  folder.resize(GetCurrentDirectoryW(static_cast<DWORD>(folder.size()), folder.data()));
+  return folder;
 }
 
 }  // namespace
 
-std::string ProgramPath() {
-  char path[MAX_PATH] = "";
-  GetModuleFileNameA(nullptr, path, MAX_PATH);
+fs::path ProgramPath() {
+  std::wstring path(kLongestPath, L'\0');
+  path.resize(GetModuleFileNameW(nullptr, path.data(), kLongestPath));
   return path;
 }
 
-std::string ProgramFolder() {
-  const std::string path = ProgramPath();
-  return path.substr(0, path.rfind('\\'));
+fs::path ProgramFolder() {
+  const fs::path path = ProgramPath();
+  return path.native().substr(0, path.native().rfind(kPathSeparator));
 }
 
-std::string BesideProgram(const char* name) {
-  const std::string path = ProgramPath();
-  const std::size_t separator = path.rfind('\\');
-  return separator == std::string::npos ? path : path.substr(0, separator + 1) + name;
+fs::path BesideProgram(const char* name) {
+  const fs::path path = ProgramPath();
+  return path.native().substr(0, NameOffset(path)) + fs::path(name).native();
 }
 
-const std::string& ProfilePath() {
-  static const std::string path = ChooseProfilePath();
+const fs::path& ProfilePath() {
+  static const fs::path path = ChooseProfilePath();
   return path;
 }
 
 DefaultsFile FindDefaultsFile() {
-  char current[MAX_PATH] = "";
-  GetCurrentDirectoryA(MAX_PATH, current);
-  const std::string user_folder = UserFolder();
-  return ChooseDefaultsFile(std::string(current) + "\\" + kDefaultsName,
-                            user_folder.empty() ? "" : user_folder + "\\" + kDefaultsName);
+  const fs::path user_folder = UserFolder();
+  return ChooseDefaultsFile(
+      InFolder(CurrentFolder(), kDefaultsName),
+      user_folder.empty() ? fs::path() : InFolder(user_folder, kDefaultsName));
 }
 
 }  // namespace qz7

@@ -1,20 +1,20 @@
 #pragma once
 
-#include <string>
+#include <filesystem>
 
 #include "core/files/defaults_record.h"
 
 namespace qz7 {
 
 // Folders are without a "\" at their end.
-std::string ProgramFolder();
-std::string ProgramPath();
+std::filesystem::path ProgramFolder();
+std::filesystem::path ProgramPath();
 // A file that ships beside the program.
-std::string BesideProgram(const char* name);
+std::filesystem::path BesideProgram(const char* name);
 
 // "Tamro.ini": in the system's profile folder where that can be written (tried once in a run),
 // otherwise in the user's application data.
-const std::string& ProfilePath();
+const std::filesystem::path& ProfilePath();
 
 // "qz7.def" as of the current folder of now.
 DefaultsFile FindDefaultsFile();

@@ -1,11 +1,13 @@
 #include "desktop/program.h"
 
+#include "core/files/paths.h"
 #include "core/files/seams.h"
 #include "desktop/app_state.h"
 #include "desktop/command_line.h"
 #include "desktop/locations.h"
 #include "desktop/main_dialog.h"
 #include "desktop/main_window.h"
+#include "desktop/named_file.h"
 #include "desktop/start_up.h"
 #include "desktop/toolkit/dialog_support.h"
 
@@ -15,7 +17,6 @@ AppState app;
 
 namespace {
 
-constexpr const char* kFontFile = "qz7.fon";
 constexpr int kFailed = -1;
 
 bool RaiseRunningProgram() {
@@ -33,8 +34,8 @@ int Fail(const char* text) {
 }
 
 bool LoadResourceLibrary() {
-  dialog_modules.library =
-      LoadLibraryExA(BesideProgram("qz732.dll").c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
+  dialog_modules.library = LoadLibraryExW(SystemPath(BesideProgram("qz732.dll")).c_str(), nullptr,
+                                          LOAD_WITH_ALTERED_SEARCH_PATH);
   if (dialog_modules.library != nullptr) {
     return true;
   }
@@ -44,31 +45,24 @@ bool LoadResourceLibrary() {
   return false;
 }
 
-std::optional<NamedFile> FileOfCommandLine(const std::string& command_line) {
-  const auto name = CommandLineName(command_line);
-  if (!name) {
-    return std::nullopt;
-  }
-  NamedFile file{.name = *name, .path = std::nullopt};
-  char path[MAX_PATH] = "";
-  const DWORD size = GetFullPathNameA(FileOfName(*name).c_str(), MAX_PATH, path, nullptr);
-  if (size != 0 && size < MAX_PATH) {
-    file.path = path;
-  }
-  return file;
+std::optional<NamedFile> FileOfCommandLine(std::wstring_view command_line) {
+  const auto word = CommandLineName(ArgumentsOf(command_line));
+  return word ? std::optional(FileOfWord(*word)) : std::nullopt;
 }
 
 // Nobody waits for the other windows: one that hangs must not keep the program from starting.
 void TellFontChange() { PostMessageA(HWND_BROADCAST, WM_FONTCHANGE, 0, 0); }
 
+std::filesystem::path FontPath() { return SystemPath(BesideProgram("qz7.fon")); }
+
 void InstallFont() {
-  if (AddFontResourceA(BesideProgram(kFontFile).c_str()) != 0) {
+  if (AddFontResourceW(FontPath().c_str()) != 0) {
     TellFontChange();
   }
 }
 
 void RemoveFont() {
-  if (RemoveFontResourceA(BesideProgram(kFontFile).c_str())) {
+  if (RemoveFontResourceW(FontPath().c_str())) {
     TellFontChange();
   }
 }
@@ -86,7 +80,7 @@ int RunMessageLoop() {
 
 }  // namespace
 
-int RunProgram(HINSTANCE instance, const std::string& command_line, int show_state) {
+int RunProgram(HINSTANCE instance, std::wstring_view command_line, int show_state) {
   // Libraries come from the program's own folder, never from the current one.
   SetDllDirectoryA("");
   dialog_modules.program = instance;

@@ -6,10 +6,12 @@
 #include <string>
 
 #include "core/files/seams.h"
+#include "desktop/file_box.h"
 #include "desktop/link/exchange_window.h"
 #include "desktop/link/port_dialog.h"
 #include "desktop/locations.h"
 #include "desktop/printing/printing.h"
+#include "desktop/toolkit/ansi_text.h"
 #include "desktop/toolkit/dialog_support.h"
 
 // What the core asks of its program, answered with the system's own boxes and files.
@@ -38,43 +40,10 @@ Answer AnswerOf(int button) {
   }
 }
 
-// "text\0pattern\0text\0pattern\0\0"
-std::string FilterText(const FileBox& box) {
-  std::string text;
-  for (const FileFilter& filter : box.filters) {
-    text.append(filter.text).push_back('\0');
-    text.append(filter.pattern).push_back('\0');
-  }
-  return text;
-}
-
-using ShowBox = decltype(&GetOpenFileNameA);
-
-std::optional<ChosenFile> RunFileBox(const FileBox& box, DWORD flags, ShowBox show) {
-  char path[MAX_PATH] = "";
-  char name[MAX_PATH] = "";
-  box.initial_name.copy(path, MAX_PATH - 1);
-  const std::string filter = FilterText(box);
-  // "C:" alone would be the current folder of that drive.
-  const std::string folder = box.folder.ends_with(':') ? box.folder + '\\' : box.folder;
-  OPENFILENAMEA open{};
-  open.lStructSize = sizeof open;
-  open.hwndOwner = DialogOwner();
-  open.lpstrFilter = filter.c_str();
-  open.nFilterIndex = 1;
-  open.lpstrFile = path;
-  open.nMaxFile = MAX_PATH;
-  open.lpstrFileTitle = name;
-  open.nMaxFileTitle = MAX_PATH;
-  open.lpstrInitialDir = folder.c_str();
-  open.lpstrTitle = box.title;
-  open.lpstrDefExt = box.default_extension;
-  // The current folder holds the defaults file, so that a box must not change it.
-  open.Flags = flags | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR | OFN_EXPLORER;
-  if (!show(&open)) {
-    return std::nullopt;
-  }
-  return ChosenFile{.path = path, .name = name, .name_offset = open.nFileOffset};
+std::optional<ChosenFile> RunFileBox(const FileBox& box, FileBoxKind kind,
+                                     decltype(&GetOpenFileNameW) show) {
+  SystemFileBox system_box(box, kind, DialogOwner());
+  return show(&system_box.open) ? std::optional(system_box.Chosen()) : std::nullopt;
 }
 
 }  // namespace
@@ -90,14 +59,20 @@ void ShowBoxWithoutOwner(const std::string& text, const std::string& caption) {
   MessageBoxA(nullptr, text.c_str(), caption.c_str(), MB_OK);
 }
 
+std::string PathText(const std::filesystem::path& path) { return AnsiText(path.native()); }
+
+std::filesystem::path PathOfText(std::string_view text) { return WideText(text); }
+
+std::string ShownText(std::string_view bytes) { return std::string(bytes); }
+
 std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }
 
 std::optional<ChosenFile> ShowOpenBox(const FileBox& box) {
-  return RunFileBox(box, OFN_FILEMUSTEXIST, GetOpenFileNameA);
+  return RunFileBox(box, FileBoxKind::kOpen, GetOpenFileNameW);
 }
 
 std::optional<ChosenFile> ShowSaveBox(const FileBox& box) {
-  return RunFileBox(box, OFN_OVERWRITEPROMPT, GetSaveFileNameA);
+  return RunFileBox(box, FileBoxKind::kSave, GetSaveFileNameW);
 }
 
 std::optional<ChosenPrinter> ShowPrintBox() {
@@ -112,16 +87,22 @@ std::optional<ChosenPrinter> ShowPrintBox() {
 std::optional<int> AskForPort(int index) { return ShowPortDialog(index); }
 
 std::string ReadProfile(const std::string& key, const std::string& missing, std::size_t most) {
-  std::string value(most + 1, '\0');
-  const DWORD size =
-      GetPrivateProfileStringA(kProgramTitle, key.c_str(), missing.c_str(), value.data(),
-                               static_cast<DWORD>(value.size()), ProfilePath().c_str());
+  std::wstring value(most + 1, L'\0');
+  const DWORD size = GetPrivateProfileStringW(
+      WideText(kProgramTitle).c_str(), WideText(key).c_str(), WideText(missing).c_str(),
+      value.data(), static_cast<DWORD>(value.size()), ProfilePath().c_str());
   value.resize(size);
-  return value;
+  return AnsiText(value).substr(0, most);
 }
 
 void WriteProfile(const std::string& key, const std::string& value) {
-  WritePrivateProfileStringA(kProgramTitle, key.c_str(), value.c_str(), ProfilePath().c_str());
+  WritePrivateProfileStringW(WideText(kProgramTitle).c_str(), WideText(key).c_str(),
+                             WideText(value).c_str(), ProfilePath().c_str());
+}
+
+void ForgetProfile(const std::string& key) {
+  WritePrivateProfileStringW(WideText(kProgramTitle).c_str(), WideText(key).c_str(), nullptr,
+                             ProfilePath().c_str());
 }
 
 }  // namespace qz7

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -10,8 +11,8 @@ namespace qz7 {
 
 // The file that the command line names.
 struct NamedFile {
-  std::string name;                 // as given
-  std::optional<std::string> path;  // the full one; nothing where that would be too long
+  std::string name;                           // as given, as it is shown
+  std::optional<std::filesystem::path> path;  // the full one; nothing where that would be too long
 };
 
 // The program's start once its windows are there: opens the port that the preferences name, makes a

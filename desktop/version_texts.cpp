@@ -5,15 +5,19 @@
 #include <cstdio>
 #include <vector>
 
+#include "core/files/paths.h"
+#include "desktop/toolkit/ansi_text.h"
+
 namespace qz7 {
 namespace {
 
 // Empty without a record.
-std::vector<char> ReadRecord(const std::string& path) {
+std::vector<char> ReadRecord(const std::filesystem::path& given) {
+  const std::filesystem::path path = SystemPath(given);
   DWORD ignored = 0;
-  std::vector<char> record(GetFileVersionInfoSizeA(path.c_str(), &ignored));
+  std::vector<char> record(GetFileVersionInfoSizeW(path.c_str(), &ignored));
   if (!record.empty() &&
-      !GetFileVersionInfoA(path.c_str(), 0, static_cast<DWORD>(record.size()), record.data())) {
+      !GetFileVersionInfoW(path.c_str(), 0, static_cast<DWORD>(record.size()), record.data())) {
     record.clear();
   }
   return record;
@@ -25,7 +29,7 @@ std::string TranslationOf(const std::vector<char>& record) {
   void* value = nullptr;
   UINT size = 0;
   if (record.empty() ||
-      !VerQueryValueA(record.data(), "\\VarFileInfo\\Translation", &value, &size) ||
+      !VerQueryValueW(record.data(), L"\\VarFileInfo\\Translation", &value, &size) ||
       size < 2 * sizeof(WORD)) {
     return "";
   }
@@ -37,18 +41,18 @@ std::string TranslationOf(const std::vector<char>& record) {
 
 std::string ValueOf(const std::vector<char>& record, const std::string& translation,
                     const char* name) {
-  const std::string path = "\\StringFileInfo\\" + translation + "\\" + name;
+  const std::wstring path = WideText("\\StringFileInfo\\" + translation + "\\" + name);
   void* value = nullptr;
   UINT size = 0;
-  if (!VerQueryValueA(record.data(), path.c_str(), &value, &size) || size == 0) {
+  if (!VerQueryValueW(record.data(), path.c_str(), &value, &size) || size == 0) {
     return "";
   }
-  return static_cast<const char*>(value);
+  return AnsiText(static_cast<const wchar_t*>(value));
 }
 
 }  // namespace
 
-std::optional<VersionTexts> ReadVersionTexts(const std::string& path) {
+std::optional<VersionTexts> ReadVersionTexts(const std::filesystem::path& path) {
   const std::vector<char> record = ReadRecord(path);
   const std::string translation = TranslationOf(record);
   if (translation.empty()) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -18,6 +19,6 @@ struct VersionTexts {
 };
 
 // Nothing for a file that cannot be read, has no version record or names no translation in it.
-std::optional<VersionTexts> ReadVersionTexts(const std::string& path);
+std::optional<VersionTexts> ReadVersionTexts(const std::filesystem::path& path);
 
 }  // namespace qz7

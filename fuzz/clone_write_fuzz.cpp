@@ -9,7 +9,6 @@
 #include <string>
 #include <vector>
 
-#include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
 #include "core/link/clone_write.h"
 #include "fuzz/fuzz_seams.h"
@@ -22,8 +21,7 @@ using namespace qz7;
 // A sound template on disk, made once.
 const std::string& TemplateFile() {
   static const std::string path = [] {
-    const auto image = std::make_unique<CloneImage>();
-    MakeNewImage(*image);
+    const auto image = std::make_unique<CloneImage>(NewImage());
     std::string name =
         (std::filesystem::temp_directory_path() / "qz7-clone-write-fuzz.tpl").string();
     if (!WriteTemplateFile(*image, name)) {
@@ -92,8 +90,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr std::size_t kMostEvents = 400;
   std::deque<Answer> answers;
   FuzzInput input(data, std::min(size, kMostEvents));
-  const auto image = std::make_unique<CloneImage>();
-  MakeNewImage(*image);
+  const auto image = std::make_unique<CloneImage>(NewImage());
   MemoryLine line;
   line.Open("fuzz");
   CloneWrite write;

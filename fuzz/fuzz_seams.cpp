@@ -1,5 +1,8 @@
 #include "fuzz/fuzz_seams.h"
 
+#include "core/files/new_document.h"
+#include "core/image/derived_tables.h"
+
 namespace qz7 {
 
 Answer ShowMessage(const std::string& /*text*/, const std::string& /*caption*/, Buttons buttons,
@@ -7,6 +10,20 @@ Answer ShowMessage(const std::string& /*text*/, const std::string& /*caption*/, 
   return buttons == Buttons::kOk ? Answer::kOk : Answer::kCancel;
 }
 
+std::string PathText(const std::filesystem::path& path) { return path.string(); }
+
+std::string ShownText(std::string_view bytes) { return std::string(bytes); }
+
 std::uint32_t CurrentTimeSeconds() { return 1; }
+
+const CloneImage& NewImage() {
+  static const CloneImage kImage = [] {
+    CloneImage image;
+    MakeNewImage(image);
+    RebuildDerivedTables(image);
+    return image;
+  }();
+  return kImage;
+}
 
 }  // namespace qz7

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "core/files/seams.h"
+#include "core/image/clone_image.h"
 
 namespace qz7 {
 
@@ -28,5 +29,8 @@ class FuzzInput {
   const std::uint8_t* data_;
   std::size_t size_;
 };
+
+// A new document's image, made once; its derived tables are built.
+const CloneImage& NewImage();
 
 }  // namespace qz7

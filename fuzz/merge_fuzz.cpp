@@ -8,7 +8,6 @@
 #include <sstream>
 #include <string>
 
-#include "core/files/new_document.h"
 #include "core/image/clone_image.h"
 #include "core/image/operating_state.h"
 #include "core/interchange/merge_dialog_rules.h"
@@ -19,9 +18,7 @@ namespace {
 
 // The document's bytes, patched by place and value.
 std::string PatchedDocument(FuzzInput& input) {
-  CloneImage image;
-  MakeNewImage(image);
-  RebuildDerivedTables(image);
+  CloneImage image = NewImage();
   while (!input.IsEmpty()) {
     const std::size_t low = input.Byte();
     const std::size_t high = input.Byte();
@@ -43,8 +40,7 @@ bool NothingElseChanged(const CloneImage& before, const CloneImage& after) {
 }
 
 void MergeOnce(const MergeSource& source, const CloneImage& working_copy, int flags, int start) {
-  const auto image = std::make_unique<CloneImage>();
-  MakeNewImage(*image);
+  const auto image = std::make_unique<CloneImage>(NewImage());
   if ((flags & 1) != 0) {
     WriteU16(image->data() + kChannelCountOffset, 65'535);
   }
@@ -79,8 +75,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
           ? PatchedDocument(input)
           : std::string(reinterpret_cast<const char*>(data) + options, size - options);
   std::istringstream file(bytes);
-  const auto working_copy = std::make_unique<CloneImage>();
-  MakeNewImage(*working_copy);
+  const auto working_copy = std::make_unique<CloneImage>(NewImage());
   MergeSource source;
   if (!ReadMergeSource(source, *working_copy, file, "fuzz.rdf")) {
     return 0;

@@ -7,7 +7,6 @@
 
 #include "core/files/document_header.h"
 #include "core/files/file_inspection.h"
-#include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
 #include "core/link/clone_write.h"
 #include "fuzz/fuzz_seams.h"
@@ -16,8 +15,7 @@ namespace {
 
 std::string PatchedTemplate(qz7::FuzzInput& input) {
   using namespace qz7;
-  CloneImage image;
-  MakeNewImage(image);
+  CloneImage image = NewImage();
   SetMagic(image, kTemplateMagic);
   image[kBlockChecksumOffset] = RadioBlockChecksum(image);
   image[kFileChecksumOffset] = FileChecksum(image);

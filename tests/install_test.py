@@ -17,8 +17,11 @@ SAMPLES = set(os.listdir(os.path.join(TOP, "samples")))
 LINUX = {"bin/qz7ctl", "bin/qz7radio", "share/man/man1/qz7ctl.1", "share/man/man1/qz7radio.1",
          *("share/doc/qz7/" + name
            for name in ("CHANGELOG.md", "README.md", "changelog", "copyright"))}
-WINDOWS = {"qz7.exe", "qz732.dll", "qz7.fon", "qz7.hlp", "qz7.html", "qz7ctl.exe", "LICENSE",
-           "CHANGES.txt"}
+WINDOWS = {"qz7.exe", "qz732.dll", "qz7.fon", "qz7.hlp", "qz7ctl.exe", "LICENSE", "CHANGES.txt"}
+TOPICS = {os.path.splitext(name)[0] for name in os.listdir(os.path.join(TOP, "help"))
+          if name.endswith(".md")}
+PAGES = {*(f"help/{name}.html" for name in {*TOPICS, "search"}),
+         *("help/" + name for name in ("help.css", "search.js", "search_index.js"))}
 
 
 def installed_files(folder):
@@ -36,7 +39,7 @@ class Installed(unittest.TestCase):
                        capture_output=True)
 
     def test_every_file_and_no_other(self):
-        expected = ({*WINDOWS, *("samples/" + name for name in SAMPLES)} if RUNNER else
+        expected = ({*WINDOWS, *PAGES, *("samples/" + name for name in SAMPLES)} if RUNNER else
                     {*LINUX, *("share/qz7/samples/" + name for name in SAMPLES)})
         self.assertEqual(installed_files(self.folder), expected)
 

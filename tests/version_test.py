@@ -56,8 +56,10 @@ class Version(unittest.TestCase):
         self.assertEqual(first(r"^## (\S+)$", read("CHANGELOG.md").decode()), self.version)
 
     def test_stands_in_the_help(self):
-        self.assertIn(f"QZ-7H Programmer Help {self.version}".encode("ascii"),
-                      read(PROGRAMS, "qz7.hlp"))
+        for name in ("qz7.hlp", os.path.join("help", "contents.html")):
+            with self.subTest(name):
+                self.assertIn(f"QZ-7H Programmer Help {self.version}".encode("ascii"),
+                              read(PROGRAMS, name))
 
     def test_is_told_by_the_console_program(self):
         self.assertEqual(told_by("qz7ctl.exe" if RUNNER else "qz7ctl"), "qz7ctl " + self.version)

@@ -111,12 +111,13 @@ std::string ExportCsv(const CloneImage& image) {
   return csv;
 }
 
-bool WriteCsvFile(const CloneImage& image, const std::string& path) {
+bool WriteCsvFile(const CloneImage& image, const std::filesystem::path& path) {
   const std::string csv = ExportCsv(image);
   return WriteFileOrShow(path, {reinterpret_cast<const std::uint8_t*>(csv.data()), csv.size()});
 }
 
-FileBox ExportFileBox(const std::string& data_folder, const std::string& last_name) {
+FileBox ExportFileBox(const std::filesystem::path& data_folder,
+                      const std::filesystem::path& last_name) {
   return {.title = "Export Radio File",
           .filters = {{"Comma delimited (*.csv)", "*.csv"}},
           .default_extension = "csv",

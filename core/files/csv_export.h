@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "core/files/seams.h"
@@ -14,9 +15,10 @@ namespace qz7 {
 std::string ExportCsv(const CloneImage& image);
 
 // Writes that text to a file; false after showing "Cannot create file:" or "Error writing file:".
-bool WriteCsvFile(const CloneImage& image, const std::string& path);
+bool WriteCsvFile(const CloneImage& image, const std::filesystem::path& path);
 
 // The box that asks where to. `last_name` is the name last chosen in it, empty at first.
-FileBox ExportFileBox(const std::string& data_folder, const std::string& last_name);
+FileBox ExportFileBox(const std::filesystem::path& data_folder,
+                      const std::filesystem::path& last_name);
 
 }  // namespace qz7

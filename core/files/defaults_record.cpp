@@ -1,9 +1,9 @@
 #include "core/files/defaults_record.h"
 
 #include <algorithm>
-#include <fstream>
 
 #include "core/files/file_output.h"
+#include "core/files/paths.h"
 #include "core/image/settings_map.h"
 
 namespace qz7 {
@@ -44,8 +44,8 @@ std::uint8_t Mixed(std::uint8_t kept, std::uint8_t taken, std::uint8_t bits) {
   return static_cast<std::uint8_t>((kept & ~bits) | (taken & bits));
 }
 
-bool ReadRecord(DefaultsRecord& record, const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
+bool ReadRecord(DefaultsRecord& record, const std::filesystem::path& path) {
+  std::ifstream file = OpenToRead(path);
   file.read(reinterpret_cast<char*>(record.data()), static_cast<std::streamsize>(record.size()));
   return file.is_open();
 }
@@ -81,7 +81,8 @@ void CopyMainDefaultsToRecord(const CloneImage& image, DefaultsRecord& record) {
   }
 }
 
-DefaultsFile ChooseDefaultsFile(const std::string& current_path, const std::string& user_path) {
+DefaultsFile ChooseDefaultsFile(const std::filesystem::path& current_path,
+                                const std::filesystem::path& user_path) {
   if (user_path.empty() || CanWriteFile(current_path)) {
     return {.path = current_path, .fallback_path = ""};
   }

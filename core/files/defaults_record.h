@@ -3,7 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string>
+#include <filesystem>
 
 #include "core/image/clone_image.h"
 
@@ -32,13 +32,14 @@ void CopyMainDefaultsToRecord(const CloneImage& image, DefaultsRecord& record);
 
 // The file "qz7.def". One file is written and read, so that no two can differ.
 struct DefaultsFile {
-  std::string path;
-  std::string fallback_path;  // read as long as there is no file at `path`; empty: none
+  std::filesystem::path path;
+  std::filesystem::path fallback_path;  // read as long as there is no file at `path`; empty: none
 };
 
 // The one in the current folder; where that cannot be written, the one in the user's own folder,
 // which starts from what the current folder has. `user_path` may be empty: no such folder.
-DefaultsFile ChooseDefaultsFile(const std::string& current_path, const std::string& user_path);
+DefaultsFile ChooseDefaultsFile(const std::filesystem::path& current_path,
+                                const std::filesystem::path& user_path);
 
 // Reads the file; a short one leaves the rest of the record as it was. False without a file.
 bool LoadDefaultsRecord(DefaultsRecord& record, const DefaultsFile& file);

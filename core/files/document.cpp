@@ -2,6 +2,7 @@
 
 #include "core/files/file_output.h"
 #include "core/files/new_document.h"
+#include "core/files/paths.h"
 #include "core/files/radio_data_file.h"
 #include "core/files/seams.h"
 #include "core/image/derived_tables.h"
@@ -9,8 +10,6 @@
 namespace qz7 {
 namespace {
 
-constexpr char kSeparator = '\\';
-constexpr const char* kSeparators = "\\/";
 constexpr std::uint8_t kExtendedVersionType = 2;
 
 FileBox RadioFileBox(const Document& document, const char* title) {
@@ -28,18 +27,18 @@ void ClearFlags(Document& document) {
 
 // The data folder follows the user's choice of files.
 void FollowFolder(Document& document, const ChosenFile& file) {
-  if (file.name_offset == 0 || file.name_offset > file.path.size()) {
+  if (file.name_offset == 0 || file.name_offset > file.path.native().size()) {
     return;
   }
-  std::string folder = file.path.substr(0, file.name_offset);
-  if (folder.find_last_of(kSeparators) == folder.size() - 1) {
+  std::filesystem::path::string_type folder = file.path.native().substr(0, file.name_offset);
+  if (NameOffset(folder) == folder.size()) {
     folder.pop_back();
   }
   ChangeDataFolder(document.preferences, folder);
 }
 
 void BecomeFile(Document& document, const ChosenFile& file) {
-  document.name = file.name;
+  document.name = PathText(file.name);
   document.path = file.path;
   ClearFlags(document);
   RefreshDocument(document);
@@ -98,7 +97,7 @@ void StoreMainDefaults(Document& document) {
 void NewDocument(Document& document) {
   MakeNewImage(document.image);
   document.name = kNewDocumentName;
-  document.path = document.preferences.data_folder + kSeparator + document.name;
+  document.path = InFolder(document.preferences.data_folder, kNewDocumentName);
   document.changed = false;
   document.untitled = true;
   RefreshDocument(document);
@@ -173,17 +172,15 @@ bool SaveDocumentAs(Document& document) {
   return true;
 }
 
-bool OpenNamedDocument(Document& document, const std::string& full_path) {
-  const std::size_t separator = full_path.find_last_of(kSeparators);
-  const std::size_t name_offset = separator == std::string::npos ? 0 : separator + 1;
+bool OpenNamedDocument(Document& document, const std::filesystem::path& full_path) {
   return OpenFile(
       document,
-      {.path = full_path, .name = full_path.substr(name_offset), .name_offset = name_offset});
+      {.path = full_path, .name = NamePart(full_path), .name_offset = NameOffset(full_path)});
 }
 
 bool CreateTemplate(Document& document, const std::string& name) {
-  std::string& path = document.preferences.template_path;
-  path = TemplatePath(document.preferences.data_folder, name);
+  std::filesystem::path& path = document.preferences.template_path;
+  path = TemplatePath(document.preferences.data_folder, PathOfText(name));
   if (!WriteTemplateFile(document.working_copy, path)) {
     return false;
   }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "core/files/defaults_record.h"
@@ -17,12 +18,12 @@ struct Document {
   // Target of every read, buffer of editors and exchanges, the state that the memory list returns
   // to, and what changes are detected against. The operations below copy it, nothing else does.
   CloneImage working_copy{};
-  std::string name;  // without folder
-  std::string path;  // what Save writes to
+  std::string name;            // without folder, as it is shown
+  std::filesystem::path path;  // what Save writes to
   bool changed = false;
   bool untitled = false;
-  std::string last_file_name;    // of the last file chosen in a file box; never reset
-  std::string last_export_name;  // the same for the box of Export
+  std::filesystem::path last_file_name;    // of the last file chosen in a file box; never reset
+  std::filesystem::path last_export_name;  // the same for the box of Export
   bool export_in_progress = false;
   RegionVariant region;  // of the program, for the whole run
   Preferences preferences;
@@ -63,7 +64,7 @@ bool OpenDocument(Document& document);
 bool SaveDocument(Document& document);
 bool SaveDocumentAs(Document& document);
 // Opens the file that the command line names, by its full path.
-bool OpenNamedDocument(Document& document, const std::string& full_path);
+bool OpenNamedDocument(Document& document, const std::filesystem::path& full_path);
 
 // Stores the image just read in the working copy as a template of this name in the data folder,
 // and makes it the configured template. False when the file could not be written; the configured

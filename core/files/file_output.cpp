@@ -4,13 +4,13 @@
 
 namespace qz7 {
 
-bool WriteFileOrShow(const std::string& path, std::span<const std::uint8_t> bytes) {
+bool WriteFileOrShow(const std::filesystem::path& path, std::span<const std::uint8_t> bytes) {
   switch (WriteWholeFile(path, bytes)) {
     case WriteOutcome::kCannotCreate:
-      ShowFileError("Cannot create file:\n" + path);
+      ShowFileError("Cannot create file:\n" + PathText(path));
       return false;
     case WriteOutcome::kWriteError:
-      ShowFileError("Error writing file:\n" + path);
+      ShowFileError("Error writing file:\n" + PathText(path));
       return false;
     default:
       return true;

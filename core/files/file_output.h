@@ -1,8 +1,8 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <span>
-#include <string>
 
 namespace qz7 {
 
@@ -13,14 +13,14 @@ enum class WriteOutcome { kWritten, kCannotCreate, kWriteError };
 // is untouched and the new one is gone. A target that cannot be opened for writing (read-only, or
 // held by another program) is not replaced. Only where the folder takes no new file, or a program
 // that reads the target keeps the new file from its place, is the target written in place.
-WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes);
+WriteOutcome WriteWholeFile(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 
 // Whether WriteWholeFile could begin: the target, where it is there, opens for writing; otherwise
 // its folder takes a new file.
-bool CanWriteFile(const std::string& path);
+bool CanWriteFile(const std::filesystem::path& path);
 
 // WriteWholeFile that shows "Cannot create file:\n%s" or "Error writing file:\n%s" and returns
 // false.
-bool WriteFileOrShow(const std::string& path, std::span<const std::uint8_t> bytes);
+bool WriteFileOrShow(const std::filesystem::path& path, std::span<const std::uint8_t> bytes);
 
 }  // namespace qz7

@@ -77,8 +77,8 @@ void FlushFolderOf(const std::string& path) {
 
 }  // namespace
 
-bool CanWriteFile(const std::string& path) {
-  const std::string target = RealTarget(path);
+bool CanWriteFile(const std::filesystem::path& path) {
+  const std::string target = RealTarget(path.native());
   struct stat file {};
   if (stat(target.c_str(), &file) == 0) {
     return !S_ISDIR(file.st_mode) && MayBeWritten(target, file);
@@ -87,11 +87,12 @@ bool CanWriteFile(const std::string& path) {
   return access(folder.empty() ? "." : folder.c_str(), W_OK | X_OK) == 0;
 }
 
-WriteOutcome WriteWholeFile(const std::string& path, std::span<const std::uint8_t> bytes) {
+WriteOutcome WriteWholeFile(const std::filesystem::path& path,
+                            std::span<const std::uint8_t> bytes) {
   if (path.empty()) {
     return WriteOutcome::kCannotCreate;
   }
-  const std::string target = RealTarget(path);
+  const std::string target = RealTarget(path.native());
   struct stat old {};
   const bool exists = stat(target.c_str(), &old) == 0;
   if (exists && !MayBeWritten(target, old)) {

@@ -6,6 +6,8 @@
 #include <limits>
 #include <memory>
 
+#include "core/files/paths.h"
+#include "core/files/profile_paths.h"
 #include "core/files/radio_data_file.h"
 #include "core/files/seams.h"
 #include "core/image/band_plan.h"
@@ -26,27 +28,25 @@ bool ReadFlag(const char* key, const char* missing) {
 }
 
 // The file itself is not kept: only a bad one is reported.
-void ReportBadTemplate(const std::string& path) {
+void ReportBadTemplate(const std::filesystem::path& path) {
   std::error_code ignored;
-  if (path.empty() || !std::filesystem::is_regular_file(path, ignored)) {
+  if (path.empty() || !std::filesystem::is_regular_file(SystemPath(path), ignored)) {
     return;
   }
   const auto buffer = std::make_unique<CloneImage>();
   ReadTemplateFile(*buffer, path);
 }
 
-char LowerCase(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 }  // namespace
 
-void LoadPreferences(Preferences& preferences, const std::string& program_folder) {
+void LoadPreferences(Preferences& preferences, const std::filesystem::path& program_folder) {
   preferences.port_index = PortIndexOf(ReadProfile(kPortKey, "0", kLongestPort));
-  preferences.data_folder = ReadProfile(kDataFolderKey, "", kLongestFolder);
+  preferences.data_folder = ReadProfilePath(kDataFolderKey, kLongestFolder);
   if (preferences.data_folder.empty()) {
     preferences.data_folder = program_folder;
-    WriteProfile(kDataFolderKey, program_folder);
+    WriteProfilePath(kDataFolderKey, program_folder, kLongestFolder);
   }
-  preferences.template_path = ReadProfile(kTemplateKey, "", kLongestPath);
+  preferences.template_path = ReadProfilePath(kTemplateKey, kLongestPath);
   ReportBadTemplate(preferences.template_path);
   for (const PreferenceFlag& flag : kPreferenceFlags) {
     preferences.*flag.flag = ReadFlag(flag.key, "X");
@@ -60,15 +60,15 @@ void SavePreferenceFlags(const Preferences& preferences) {
   }
 }
 
-void ChangeDataFolder(Preferences& preferences, const std::string& folder) {
+void ChangeDataFolder(Preferences& preferences, const std::filesystem::path& folder) {
   if (!SamePath(folder, preferences.data_folder)) {
-    WriteProfile(kDataFolderKey, folder);
+    WriteProfilePath(kDataFolderKey, folder, kLongestFolder);
   }
   preferences.data_folder = folder;
 }
 
 void SaveTemplatePath(const Preferences& preferences) {
-  WriteProfile(kTemplateKey, preferences.template_path);
+  WriteProfilePath(kTemplateKey, preferences.template_path, kLongestPath);
 }
 
 void SavePortIndex(const Preferences& preferences) {
@@ -78,11 +78,6 @@ void SavePortIndex(const Preferences& preferences) {
 int PortIndexOf(const std::string& text) {
   const long value = std::strtol(text.c_str(), nullptr, 10);
   return static_cast<int>(std::clamp<long>(value, 0, std::numeric_limits<int>::max()));
-}
-
-bool SamePath(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return LowerCase(x) == LowerCase(y); });
 }
 
 }  // namespace qz7

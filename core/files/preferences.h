@@ -1,16 +1,16 @@
 #pragma once
 
 #include <array>
+#include <filesystem>
 #include <string>
-#include <string_view>
 
 namespace qz7 {
 
 // What outlives a run in the preferences file (core/files/seams.h).
 struct Preferences {
-  std::string data_folder;    // without a "\" at its end
-  std::string template_path;  // empty: none chosen
-  int port_index = 0;         // 0 none, 1..9 COM1..COM9; larger values until the port dialog opens
+  std::filesystem::path data_folder;    // without a "\" at its end
+  std::filesystem::path template_path;  // empty: none chosen
+  int port_index = 0;  // 0 none, 1..9 COM1..COM9; larger values until the port dialog opens
   bool use_main_defaults_new = false;
   bool use_main_defaults_open = false;
   bool use_setting_defaults = false;
@@ -40,21 +40,18 @@ inline constexpr std::array<PreferenceFlag, 8> kPreferenceFlags = {{
 
 // Reads everything at start-up and reports a template file that is named, exists and is bad. An
 // empty data folder becomes `program_folder` and is written back.
-void LoadPreferences(Preferences& preferences, const std::string& program_folder);
+void LoadPreferences(Preferences& preferences, const std::filesystem::path& program_folder);
 
 // Writes the flags of the preferences dialog as "0" or "1".
 void SavePreferenceFlags(const Preferences& preferences);
 
 // Each changes the preference and writes it; the data folder only when more than the case of its
 // letters is new, the port only when it is another one.
-void ChangeDataFolder(Preferences& preferences, const std::string& folder);
+void ChangeDataFolder(Preferences& preferences, const std::filesystem::path& folder);
 void SaveTemplatePath(const Preferences& preferences);
 void SavePortIndex(const Preferences& preferences);
 
 // The stored text of a port, as an index; 0 for what is negative or no number.
 int PortIndexOf(const std::string& text);
-
-// Whether two paths are the same but for the case of their letters.
-bool SamePath(std::string_view a, std::string_view b);
 
 }  // namespace qz7

@@ -1,12 +1,13 @@
 #include "core/files/radio_data_file.h"
 
 #include <algorithm>
-#include <fstream>
+#include <istream>
 #include <numeric>
 #include <random>
 
 #include "core/files/document_header.h"
 #include "core/files/file_output.h"
+#include "core/files/paths.h"
 #include "core/files/seams.h"
 #include "core/image/derived_tables.h"
 
@@ -34,7 +35,9 @@ bool Refuse(const std::string& message) {
   return false;
 }
 
-bool RefuseToOpen(const std::string& path) { return Refuse("Cannot open file:\n" + path); }
+bool RefuseToOpen(const std::filesystem::path& path) {
+  return Refuse("Cannot open file:\n" + PathText(path));
+}
 
 unsigned SumOf(const CloneImage& image, Region region) {
   const auto first = image.begin() + static_cast<std::ptrdiff_t>(region.offset);
@@ -42,7 +45,7 @@ unsigned SumOf(const CloneImage& image, Region region) {
 }
 
 // Reads the file whole and checks all but its checksums.
-bool ReadImageFile(CloneImage& buffer, std::istream& file, const std::string& path,
+bool ReadImageFile(CloneImage& buffer, std::istream& file, const std::string& name,
                    const FileKind& kind) {
   const auto read = [&](Region part) {
     file.read(reinterpret_cast<char*>(buffer.data() + part.offset),
@@ -50,11 +53,11 @@ bool ReadImageFile(CloneImage& buffer, std::istream& file, const std::string& pa
     return file.gcount() == static_cast<std::streamsize>(part.size);
   };
   if (!read(kDocumentHeader) || !HasMagic(buffer, kind.magic)) {
-    return Refuse(kind.wrong_magic + path);
+    return Refuse(kind.wrong_magic + name);
   }
   if (!std::equal(kRadioIdentifier.begin(), kRadioIdentifier.end(),
                   buffer.begin() + kIdentifierOffset)) {
-    return Refuse(kind.wrong_radio + std::string(RadioName(buffer)));
+    return Refuse(kind.wrong_radio + ShownText(RadioName(buffer)));
   }
   if (ReadU32(buffer.data() + kTotalSizeOffset) != kCloneImageSize) {
     return Refuse(kind.bad_header);
@@ -96,19 +99,19 @@ std::uint8_t FileChecksum(CloneImage& image) {
   return static_cast<std::uint8_t>(0U - SumOf(image, {.offset = 0, .size = kCloneImageSize}));
 }
 
-bool ReadRadioDataFile(CloneImage& buffer, const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return file ? ReadRadioDataFile(buffer, file, path) : RefuseToOpen(path);
+bool ReadRadioDataFile(CloneImage& buffer, const std::filesystem::path& path) {
+  std::ifstream file = OpenToRead(path);
+  return file ? ReadRadioDataFile(buffer, file, PathText(path)) : RefuseToOpen(path);
 }
 
-bool ReadTemplateFile(CloneImage& buffer, const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return file ? ReadTemplateFile(buffer, file, path) : RefuseToOpen(path);
+bool ReadTemplateFile(CloneImage& buffer, const std::filesystem::path& path) {
+  std::ifstream file = OpenToRead(path);
+  return file ? ReadTemplateFile(buffer, file, PathText(path)) : RefuseToOpen(path);
 }
 
-bool ReadRadioDataFile(CloneImage& buffer, std::istream& file, const std::string& path) {
+bool ReadRadioDataFile(CloneImage& buffer, std::istream& file, const std::string& name) {
   constexpr std::uint32_t kOldVersion = 1;
-  if (!ReadImageFile(buffer, file, path, kRadioDataFile)) {
+  if (!ReadImageFile(buffer, file, name, kRadioDataFile)) {
     return false;
   }
   const bool old_version = ReadU32(buffer.data() + kVersionOffset) == kOldVersion;
@@ -128,8 +131,8 @@ bool ReadRadioDataFile(CloneImage& buffer, std::istream& file, const std::string
   return true;
 }
 
-bool ReadTemplateFile(CloneImage& buffer, std::istream& file, const std::string& path) {
-  if (!ReadImageFile(buffer, file, path, kTemplateFile)) {
+bool ReadTemplateFile(CloneImage& buffer, std::istream& file, const std::string& name) {
+  if (!ReadImageFile(buffer, file, name, kTemplateFile)) {
     return false;
   }
   if (FileChecksum(buffer) != 0 || RadioBlockChecksum(buffer) != buffer[kBlockChecksumOffset]) {
@@ -145,7 +148,7 @@ void PrepareRadioDataFile(CloneImage& image) {
   DrawFiller(image);
 }
 
-bool WriteRadioDataFile(CloneImage& image, const std::string& path) {
+bool WriteRadioDataFile(CloneImage& image, const std::filesystem::path& path) {
   PrepareRadioDataFile(image);
   return WriteFileOrShow(path, image);
 }
@@ -157,19 +160,20 @@ void PrepareTemplateFile(CloneImage& image) {
   StoreFileChecksum(image);
 }
 
-bool WriteTemplateFile(CloneImage& image, const std::string& path) {
+bool WriteTemplateFile(CloneImage& image, const std::filesystem::path& path) {
   PrepareTemplateFile(image);
   const bool written = WriteFileOrShow(path, image);
   SetMagic(image, kRadioDataMagic);
   return written;
 }
 
-std::string TemplatePath(const std::string& folder, const std::string& name) {
+std::filesystem::path TemplatePath(const std::filesystem::path& folder,
+                                   const std::filesystem::path& name) {
   constexpr std::size_t kNameCharacters = 8;
-  std::string stem = name.substr(0, kNameCharacters);
+  std::filesystem::path::string_type stem = name.native().substr(0, kNameCharacters);
   stem.erase(std::min(stem.find('.'), stem.size()));
   stem.erase(std::min(stem.find(' '), stem.size()));
-  return folder + "\\" + stem + ".tpl";
+  return InFolder(folder, stem) += ".tpl";
 }
 
 }  // namespace qz7

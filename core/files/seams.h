@@ -2,8 +2,10 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "core/image/clone_image.h"
@@ -17,6 +19,16 @@ namespace qz7 {
 
 // The program title: caption of the document's messages and section of the preferences file.
 inline constexpr const char* kProgramTitle = "QZ-7H Programmer";
+
+// Texts. What a program shows is in its own encoding: the system's code page in the desktop
+// program, UTF-8 in the console program.
+
+// A path as the program shows it, with the system's replacement for what the encoding lacks, and
+// the path of such a text.
+std::string PathText(const std::filesystem::path& path);
+std::filesystem::path PathOfText(std::string_view text);
+// A text of the radio or of a file.
+std::string ShownText(std::string_view bytes);
 
 // Messages.
 
@@ -44,14 +56,14 @@ struct FileBox {
   const char* title;
   std::vector<FileFilter> filters;  // the first one is selected
   const char* default_extension;
-  std::string folder;  // where the box starts
-  std::string initial_name;
+  std::filesystem::path folder;  // where the box starts
+  std::filesystem::path initial_name;
 };
 
 struct ChosenFile {
-  std::string path;         // the full path
-  std::string name;         // its name part
-  std::size_t name_offset;  // where the name starts in the path; 0 when the box does not tell
+  std::filesystem::path path;  // the full path
+  std::filesystem::path name;  // its name part
+  std::size_t name_offset;     // where it starts in path.native(); 0 when the box does not tell
 };
 
 // For an existing file in an existing folder, without a read-only check box. Nothing when
@@ -72,9 +84,10 @@ void SetMainTitle(const std::string& title);
 
 // The preferences file "Tamro.ini", section kProgramTitle: text values by key. Failures are not
 // reported. ReadProfile cuts the value after `most` characters and returns `missing` where there is
-// no such key.
+// no such key; ForgetProfile removes a key.
 std::string ReadProfile(const std::string& key, const std::string& missing, std::size_t most);
 void WriteProfile(const std::string& key, const std::string& value);
+void ForgetProfile(const std::string& key);
 
 // The current time in seconds: the seed of the filler bytes.
 std::uint32_t CurrentTimeSeconds();

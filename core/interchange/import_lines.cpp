@@ -2,10 +2,10 @@
 
 #include <algorithm>
 #include <array>
-#include <fstream>
 #include <limits>
 #include <vector>
 
+#include "core/files/paths.h"
 #include "core/files/seams.h"
 #include "core/image/text_codec.h"
 
@@ -64,7 +64,7 @@ std::uint16_t CountLines(ImportLines& lines) {
 std::optional<ImportLines> OpenImportFile(ImportSession& session) {
   constexpr std::size_t kMostBytes = std::size_t{64} << 20;
   constexpr std::size_t kPiece = std::size_t{64} << 10;
-  std::ifstream file(session.options.path, std::ios::binary);
+  std::ifstream file = OpenToRead(session.options.path);
   std::vector<std::uint8_t> bytes;
   while (file && bytes.size() < kMostBytes) {
     const std::size_t before = bytes.size();

@@ -8,7 +8,7 @@ void OpenImportDialog(ImportSession& session) {
   session.options.title = title;
 }
 
-FileBox ImportFileBox(const std::string& folder) {
+FileBox ImportFileBox(const std::filesystem::path& folder) {
   return {.title = "Open File for Import",
           .filters = {{"Travel Plus files (*.tpe)", "*.tpe"},
                       {"ARRL Repeater files (*.rd)", "*.rd"},
@@ -22,10 +22,12 @@ FileBox ImportFileBox(const std::string& folder) {
 
 void ChooseImportFile(ImportSession& session, const ChosenFile& file) {
   session.options.path = file.path;
-  session.options.title = file.name;
+  session.options.title = PathText(file.name);
 }
 
-std::string ImportFolder(const ChosenFile& file) { return file.path.substr(0, file.name_offset); }
+std::filesystem::path ImportFolder(const ChosenFile& file) {
+  return file.path.native().substr(0, file.name_offset);
+}
 
 void TakeImportOptions(ImportSession& session, const ImportOptions& options) {
   session.options = options;

@@ -3,6 +3,7 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <string_view>
 
@@ -15,7 +16,7 @@ namespace qz7 {
 using ColumnAssignment = std::array<std::uint32_t, kCsvColumnCount>;
 
 struct ImportOptions {
-  std::string path;
+  std::filesystem::path path;
   std::string title;           // the file's name without its folder, for captions and messages
   char field_separator = ',';  // 0: none, a line is one field
   char text_separator = '"';   // 0: none
@@ -49,10 +50,10 @@ struct ImportSession {
 void OpenImportDialog(ImportSession& session);
 
 // The box behind Browse; `folder` is the stored "ImportDir".
-FileBox ImportFileBox(const std::string& folder);
+FileBox ImportFileBox(const std::filesystem::path& folder);
 void ChooseImportFile(ImportSession& session, const ChosenFile& file);
 // The folder to store as "ImportDir": the path up to the file name; empty when it has none.
-std::string ImportFolder(const ChosenFile& file);
+std::filesystem::path ImportFolder(const ChosenFile& file);
 
 // OK in the import dialog: the options are taken, and the separator starts afresh.
 void TakeImportOptions(ImportSession& session, const ImportOptions& options);

@@ -1,10 +1,11 @@
 #include "core/interchange/merge_source.h"
 
 #include <algorithm>
-#include <fstream>
+#include <istream>
 #include <new>
 
 #include "core/files/document_header.h"
+#include "core/files/paths.h"
 #include "core/files/seams.h"
 
 namespace qz7 {
@@ -57,7 +58,7 @@ std::optional<std::span<const std::uint8_t>> Entry(const MergeSource& source, in
 
 }  // namespace
 
-FileBox MergeFileBox(const std::string& folder) {
+FileBox MergeFileBox(const std::filesystem::path& folder) {
   return {.title = "Radio File for Merge",
           .filters = {{"Radio Files (*.rdf)", "*.rdf"}, {"All files (*.*)", "*.*"}},
           .default_extension = "rdf",
@@ -65,18 +66,19 @@ FileBox MergeFileBox(const std::string& folder) {
           .initial_name = ""};
 }
 
-bool ReadMergeSource(MergeSource& source, CloneImage& working_copy, const std::string& path) {
-  std::ifstream file(path, std::ios::binary);
-  return file ? ReadMergeSource(source, working_copy, file, path)
-              : Refuse(source, "Cannot open file:\n" + path);
+bool ReadMergeSource(MergeSource& source, CloneImage& working_copy,
+                     const std::filesystem::path& path) {
+  std::ifstream file = OpenToRead(path);
+  return file ? ReadMergeSource(source, working_copy, file, PathText(path))
+              : Refuse(source, "Cannot open file:\n" + PathText(path));
 }
 
 bool ReadMergeSource(MergeSource& source, CloneImage& working_copy, std::istream& file,
-                     const std::string& path) {
+                     const std::string& name) {
   source = {};
   if (!ReadBytes(file, working_copy.data(), kDocumentHeader.size) ||
       !HasMagic(working_copy, kRadioDataMagic)) {
-    return Refuse(source, "Not a radio data file:\n" + path);
+    return Refuse(source, "Not a radio data file:\n" + name);
   }
   if (!Allocate(source, ReadU32(working_copy.data() + kTotalSizeOffset))) {
     return Refuse(source, "Out of Memory");

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <iosfwd>
 #include <memory>
 #include <optional>
@@ -33,14 +34,15 @@ inline constexpr std::uint32_t kSmallestSource = 180;
 inline constexpr std::uint32_t kLargestSource = 16U << 20;
 
 // The box that asks for the file.
-FileBox MergeFileBox(const std::string& folder);
+FileBox MergeFileBox(const std::filesystem::path& folder);
 
 // Loads a source; false after showing why not, and then it is empty. What was read of the header
 // has overwritten the header of the working copy in every case.
-bool ReadMergeSource(MergeSource& source, CloneImage& working_copy, const std::string& path);
-// The same for a file that is open already; `path` is what its messages call it.
+bool ReadMergeSource(MergeSource& source, CloneImage& working_copy,
+                     const std::filesystem::path& path);
+// The same for a file that is open already; `name` is what its messages call it.
 bool ReadMergeSource(MergeSource& source, CloneImage& working_copy, std::istream& file,
-                     const std::string& path);
+                     const std::string& name);
 
 // The functions below want a loaded source. Its channels are s = 1..SourceChannelCount.
 int SourceChannelCount(const MergeSource& source);

@@ -5,6 +5,7 @@
 #include <memory>
 #include <new>
 
+#include "core/files/paths.h"
 #include "core/files/radio_data_file.h"
 #include "core/files/seams.h"
 #include "core/image/operating_state.h"
@@ -135,7 +136,7 @@ void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_co
   RestartExchange(write, port);
 }
 
-bool IsTemplateNamed(const std::string& template_path) {
+bool IsTemplateNamed(const std::filesystem::path& template_path) {
   if (template_path.empty()) {
     ShowMessage(
         "No template file specified.\nUse Browse Template to select one\n"
@@ -145,7 +146,8 @@ bool IsTemplateNamed(const std::string& template_path) {
   return !template_path.empty();
 }
 
-TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& template_path) {
+TemplateOutcome LoadTemplateFor(CloneImage& template_image,
+                                const std::filesystem::path& template_path) {
   if (!ReadTemplateFile(template_image, template_path)) {
     return TemplateOutcome::kStay;
   }
@@ -159,7 +161,8 @@ TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& t
   return TemplateOutcome::kUsable;
 }
 
-void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& template_path) {
+void StartCloneWrite(CloneWrite& write, SerialPort& port,
+                     const std::filesystem::path& template_path) {
   if (write.phase != CloneWrite::kIdle || !write.can_start || !IsTemplateNamed(template_path)) {
     return;
   }
@@ -258,13 +261,14 @@ void AnswerCloneWrite(CloneWrite& write, SerialPort& port, Answer answer) {
 
 void CancelCloneWrite(CloneWrite& write) { EndExchange(write, -1); }
 
-std::string TemplateDisplayName(const std::string& path) {
+std::string TemplateDisplayName(const std::filesystem::path& path) {
   constexpr std::size_t kShown = 30;
-  const std::size_t separator = path.rfind('\\');
-  if (separator != std::string::npos) {
-    return path.substr(separator + 1);
+  const std::filesystem::path::string_type& text = path.native();
+  const std::size_t separator = text.rfind(kPathSeparator);
+  if (separator != std::filesystem::path::string_type::npos) {
+    return PathText(text.substr(separator + 1));
   }
-  return path.size() > kShown ? path.substr(path.size() - kShown) : path;
+  return PathText(text.size() > kShown ? text.substr(text.size() - kShown) : text);
 }
 
 }  // namespace qz7

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 
 #include "core/image/clone_image.h"
@@ -31,14 +32,16 @@ void BeginCloneWrite(CloneWrite& write, SerialPort& port, CloneImage& working_co
 
 // The user's OK: loads the template and starts. One that cannot be used leaves the exchange as it
 // is; one of the Japanese version ends it. Ignored unless the exchange is idle.
-void StartCloneWrite(CloneWrite& write, SerialPort& port, const std::string& template_path);
+void StartCloneWrite(CloneWrite& write, SerialPort& port,
+                     const std::filesystem::path& template_path);
 // Merges a template that is loaded and sends the header.
 void StartCloneWrite(CloneWrite& write, SerialPort& port, const CloneImage& template_image);
 
 // The checks of a template, with their messages. kStay: choose another.
-bool IsTemplateNamed(const std::string& template_path);
+bool IsTemplateNamed(const std::filesystem::path& template_path);
 enum class TemplateOutcome { kUsable, kStay, kGiveUp };
-TemplateOutcome LoadTemplateFor(CloneImage& template_image, const std::string& template_path);
+TemplateOutcome LoadTemplateFor(CloneImage& template_image,
+                                const std::filesystem::path& template_path);
 
 // Puts the template's identity into the block to be sent: bytes 0..9 are the template's header,
 // 10 and 11 repeat its bytes 6 and 7, 12 and 13 are the template's.
@@ -62,6 +65,6 @@ void CancelCloneWrite(CloneWrite& write);
 
 // The name that the dialog shows for a template's path: what follows the last "\", or the last 30
 // characters of a path without one.
-std::string TemplateDisplayName(const std::string& path);
+std::string TemplateDisplayName(const std::filesystem::path& path);
 
 }  // namespace qz7

@@ -4,6 +4,7 @@
 
 #include <string>
 
+#include "core/files/profile_paths.h"
 #include "core/files/seams.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
@@ -37,15 +38,15 @@ BOOL OnInit(HWND dialog, LPARAM state) {
 }
 
 void OnBrowse(HWND dialog) {
-  const auto file = ShowOpenBox(ImportFileBox(ReadProfile(kFolderKey, "", kLongestFolder)));
+  const auto file = ShowOpenBox(ImportFileBox(ReadProfilePath(kFolderKey, kLongestFolder)));
   if (!file) {
     return;
   }
   ChooseImportFile(StateOf<ImportSession>(dialog), *file);
-  SetDlgItemTextA(dialog, ID_IMPORT_FILE, file->path.c_str());
-  const std::string folder = ImportFolder(*file);
+  SetDlgItemTextA(dialog, ID_IMPORT_FILE, PathText(file->path).c_str());
+  const std::filesystem::path folder = ImportFolder(*file);
   if (!folder.empty()) {
-    WriteProfile(kFolderKey, folder);
+    WriteProfilePath(kFolderKey, folder, kLongestFolder);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <filesystem>
 #include <optional>
 #include <span>
 #include <string>
@@ -14,8 +15,8 @@ namespace qz7 {
 struct DialogModules {
   HINSTANCE program = nullptr;
   HMODULE library = nullptr;
-  HWND main_window = nullptr;  // the owner of what has no nearer one
-  std::string help_path;       // of "qz7.hlp"
+  HWND main_window = nullptr;       // the owner of what has no nearer one
+  std::filesystem::path help_path;  // of "qz7.hlp"; the pages' folder "help" is beside it
 };
 extern DialogModules dialog_modules;
 

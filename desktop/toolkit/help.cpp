@@ -1,38 +1,86 @@
 #include "desktop/toolkit/help.h"
 
 #include <windows.h>
+// Behind <windows.h>.
+#include <shellapi.h>
 
+#include <array>
+#include <filesystem>
 #include <string>
 
+#include "core/files/seams.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help_viewer.h"
 
 namespace qz7 {
 namespace {
 
-bool FileExists(const std::string& path) {
-  const DWORD attributes = GetFileAttributesA(path.c_str());
-  return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) == 0;
+struct HelpPage {
+  int context;
+  const char* name;
+};
+// The page of each number; a test holds it against the topics.
+constexpr std::array kHelpPages = {
+    HelpPage{102, "getting_data"},
+    HelpPage{103, "sending_data"},
+    HelpPage{104, "data_sent"},
+    HelpPage{105, "com_port"},
+    HelpPage{106, "memory_list"},
+    HelpPage{107, "channel_editor"},
+    HelpPage{108, "autodial"},
+    HelpPage{110, "merge"},
+    HelpPage{111, "home_and_vfo_editor"},
+    HelpPage{112, "copy_many"},
+    HelpPage{119, "vorn"},
+    HelpPage{120, "groups"},
+    HelpPage{121, "settings"},
+    HelpPage{122, "preferences"},
+    HelpPage{123, "wx_names"},
+    HelpPage{125, "icons"},
+    HelpPage{224, "import_columns"},
+};
+
+const char* PageOf(int context) {
+  for (const HelpPage& page : kHelpPages) {
+    if (page.context == context) {
+      return page.name;
+    }
+  }
+  return "contents";
 }
 
-bool UsesViewer() { return FileExists(dialog_modules.help_path) && HasHelpViewer(); }
+// The viewer takes names of the code page only; empty for a path that has none.
+std::string ViewersName(const std::filesystem::path& path) {
+  const std::wstring wide = path.wstring();
+  std::string name(wide.size() * 2, '\0');
+  BOOL replaced = FALSE;
+  const int size =
+      WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), static_cast<int>(wide.size()),
+                          name.data(), static_cast<int>(name.size()), nullptr, &replaced);
+  name.resize(replaced ? 0 : static_cast<std::size_t>(size));
+  return name;
+}
 
-// The page beside the help file, at one of its anchors; nothing where it is not there.
-void OpenPage(const std::string& anchor) {
-  std::string path = dialog_modules.help_path;
-  path.replace(path.rfind('.'), std::string::npos, ".html");
-  if (!FileExists(path)) {
-    return;
+bool UsesViewer() {
+  std::error_code ignored;
+  return std::filesystem::is_regular_file(dialog_modules.help_path, ignored) &&
+         !ViewersName(dialog_modules.help_path).empty() && HasHelpViewer();
+}
+
+// In the browser, as the plain file that it is: the system would drop an anchor behind its name.
+void OpenPage(const char* name) {
+  const std::filesystem::path below = std::filesystem::path("help") / (name + std::string(".html"));
+  const std::filesystem::path page = dialog_modules.help_path.parent_path() / below;
+  const HINSTANCE opened = ShellExecuteW(dialog_modules.main_window, L"open", page.c_str(), nullptr,
+                                         nullptr, SW_SHOWNORMAL);
+  constexpr INT_PTR kLastError = 32;
+  if (reinterpret_cast<INT_PTR>(opened) <= kLastError) {
+    ShowFileError("Cannot open help page: " + below.string());
   }
-  std::string url = "file:///";
-  for (const char c : path) {
-    url += c == '\\' ? std::string("/") : c == ' ' ? std::string("%20") : std::string(1, c);
-  }
-  OpenHelpPage(url + anchor);
 }
 
 void AskViewer(UINT command, ULONG_PTR data) {
-  AskHelpViewer(dialog_modules.help_path, command, data);
+  AskHelpViewer(ViewersName(dialog_modules.help_path), command, data);
 }
 
 }  // namespace
@@ -41,7 +89,7 @@ void ShowHelp(int context) {
   if (UsesViewer()) {
     AskViewer(HELP_CONTEXT, static_cast<ULONG_PTR>(context));
   } else {
-    OpenPage("#" + std::to_string(context));
+    OpenPage(PageOf(context));
   }
 }
 
@@ -49,7 +97,7 @@ void ShowHelpContents() {
   if (UsesViewer()) {
     AskViewer(HELP_CONTENTS, 0);
   } else {
-    OpenPage("");
+    OpenPage("contents");
   }
 }
 
@@ -57,7 +105,7 @@ void ShowHelpSearch() {
   if (UsesViewer() && HelpViewerSearches()) {
     AskViewer(HELP_PARTIALKEY, reinterpret_cast<ULONG_PTR>(""));
   } else {
-    OpenPage("#search");
+    OpenPage("search");
   }
 }
 
@@ -65,7 +113,7 @@ void ShowHelpOnHelp() {
   if (HasHelpViewer() && HasHelpOnHelp()) {
     AskHelpViewer("WINHELP.HLP", HELP_CONTENTS, 0);
   } else {
-    OpenPage("#help");
+    OpenPage("searching");
   }
 }
 

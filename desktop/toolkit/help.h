@@ -19,8 +19,8 @@ inline constexpr int kHelpWxNames = 123;
 inline constexpr int kHelpIcons = 125;
 inline constexpr int kHelpImportColumns = 224;
 
-// Opens the help at a topic: "qz7.hlp" where the system has a viewer for it, otherwise "qz7.html"
-// in the browser. Nothing happens where neither is there.
+// Opens the help at a topic: "qz7.hlp" where the system has a viewer for it, otherwise the topic's
+// page of the folder "help" in the browser. Says so where that cannot be opened.
 void ShowHelp(int context);
 void ShowHelpContents();
 void ShowHelpSearch();

@@ -1,8 +1,5 @@
 #include "desktop/toolkit/help_viewer.h"
 
-// Behind <windows.h>.
-#include <shellapi.h>
-
 #include "desktop/toolkit/dialog_support.h"
 
 namespace qz7 {
@@ -51,10 +48,6 @@ bool HasHelpOnHelp() {
 
 void AskHelpViewer(const std::string& file, UINT command, ULONG_PTR data) {
   WinHelpA(dialog_modules.main_window, file.c_str(), command, data);
-}
-
-void OpenHelpPage(const std::string& url) {
-  ShellExecuteA(dialog_modules.main_window, "open", url.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
 }
 
 }  // namespace qz7

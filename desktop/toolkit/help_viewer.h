@@ -6,7 +6,7 @@
 
 namespace qz7 {
 
-// What the help needs of the system. Defined by each program, as the boxes are.
+// What the help needs of the system's viewer. Defined by each program, as the boxes are.
 
 // The system has a viewer for its old help files. One that only says that it is no longer a part of
 // the system is none.
@@ -17,7 +17,5 @@ bool HelpViewerSearches();
 bool HasHelpOnHelp();
 // HELP_CONTEXT with a topic's number, HELP_CONTENTS, HELP_PARTIALKEY with a text, HELP_QUIT.
 void AskHelpViewer(const std::string& file, UINT command, ULONG_PTR data);
-// A page in the browser: "file:///C:/folder/qz7.html#102".
-void OpenHelpPage(const std::string& url);
 
 }  // namespace qz7

@@ -9,6 +9,7 @@ from support import read_text, sources, topics
 
 CONTENTS_CONTEXT = 1
 NAMES = "desktop/toolkit/help.h"
+PAGES = "desktop/toolkit/help.cpp"
 
 
 def named_contexts():
@@ -37,6 +38,11 @@ class Contexts(unittest.TestCase):
             for context in topic.contexts:
                 with self.subTest(topic.stem, context=context):
                     self.assertTrue(context in asked or topic.stem in shown)
+
+    def test_the_program_opens_the_page_of_each_number(self):
+        told = re.findall(r'HelpPage\{(\d+), "(\w+)"\}', read_text(PAGES))
+        self.assertEqual(told, sorted((str(context), topic.stem) for topic in topics().topics
+                                      for context in topic.contexts))
 
     def test_the_contents_have_the_first_number(self):
         self.assertEqual(topics().contents.contexts, [CONTENTS_CONTEXT])

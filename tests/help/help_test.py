@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """help_test.py HELP_FOLDER [PROGRAMS_FOLDER]: the tests of the help.
 
-HELP_FOLDER is where the build writes qz7.html, qz7.hlp and the manual pages; PROGRAMS_FOLDER is
+HELP_FOLDER is where the build writes help/, qz7.hlp and the manual pages; PROGRAMS_FOLDER is
 where qz7ctl and qz7radio of this machine are. Without it their options are not compared.
 """
 import sys

@@ -7,7 +7,7 @@ import hlp_file
 import hlp_topic
 from hlp import cell_width, wrap_cell
 from hlp_reader import FormatError, HlpFile, Tree, read_long
-from support import hlp, page, read_built, topics, words
+from support import hlp, pages, read_built, topics, words
 from topics import Run, plain
 
 
@@ -116,7 +116,7 @@ class Reader(unittest.TestCase):
 
 
 def page_words(topic):
-    return Counter(words(page().sections[topic.stem].text))
+    return Counter(words(pages()[topic.stem + ".html"].text))
 
 
 def hlp_words(topic):
@@ -184,7 +184,7 @@ class File(unittest.TestCase):
                 jumps = {hlp().topic_of_hash(jump).title
                          for paragraph in self.topic_of(source).paragraphs
                          for jump in paragraph.jumps}
-                stems = set(page().sections[source.stem].links)
+                stems = {link.removesuffix(".html") for link in pages()[source.stem + ".html"].links}
                 self.assertEqual(jumps, {topic.title for topic in topics().topics
                                          if topic.stem in stems}
                                  | ({topics().contents.title} if "contents" in stems else set()))

@@ -1,10 +1,9 @@
-"""What the tests of the help share: the places, the topics, the page taken apart."""
+"""What the tests of the help share: the places, the topics, the pages taken apart."""
 import functools
 import importlib.util
 import os
 import re
 import sys
-from dataclasses import dataclass, field
 from html.parser import HTMLParser
 
 HERE = os.path.dirname(os.path.abspath(__file__))
@@ -48,32 +47,28 @@ def topics():
 
 
 VOID = {"meta", "br", "hr", "img", "link", "input"}
-BLOCKS = {"h1", "h2", "h3", "h4", "p", "li", "td", "th", "pre", "dt", "dd"}
-
-
-@dataclass
-class PageSection:
-    anchors: list = field(default_factory=list)
-    text: str = ""
-    links: list = field(default_factory=list)
-    title: str = ""
+BLOCKS = {"h1", "h2", "h3", "p", "li", "td", "th", "pre", "section", "nav"}
 
 
 class Page(HTMLParser):
-    """The page as sections; mistakes tells what is not well-formed."""
+    """A page taken apart; mistakes tells what is not well-formed. Its text and links are those of its
+    main part, without the way to its neighbours."""
 
     def __init__(self, text):
         super().__init__(convert_charrefs=True)
         self.stack = []
         self.mistakes = []
         self.ids = []
-        self.addresses = []
-        self.sections = {}
-        self.current = None
-        self.skipped = 0  # inside of what belongs to no topic
+        self.addresses = []  # of the whole page
+        self.links = []
+        self.text = ""
+        self.title = ""
         self.feed(text)
         self.close()
         self.mistakes += [f"not closed: {tag}" for tag in self.stack]
+
+    def in_the_text(self):
+        return "main" in self.stack and "nav" not in self.stack
 
     def handle_starttag(self, tag, attrs):
         names = [name for name, _ in attrs]
@@ -82,47 +77,38 @@ class Page(HTMLParser):
         values = dict(attrs)
         if tag not in VOID:
             self.stack.append(tag)
-        if tag in ("section", "nav"):
-            self.current = self.sections.setdefault(values["id"], PageSection())
         if "id" in values:
             self.ids.append(values["id"])
-            if self.current is not None:
-                self.current.anchors.append(values["id"])
         self.addresses += [values[name] for name in ("href", "src") if name in values]
-        self.skipped += tag == "p" and values.get("class") == "up"
-        if self.current is not None and tag == "a" and not self.skipped:
-            self.current.links.append(values["href"].removeprefix("#"))
-        if self.current is not None and tag in BLOCKS:
-            self.current.text += "\n"
+        if self.in_the_text():
+            self.links += [values["href"]] if tag == "a" else []
+            self.text += "\n" if tag in BLOCKS else ""
 
     def handle_endtag(self, tag):
         if not self.stack or self.stack[-1] != tag:
             self.mistakes.append(f"{tag} closed inside {self.stack[-3:]}, line {self.getpos()[0]}")
             return
         self.stack.pop()
-        if tag == "p" and self.skipped:
-            self.skipped = 0
-        if tag in ("section", "nav"):
-            self.current = None
 
     def handle_data(self, data):
-        if self.current is not None and not self.skipped:
-            self.current.text += data
-            if self.stack[-1] == "h2" and not self.current.title:
-                self.current.title = data
+        if self.in_the_text():
+            self.text += data
+            self.title += data if self.stack[-1] == "h1" else ""
 
     def unknown_decl(self, data):
         self.mistakes.append(f"declaration: {data}")
 
 
 @functools.cache
-def page_text():
-    return read_built("qz7.html").decode("utf-8")
+def page_files():
+    """{name: text} of the pages' folder."""
+    return {name: read_built(os.path.join("help", name)).decode("utf-8")
+            for name in sorted(os.listdir(os.path.join(built["help"], "help")))}
 
 
 @functools.cache
-def page():
-    return Page(page_text())
+def pages():
+    return {name: Page(text) for name, text in page_files().items() if name.endswith(".html")}
 
 
 @functools.cache

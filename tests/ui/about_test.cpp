@@ -80,7 +80,8 @@ class AboutTest : public WindowTest {
   // A program file with that version record and no other resource.
   std::string PutProgram(const std::string& name, const std::optional<Record>& record = {}) {
     const std::string path = folder.File(name);
-    EXPECT_TRUE(CopyFileA(BesideProgram("qz732.dll").c_str(), path.c_str(), FALSE));
+    EXPECT_TRUE(
+        CopyFileW(BesideProgram("qz732.dll").c_str(), std::filesystem::path(path).c_str(), FALSE));
     const HANDLE update = BeginUpdateResourceA(path.c_str(), TRUE);
     EXPECT_NE(update, nullptr);
     if (record) {
@@ -140,7 +141,7 @@ TEST_F(AboutTest, TheLicenceThatItNamesLiesBesideTheProgram) {
   const auto texts = ReadVersionTexts(BesideProgram("qz7.exe"));
   ASSERT_TRUE(texts);
   EXPECT_NE(texts->legal.find("LICENSE"), std::string::npos);
-  EXPECT_NE(GetFileAttributesA(BesideProgram("LICENSE").c_str()), INVALID_FILE_ATTRIBUTES);
+  EXPECT_NE(GetFileAttributesW(BesideProgram("LICENSE").c_str()), INVALID_FILE_ATTRIBUTES);
 }
 
 TEST_F(AboutTest, ShowsTheProgramsIcon) {

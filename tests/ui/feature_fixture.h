@@ -16,7 +16,7 @@ namespace qz7 {
 class FeatureDialogTest : public WindowTest {
  protected:
   FeatureDialogTest() {
-    AddFontResourceA(BesideProgram("qz7.fon").c_str());
+    AddFontResourceW(BesideProgram("qz7.fon").c_str());
     GetCurrentDirectoryA(MAX_PATH, before_);
     SetCurrentDirectoryA(folder.path().string().c_str());
     CollectMainDialog(app.document);
@@ -24,7 +24,7 @@ class FeatureDialogTest : public WindowTest {
   }
   ~FeatureDialogTest() override {
     SetCurrentDirectoryA(before_);
-    RemoveFontResourceA(BesideProgram("qz7.fon").c_str());
+    RemoveFontResourceW(BesideProgram("qz7.fon").c_str());
   }
 
   // Opens the command's dialog on the document as it stands; the script closes it.

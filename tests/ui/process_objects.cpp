@@ -2,7 +2,9 @@
 // Behind <windows.h>.
 #include <winternl.h>
 
-#include <algorithm>
+#include <array>
+#include <map>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -13,13 +15,14 @@ namespace {
 
 // The system's own table of GDI objects: its entries' kinds are 0 where nothing is kept. Asking for
 // the count (GetGuiResources) gives no answer under Wine.
-std::size_t CountGdiObjects() {
+std::map<std::string, int> GdiObjects() {
   struct Entry {
     void* object;
     WORD owner_low;
     WORD owner_high;
     WORD unique;
-    WORD kind;
+    BYTE kind;
+    BYTE flags;
     void* user;
   };
   constexpr std::size_t kEntries = 16'384;
@@ -27,16 +30,47 @@ std::size_t CountGdiObjects() {
   const auto* block =
       reinterpret_cast<const std::uint8_t*>(NtCurrentTeb()->ProcessEnvironmentBlock);
   const auto* table = *reinterpret_cast<const Entry* const*>(block + kTableInBlock);
-  std::size_t count = 0;
-  for (std::size_t i = 0; i < kEntries; ++i) {
-    count += table[i].kind != 0 ? 1U : 0U;
+  std::map<std::string, int> objects;
+  for (const Entry& entry : std::span(table, kEntries)) {
+    if (entry.kind != 0) {
+      ++objects["GDI object of kind " + std::to_string(entry.kind)];
+    }
   }
-  return count;
+  return objects;
+}
+
+// A function of the system's lowest library that its import library does not offer.
+template <typename Function>
+Function SystemFunction(const char* name) {
+  return reinterpret_cast<Function>(
+      reinterpret_cast<void*>(GetProcAddress(GetModuleHandleA("ntdll.dll"), name)));
+}
+
+// "Event", "Key \\Registry\\Machine\\...": what the handle is of, and its object's name if it has
+// one.
+std::string DescribeHandle(HANDLE handle) {
+  using Query = NTSTATUS(NTAPI*)(HANDLE, ULONG, void*, ULONG, ULONG*);
+  static const auto query = SystemFunction<Query>("NtQueryObject");
+  constexpr ULONG kName = 1;
+  constexpr ULONG kKind = 2;
+  std::string text;
+  for (const ULONG part : {kKind, kName}) {
+    alignas(UNICODE_STRING) std::array<std::uint8_t, 2048> answer{};
+    if (query(handle, part, answer.data(), answer.size(), nullptr) < 0) {
+      continue;
+    }
+    const auto& said = *reinterpret_cast<const UNICODE_STRING*>(answer.data());
+    text += text.empty() || said.Length == 0 ? "" : " ";
+    for (std::size_t i = 0; i < said.Length / sizeof(WCHAR); ++i) {
+      text += static_cast<char>(said.Buffer[i]);
+    }
+  }
+  return text;
 }
 
 // From the list of all handles of the system; the count of the process alone is always 0 under
 // Wine.
-std::size_t CountHandles() {
+std::map<std::string, int> OwnHandles() {
   struct Handle {
     void* object;
     ULONG_PTR process;
@@ -54,18 +88,21 @@ std::size_t CountHandles() {
   };
   // The function's own enumeration does not name this kind of answer.
   using Query = NTSTATUS(NTAPI*)(ULONG, void*, ULONG, ULONG*);
+  static const auto query = SystemFunction<Query>("NtQuerySystemInformation");
   constexpr ULONG kAllHandles = 64;
-  const auto query = reinterpret_cast<Query>(reinterpret_cast<void*>(
-      GetProcAddress(GetModuleHandleA("ntdll.dll"), "NtQuerySystemInformation")));
   std::vector<ULONG_PTR> room(1024);
   while (query(kAllHandles, room.data(), static_cast<ULONG>(room.size() * sizeof room[0]),
                nullptr) < 0) {
     room.resize(room.size() * 2);
   }
   const auto* list = reinterpret_cast<const List*>(room.data());
-  return static_cast<std::size_t>(
-      std::count_if(list->handles, list->handles + list->count,
-                    [](const Handle& one) { return one.process == GetCurrentProcessId(); }));
+  std::map<std::string, int> handles;
+  for (const Handle& one : std::span(list->handles, list->count)) {
+    if (one.process == GetCurrentProcessId()) {
+      ++handles[DescribeHandle(reinterpret_cast<HANDLE>(one.value))];
+    }
+  }
+  return handles;
 }
 
 BOOL CALLBACK CountWindow(HWND, LPARAM count) {
@@ -83,16 +120,27 @@ ProcessObjects CountNow() {
   RedrawWindow(app.main_window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
   HandleMessages();
   ProcessObjects objects;
-  objects.gdi_objects = CountGdiObjects();
+  objects.gdi_objects = GdiObjects();
   EnumThreadWindows(GetCurrentThreadId(), CountWithChildren,
                     reinterpret_cast<LPARAM>(&objects.windows));
-  objects.handles = CountHandles();
+  objects.handles = OwnHandles();
   return objects;
 }
 
-std::string TextOf(const ProcessObjects& objects) {
-  return std::to_string(objects.gdi_objects) + " GDI objects, " + std::to_string(objects.windows) +
-         " windows, " + std::to_string(objects.handles) + " handles";
+// What there are more or fewer of than there were, a line each.
+std::string Difference(const std::map<std::string, int>& before,
+                       const std::map<std::string, int>& now) {
+  std::map<std::string, int> changes = now;
+  for (const auto& [kind, count] : before) {
+    changes[kind] -= count;
+  }
+  std::string text;
+  for (const auto& [kind, change] : changes) {
+    if (change != 0) {
+      text += "\n" + std::string(change > 0 ? "+" : "") + std::to_string(change) + " " + kind;
+    }
+  }
+  return text;
 }
 
 }  // namespace
@@ -114,8 +162,11 @@ testing::AssertionResult ComesBackTo(const ProcessObjects& before) {
   if (HandleMessagesUntil([&] { return CountNow() == before; })) {
     return testing::AssertionSuccess();
   }
+  const ProcessObjects now = CountNow();
   return testing::AssertionFailure()
-         << TextOf(before) << " before, " << TextOf(CountNow()) << " after";
+         << before.windows << " windows before, " << now.windows << " after; the rest changed by"
+         << Difference(before.gdi_objects, now.gdi_objects)
+         << Difference(before.handles, now.handles);
 }
 
 }  // namespace qz7

@@ -225,8 +225,8 @@ TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
     EXPECT_GE(user.seen.size(), 12U) << "the user has seen too little";
   }
   EXPECT_TRUE(ComesBackTo(before));
-  EXPECT_GT(before.gdi_objects, 0U);
-  EXPECT_GT(before.handles, 0U);
+  EXPECT_FALSE(before.gdi_objects.empty());
+  EXPECT_FALSE(before.handles.empty());
   EXPECT_TRUE(IsWindow(app.main_dialog));
 
   test_seams.messages.clear();

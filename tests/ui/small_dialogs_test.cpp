@@ -227,7 +227,7 @@ TEST_F(AboutDialogTest, IsCentredOverTheMainWindow) {
 
 TEST(Program, ExportsTheCopyManyDialog) {
   const HMODULE program =
-      LoadLibraryExA(BesideProgram("qz7.exe").c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
+      LoadLibraryExW(BesideProgram("qz7.exe").c_str(), nullptr, DONT_RESOLVE_DLL_REFERENCES);
   ASSERT_NE(program, nullptr);
   EXPECT_NE(reinterpret_cast<void*>(GetProcAddress(program, "DlgProcCopyMany")), nullptr);
   FreeLibrary(program);

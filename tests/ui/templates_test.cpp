@@ -27,7 +27,7 @@ BOOL CALLBACK AddName(HMODULE module, LPCSTR, LPSTR name, LONG_PTR list) {
 
 std::vector<Template> AllTemplates() {
   std::vector<Template> templates;
-  static const HMODULE library = LoadLibraryA(BesideProgram("qz732.dll").c_str());
+  static const HMODULE library = LoadLibraryW(BesideProgram("qz732.dll").c_str());
   for (const HMODULE module : {library, GetModuleHandleA(nullptr)}) {
     EnumResourceNamesA(module, RT_DIALOG, AddName, reinterpret_cast<LONG_PTR>(&templates));
   }
@@ -289,7 +289,7 @@ BOOL CALLBACK AddType(HMODULE, LPSTR type, LONG_PTR types) {
 }
 
 TEST(ResourceLibrary, HoldsTemplatesAndBitmapsAlone) {
-  const HMODULE library = LoadLibraryA(BesideProgram("qz732.dll").c_str());
+  const HMODULE library = LoadLibraryW(BesideProgram("qz732.dll").c_str());
   std::vector<LPSTR> types;
   EnumResourceTypesA(library, AddType, reinterpret_cast<LONG_PTR>(&types));
   std::sort(types.begin(), types.end());

@@ -16,7 +16,7 @@ class Program : public testing::Environment {
     dialog_modules.program = GetModuleHandleA(nullptr);
     dialog_modules.help_path = BesideProgram("qz7.hlp");
     ASSERT_TRUE(RegisterMainWindow());
-    ASSERT_NE(AddFontResourceA(BesideProgram("qz7.fon").c_str()), 0);
+    ASSERT_NE(AddFontResourceW(BesideProgram("qz7.fon").c_str()), 0);
   }
 };
 
@@ -66,7 +66,7 @@ int Beeps() { return beeps; }
 
 WindowTest::WindowTest() {
   beeps = 0;
-  dialog_modules.library = LoadLibraryA(BesideProgram("qz732.dll").c_str());
+  dialog_modules.library = LoadLibraryW(BesideProgram("qz732.dll").c_str());
   EXPECT_NE(dialog_modules.library, nullptr);
   app.document = Document{};
   app.document.preferences.data_folder = folder.path().string();
@@ -175,8 +175,8 @@ void SavePicture(HWND window, const std::string& name) {
   header.bfType = 0x4D42;
   header.bfSize = headers + size;
   header.bfOffBits = headers;
-  CreateDirectoryA(BesideProgram("screenshots").c_str(), nullptr);
-  std::ofstream file(BesideProgram("screenshots\\") + name + ".bmp", std::ios::binary);
+  CreateDirectoryW(BesideProgram("screenshots").c_str(), nullptr);
+  std::ofstream file(BesideProgram("screenshots") / (name + ".bmp"), std::ios::binary);
   file.write(reinterpret_cast<const char*>(&header), sizeof header);
   file.write(reinterpret_cast<const char*>(&info.bmiHeader), sizeof info.bmiHeader);
   file.write(static_cast<const char*>(pixels), size);

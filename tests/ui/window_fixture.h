@@ -4,6 +4,7 @@
 #include <windows.h>
 
 #include <functional>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -61,9 +62,9 @@ bool HandleMessagesUntil(const std::function<bool()>& condition, int millisecond
 
 // What the process holds of the system's objects, once nothing more of it is on its way.
 struct ProcessObjects {
-  std::size_t gdi_objects = 0;
   std::size_t windows = 0;
-  std::size_t handles = 0;
+  std::map<std::string, int> gdi_objects;  // how many of each kind
+  std::map<std::string, int> handles;      // how many of each kind and name
   bool operator==(const ProcessObjects&) const = default;
 };
 ProcessObjects CountObjects();

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "core/files/paths.h"
 #include "core/image/band_plan.h"
 #include "tests/unit/document_bytes.h"
 #include "tests/unit/seams.h"
@@ -327,14 +328,16 @@ TEST_F(DocumentTest, ATemplateIsTheImageJustReadUnderTheOtherMagic) {
 TEST_F(DocumentTest, ATemplatesNameIsCutAtTheDotAndThenAtTheBlank) {
   UseFolderInside();
   EXPECT_TRUE(CreateTemplate(*document, "my radio.x"));
-  EXPECT_EQ(document->preferences.template_path, document->preferences.data_folder + "\\my.tpl");
+  EXPECT_EQ(document->preferences.template_path,
+            InFolder(document->preferences.data_folder, "my.tpl"));
   EXPECT_EQ(FileBytes(document->preferences.template_path).size(), 21'282U);
 }
 
 TEST_F(DocumentTest, ATemplatesNameThatIsCutToNothingGivesTheBareExtension) {
   UseFolderInside();
   EXPECT_TRUE(CreateTemplate(*document, " x"));
-  EXPECT_EQ(document->preferences.template_path, document->preferences.data_folder + "\\.tpl");
+  EXPECT_EQ(document->preferences.template_path,
+            InFolder(document->preferences.data_folder, ".tpl"));
   EXPECT_EQ(FileBytes(document->preferences.template_path).size(), 21'282U);
 }
 
@@ -363,7 +366,7 @@ TEST_F(DocumentTest, ATemplateThatCannotBeWrittenIsConfiguredAllTheSame) {
   document->working_copy[3068] = 2;
   EXPECT_FALSE(CreateTemplate(*document, "mine"));
   EXPECT_EQ(test_seams.messages.size(), 1U);
-  EXPECT_NE(document->preferences.template_path.find("mine.tpl"), std::string::npos);
+  EXPECT_EQ(NamePart(document->preferences.template_path), "mine.tpl");
   EXPECT_FALSE(document->changed);
   EXPECT_FALSE(document->region.extended_version);
   EXPECT_TRUE(test_seams.profile_writes.empty());

@@ -65,8 +65,8 @@ TEST(Preferences, AnEmptyDataFolderBecomesTheProgramsAndIsWritten) {
 TEST(Preferences, LongPathsAreCut) {
   test_seams.profile["DataDir"] = std::string(300, 'd');
   test_seams.profile["TemplateFile"] = std::string(300, 't');
-  EXPECT_EQ(Loaded().data_folder.size(), 244U);
-  EXPECT_EQ(Loaded().template_path.size(), 259U);
+  EXPECT_EQ(Loaded().data_folder.native().size(), 244U);
+  EXPECT_EQ(Loaded().template_path.native().size(), 259U);
 }
 
 TEST(Preferences, ANegativePortIsNone) {

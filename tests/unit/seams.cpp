@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <fstream>
 
+#include "core/files/paths.h"
+
 namespace qz7 {
 
 TestSeams test_seams;
@@ -31,6 +33,20 @@ Answer ShowMessage(const std::string& text, const std::string& caption, Buttons 
   test_seams.answers.pop_front();
   return answer;
 }
+
+std::string PathText(const std::filesystem::path& path) {
+  std::string text;
+  for (const char8_t byte : path.u8string()) {
+    text += byte >= 0x80 && test_seams.ascii_paths ? '?' : static_cast<char>(byte);
+  }
+  return text;
+}
+
+std::filesystem::path PathOfText(std::string_view text) {
+  return std::u8string(text.begin(), text.end());
+}
+
+std::string ShownText(std::string_view bytes) { return std::string(bytes); }
 
 std::uint32_t CurrentTimeSeconds() { return test_seams.now; }
 
@@ -67,6 +83,8 @@ void WriteProfile(const std::string& key, const std::string& value) {
   test_seams.profile_writes.emplace_back(key, value);
 }
 
+void ForgetProfile(const std::string& key) { test_seams.profile.erase(key); }
+
 std::optional<int> AskForPort(int index) {
   test_seams.asked_ports.push_back(index);
   if (test_seams.ports.empty()) {
@@ -77,10 +95,8 @@ std::optional<int> AskForPort(int index) {
   return chosen;
 }
 
-ChosenFile Chosen(const std::string& path) {
-  const std::size_t separator = path.find_last_of("\\/");
-  const std::size_t offset = separator == std::string::npos ? 0 : separator + 1;
-  return {.path = path, .name = path.substr(offset), .name_offset = offset};
+ChosenFile Chosen(const std::filesystem::path& path) {
+  return {.path = path, .name = NamePart(path), .name_offset = NameOffset(path)};
 }
 
 std::vector<std::string> ShownTexts() {

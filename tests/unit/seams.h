@@ -30,6 +30,9 @@ struct TestSeams {
   std::function<Answer(Buttons)> answer;
   std::uint32_t now = 1'000'000;
 
+  // A code page that writes no letter outside ASCII; without it, texts are UTF-8.
+  bool ascii_paths = false;
+
   // File boxes, in the order they were shown. One without a scripted file is cancelled.
   std::vector<FileBox> open_boxes;
   std::vector<FileBox> save_boxes;
@@ -60,6 +63,6 @@ void Record(const std::string& kind, std::string text);
 std::vector<std::string> ShownTexts();
 
 // A file as a box returns it: the path, its name part, and where that starts.
-ChosenFile Chosen(const std::string& path);
+ChosenFile Chosen(const std::filesystem::path& path);
 
 }  // namespace qz7

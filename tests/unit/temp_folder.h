@@ -49,14 +49,14 @@ class TempFolder {
   std::filesystem::path path_;
 };
 
-inline void PutFile(const std::string& path, const Bytes& bytes) {
+inline void PutFile(const std::filesystem::path& path, const Bytes& bytes) {
   std::ofstream file(path, std::ios::binary | std::ios::trunc);
   file.write(reinterpret_cast<const char*>(bytes.data()),
              static_cast<std::streamsize>(bytes.size()));
 }
 
 // The bytes of a file; none for a file that is not there.
-inline Bytes FileBytes(const std::string& path) {
+inline Bytes FileBytes(const std::filesystem::path& path) {
   std::ifstream file(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }

@@ -1,11 +1,13 @@
 #!/usr/bin/env python3
-"""build_help.py TOPICS OUTPUT VERSION: writes qz7.html, qz7.hlp and the manual pages to OUTPUT."""
+"""build_help.py TOPICS OUTPUT VERSION: writes the help's pages (help/), qz7.hlp and the manual pages to
+OUTPUT."""
 import os
+import shutil
 import sys
 import time
 
 from hlp import write_hlp
-from html_page import write_page
+from html_pages import write_pages
 from man_page import write_man_page
 from topics import HelpError, read_help
 
@@ -36,8 +38,11 @@ def main():
         title = f"{TITLE} {version}"
         seconds = source_seconds(help_topics)
         date = time.strftime("%Y-%m-%d", time.gmtime(seconds))
-        os.makedirs(output, exist_ok=True)
-        write(output, "qz7.html", write_page(help_topics, title).encode("utf-8"))
+        pages = os.path.join(output, "help")
+        shutil.rmtree(pages, ignore_errors=True)  # of topics that are no more
+        os.makedirs(pages)
+        for name, text in write_pages(help_topics, title).items():
+            write(pages, name, text.encode("utf-8"))
         write(output, "qz7.hlp", write_hlp(help_topics, title, seconds))
         for name in MAN_PAGES:
             write(output, f"{name}.1", write_man_page(by_stem[name], version, date).encode("utf-8"))
