@@ -55,6 +55,10 @@ class Version(unittest.TestCase):
     def test_is_the_newest_of_the_changes(self):
         self.assertEqual(first(r"^## (\S+)$", read("CHANGELOG.md").decode()), self.version)
 
+    def test_is_that_of_the_packages_in_the_readme(self):
+        named = re.findall(r"`\S*\bqz7[-_]\S*?(\d+\.\d+\.\d+)\S*`", read("README.md").decode())
+        self.assertEqual(named, [self.version] * 3)
+
     def test_stands_in_the_help(self):
         for name in ("qz7.hlp", os.path.join("help", "contents.html")):
             with self.subTest(name):

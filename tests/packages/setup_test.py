@@ -166,6 +166,33 @@ class Installing(SetupTest):
         self.wine("reg", "delete", "HKCU\\" + CLASSES + ".rdf", "/f")
 
 
+class PageByPage(SetupTest):
+    # A word of each page that no other page shows.
+    PAGES = ("Welcome to", "License Agreement", "Choose Users", "Choose Components",
+             "Choose Install Location", "Completing")
+    NEXT, START_NOW = 1, 1203
+
+    def is_shown(self, word):
+        return any(word in text for *_, text, _ in self.wizard.controls())
+
+    def test_asks_for_licence_users_parts_and_folder(self):
+        self.start_program(program=SETUP)
+        self.wizard = self.window(TITLE + " Setup")
+        for word in self.PAGES[:-1]:
+            wait_for(lambda: self.is_shown(word), "the page " + word)
+            self.wizard.press(self.NEXT)
+        self.installed.append("AllUsers")
+        wait_for(lambda: self.is_shown(self.PAGES[-1]), "the last page")
+        self.wizard.press(self.START_NOW)  # not now
+        wait_for(lambda: self.driver("checked", self.wizard.handle, self.START_NOW) == ["0"],
+                 "the box to be empty")
+        self.wizard.finish(self.NEXT)
+        self.assertTrue(os.path.exists(self.installed_path("AllUsers", "qz7.exe")))
+        self.assertFalse(os.path.exists(
+            self.host_path(self.place(DESKTOPS, "AllUsers", TITLE + ".lnk"))))
+        self.assertEqual(0, self.programs_started[0].wait(desktop.LIMIT))
+
+
 class Using(SetupTest):
     def test_a_document_opens_by_its_name_and_a_second_one_raises_the_first(self):
         self.make_document("first.rdf", comment="the first")
