@@ -19,4 +19,5 @@ qz7_test(random_exchanges 600 python3 ${system}/random_exchanges_test.py ${progr
 qz7_test(help 300 python3 ${CMAKE_CURRENT_SOURCE_DIR}/help/help_test.py ${programs} ${programs})
 qz7_test(installed_native 120 python3 ${CMAKE_CURRENT_SOURCE_DIR}/install_test.py
   ${CMAKE_BINARY_DIR})
+qz7_test(version_native 60 python3 ${CMAKE_CURRENT_SOURCE_DIR}/version_test.py ${CMAKE_BINARY_DIR})
 qz7_test(source_rules 300 python3 ${CMAKE_CURRENT_SOURCE_DIR}/source_rules_test.py)
