@@ -21,6 +21,7 @@ struct Arguments {
   std::filesystem::path json_out;
   int channel = 0;
   bool json = false;
+  bool list = false;
   bool dry_run = false;
   WriteOptions link;
   std::string how;

@@ -30,6 +30,8 @@ int ExportCommand(const std::filesystem::path& file, const std::filesystem::path
 // The list is `request.options.path`; "-" is standard input.
 int ImportCommand(const std::filesystem::path& file, const std::filesystem::path& out,
                   const ImportRequest& request);
+// What that import would offer, a record a line.
+int ListImportCommand(const std::filesystem::path& file, const ImportRequest& request);
 int MergeCommand(const std::filesystem::path& file, const std::filesystem::path& source,
                  const std::filesystem::path& out, MergeOptions options, std::optional<int> start);
 

@@ -60,14 +60,22 @@ void FinishImport(Arguments& args, bool has_separator, bool has_quote, bool has_
   if (has_start) {
     request.start = args.start;
   }
-  args.run = [&args] { return ImportCommand(args.file, args.out, args.import); };
+  if (!args.list && args.out.empty()) {
+    throw CLI::RequiredError("OUT.rdf");
+  }
+  args.run = [&args] {
+    return args.list ? ListImportCommand(args.file, args.import)
+                     : ImportCommand(args.file, args.out, args.import);
+  };
 }
 
 void AddImport(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("import", "imports a list of frequencies");
   AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
   AddPath(sub, "LIST", args.import.options.path, "delimited text; - is standard input")->required();
-  AddOutput(sub, args, "OUT.rdf", args.out)->required();
+  CLI::Option* out = AddOutput(sub, args, "OUT.rdf", args.out);
+  sub->add_flag("--list", args.list, "only list the usable records by number, in place of OUT.rdf")
+      ->excludes(out);
   sub->add_option("--columns", args.columns,
                   "which column holds which field: rx=1,tx=2,offset=3,tone=4,skip=5,power=6,enc=7,"
                   "dec=8,name=9,comment=10")

@@ -1,10 +1,14 @@
+#include <algorithm>
+#include <array>
 #include <iostream>
 #include <memory>
+#include <string_view>
 
 #include "core/files/csv_export.h"
 #include "core/files/paths.h"
 #include "core/files/seams.h"
 #include "core/image/derived_tables.h"
+#include "core/image/text_codec.h"
 #include "core/interchange/import.h"
 #include "core/interchange/merge_dialog_rules.h"
 #include "ctl/commands.h"
@@ -42,6 +46,30 @@ bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::filesy
                      : ReadMergeSource(source, working_copy, path);
 }
 
+ImportRequest WithTitle(ImportRequest request) {
+  request.options.title = TitleOf(request.options.path);
+  return request;
+}
+
+void PrintDoubts(const std::vector<ImportDoubt>& doubts) {
+  for (const ImportDoubt& doubt : doubts) {
+    PrintError(ToUtf8(DoubtLine(doubt)));
+  }
+}
+
+// "1", receive, transmit, shift, tone mode, tone, name, with tabs between.
+std::string OfferLine(int number, const std::vector<NamedValue>& fields) {
+  constexpr std::array<std::string_view, 6> kShown = {"rx",        "tx",   "shift",
+                                                      "tone-mode", "tone", "name"};
+  std::string line = std::to_string(number);
+  for (const std::string_view name : kShown) {
+    const auto field = std::find_if(fields.begin(), fields.end(),
+                                    [=](const NamedValue& value) { return value.first == name; });
+    line += "\t" + field->second;
+  }
+  return line;
+}
+
 }  // namespace
 
 int ExportCommand(const std::filesystem::path& file, const std::filesystem::path& out) {
@@ -67,13 +95,13 @@ int ImportCommand(const std::filesystem::path& file, const std::filesystem::path
   if (!bytes) {
     return kFailed;
   }
-  ImportRequest titled = request;
-  titled.options.title = TitleOf(request.options.path);
   ImportSession session;
-  const std::optional<ImportResult> result = ImportIntoImage(image, session, *bytes, titled);
+  const std::optional<ImportResult> result =
+      ImportIntoImage(image, session, *bytes, WithTitle(request));
   if (!result) {
     return kFailed;
   }
+  PrintDoubts(result->doubts);
   if (request.rows && !request.rows->empty() &&
       static_cast<std::size_t>(request.rows->back()) >= result->listed) {
     PrintError("The list has only " + std::to_string(result->listed) + " usable records.");
@@ -84,6 +112,25 @@ int ImportCommand(const std::filesystem::path& file, const std::filesystem::path
   }
   PrintError(std::to_string(result->placed) + " of " + std::to_string(result->listed) +
              " usable records imported from channel " + std::to_string(result->start) + " on.");
+  return kDone;
+}
+
+int ListImportCommand(const std::filesystem::path& file, const ImportRequest& request) {
+  CloneImage image;
+  if (!LoadDocument(image, file)) {
+    return kFailed;
+  }
+  const auto bytes = ReadList(request.options.path);
+  ImportSession session;
+  const auto offer = bytes ? OfferImport(image, session, *bytes, WithTitle(request)) : std::nullopt;
+  if (!offer) {
+    return kFailed;
+  }
+  PrintDoubts(offer->doubts);
+  int number = 0;
+  for (const ImportRecord& record : offer->list.Rows()) {
+    PrintLine(OfferLine(++number, DescribeRecord(image, record, kRegion)));
+  }
   return kDone;
 }
 
