@@ -31,7 +31,7 @@ struct Arguments {
   std::string selection;
   std::string separator;
   std::string quote;
-  ImportRequest import;
+  ListRequest import;
   MergeOptions merge;
   int start = 0;
   std::function<int()> run;

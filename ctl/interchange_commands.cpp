@@ -10,6 +10,7 @@
 #include "core/image/derived_tables.h"
 #include "core/image/text_codec.h"
 #include "core/interchange/import.h"
+#include "core/interchange/list_recognition.h"
 #include "core/interchange/merge_dialog_rules.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
@@ -46,13 +47,36 @@ bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::filesy
                      : ReadMergeSource(source, working_copy, path);
 }
 
-ImportRequest WithTitle(ImportRequest request) {
-  request.options.title = TitleOf(request.options.path);
-  return request;
+// The list of a request, as import reads it, with what was doubtful on the way.
+struct ReadyList {
+  std::vector<std::uint8_t> bytes;
+  ImportRequest request;
+  std::optional<RecognisedList> recognised;
+};
+
+std::optional<ReadyList> ReadyToImport(const ListRequest& request) {
+  std::optional<std::vector<std::uint8_t>> bytes = ReadList(request.options.path);
+  if (!bytes) {
+    return std::nullopt;
+  }
+  ReadyList ready{.bytes = std::move(*bytes), .request = request, .recognised = std::nullopt};
+  const std::string title = TitleOf(request.options.path);
+  ready.request.options.title = title;
+  if (request.recognise) {
+    ready.recognised = RecogniseList(ready.bytes);
+    if (!ready.recognised->is_recognised) {
+      PrintError(title + ": no header line names a receive frequency");
+      return std::nullopt;
+    }
+    ready.bytes.assign(ready.recognised->text.begin(), ready.recognised->text.end());
+    ready.request.columns = kRecognisedColumns;
+  }
+  return ready;
 }
 
-void PrintDoubts(const std::vector<ImportDoubt>& doubts) {
-  for (const ImportDoubt& doubt : doubts) {
+void PrintDoubts(const ReadyList& ready, const std::vector<ImportDoubt>& of_import) {
+  const auto& recognised = ready.recognised;
+  for (const ImportDoubt& doubt : recognised ? AllDoubts(*recognised, of_import) : of_import) {
     PrintError(ToUtf8(DoubtLine(doubt)));
   }
 }
@@ -86,22 +110,19 @@ int ExportCommand(const std::filesystem::path& file, const std::filesystem::path
 }
 
 int ImportCommand(const std::filesystem::path& file, const std::filesystem::path& out,
-                  const ImportRequest& request) {
+                  const ListRequest& request) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
   }
-  const auto bytes = ReadList(request.options.path);
-  if (!bytes) {
-    return kFailed;
-  }
+  const std::optional<ReadyList> ready = ReadyToImport(request);
   ImportSession session;
-  const std::optional<ImportResult> result =
-      ImportIntoImage(image, session, *bytes, WithTitle(request));
+  const auto result =
+      ready ? ImportIntoImage(image, session, ready->bytes, ready->request) : std::nullopt;
   if (!result) {
     return kFailed;
   }
-  PrintDoubts(result->doubts);
+  PrintDoubts(*ready, result->doubts);
   if (request.rows && !request.rows->empty() &&
       static_cast<std::size_t>(request.rows->back()) >= result->listed) {
     PrintError("The list has only " + std::to_string(result->listed) + " usable records.");
@@ -115,18 +136,19 @@ int ImportCommand(const std::filesystem::path& file, const std::filesystem::path
   return kDone;
 }
 
-int ListImportCommand(const std::filesystem::path& file, const ImportRequest& request) {
+int ListImportCommand(const std::filesystem::path& file, const ListRequest& request) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
   }
-  const auto bytes = ReadList(request.options.path);
+  const std::optional<ReadyList> ready = ReadyToImport(request);
   ImportSession session;
-  const auto offer = bytes ? OfferImport(image, session, *bytes, WithTitle(request)) : std::nullopt;
+  const auto offer =
+      ready ? OfferImport(image, session, ready->bytes, ready->request) : std::nullopt;
   if (!offer) {
     return kFailed;
   }
-  PrintDoubts(offer->doubts);
+  PrintDoubts(*ready, offer->doubts);
   int number = 0;
   for (const ImportRecord& record : offer->list.Rows()) {
     PrintLine(OfferLine(++number, DescribeRecord(image, record, kRegion)));

@@ -38,7 +38,13 @@ std::string NameOf(std::string_view character) {
   return name.data();
 }
 
-std::vector<LostCharacter> LostIn(std::string_view text) {
+bool IsUtf16(std::string_view text) {
+  return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
+}
+
+}  // namespace
+
+std::vector<LostCharacter> LostCharactersOf(std::string_view text) {
   std::vector<LostCharacter> lost;
   for (int line = 1; !text.empty(); ++line) {
     const std::size_t end = std::min(text.find('\n'), text.size() - 1);
@@ -52,18 +58,12 @@ std::vector<LostCharacter> LostIn(std::string_view text) {
   return lost;
 }
 
-bool IsUtf16(std::string_view text) {
-  return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
-}
-
-}  // namespace
-
 ImportLines LinesOf(std::span<const std::uint8_t> bytes) {
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   ImportLines lines;
   lines.is_utf_16 = IsUtf16(text);
   if (text.starts_with(kByteOrderMark)) {
-    lines.lost = LostIn(text.substr(kByteOrderMark.size()));
+    lines.lost = LostCharactersOf(text.substr(kByteOrderMark.size()));
   }
   lines.text = text.starts_with(kByteOrderMark) ? FromUtf8Lossy(text.substr(kByteOrderMark.size()))
                                                 : std::string(text);

@@ -18,6 +18,9 @@ struct LostCharacter {
   std::string name;  // "U+4E2D"
 };
 
+// The first such character of each line of a UTF-8 text, and the first byte that is no UTF-8.
+std::vector<LostCharacter> LostCharactersOf(std::string_view utf_8);
+
 // The lines of an import file, whose bytes are read whole.
 struct ImportLines {
   std::string text;  // lines ended by a line feed alone

@@ -52,6 +52,32 @@ class Doubts(SystemTest):
         self.assertEqual(self.ctl("import", "a.rdf", "list.csv")[0], 2)
 
 
+class Recognition(SystemTest):
+    def setUp(self):
+        super().setUp()
+        self.ok("new", "a.rdf")
+        self.write_bytes("list.csv", "Freq;Input;Tone;Call;Town\n146,94;146,34;100;H\u00c4FEN;x\n"
+                         "433,5;;D023;SIM;y\n".encode("utf-16"))
+
+    def test_a_directory_is_imported_without_any_other_option(self):
+        status, _, err = self.ctl("import", "a.rdf", "list.csv", "b.rdf", "--columns", "auto")
+        self.assertEqual(status, 0)
+        self.assertEqual(err.splitlines()[0], 'line 3: "D023" is a code, and no code is imported')
+        told = json.loads(self.ok("show", "b.rdf", "2", "--json"))
+        self.assertEqual((told["rx"], told["tx"], told["tone"], told["name"], told["comment"]),
+                         ("146.9400", "146.3400", "100.0", "H\u00c4FEN", "x"))
+
+    def test_a_list_without_a_header_line_is_refused(self):
+        self.write_bytes("plain.csv", b"146.94,146.34\n")
+        status, _, err = self.ctl("import", "a.rdf", "plain.csv", "b.rdf", "--columns", "auto")
+        self.assertEqual((status, err), (1, "plain.csv: no header line names a receive frequency\n"))
+
+    def test_what_it_finds_itself_is_not_told_to_it(self):
+        for option in (["--headers"], ["--separator", ";"], ["--quote", "'"]):
+            self.assertEqual(self.ctl("import", "a.rdf", "list.csv", "b.rdf", "--columns", "auto",
+                                      *option)[0], 2)
+
+
 if __name__ == "__main__":
     SystemTest.programs = sys.argv.pop(1)
     unittest.main()
