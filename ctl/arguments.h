@@ -24,6 +24,7 @@ struct Arguments {
   bool list = false;
   bool dry_run = false;
   WriteOptions link;
+  PortsOptions ports;
   std::string how;
   bool yes = false;
   std::vector<std::string> values;

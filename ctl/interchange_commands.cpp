@@ -112,7 +112,7 @@ int ExportCommand(const std::filesystem::path& file, const std::filesystem::path
 int ImportCommand(const std::filesystem::path& file, const std::filesystem::path& out,
                   const ListRequest& request) {
   CloneImage image;
-  if (!LoadDocument(image, file)) {
+  if (!LoadOneDocument(image, file)) {
     return kFailed;
   }
   const std::optional<ReadyList> ready = ReadyToImport(request);
