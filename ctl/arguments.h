@@ -21,8 +21,10 @@ struct Arguments {
   std::filesystem::path json_out;
   int channel = 0;
   bool json = false;
+  bool list = false;
   bool dry_run = false;
   WriteOptions link;
+  PortsOptions ports;
   std::string how;
   bool yes = false;
   std::vector<std::string> values;
@@ -30,7 +32,7 @@ struct Arguments {
   std::string selection;
   std::string separator;
   std::string quote;
-  ImportRequest import;
+  ListRequest import;
   MergeOptions merge;
   int start = 0;
   std::function<int()> run;

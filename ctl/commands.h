@@ -26,10 +26,16 @@ int SetCommand(const std::filesystem::path& file, const std::filesystem::path& o
 int MoveCommand(const std::filesystem::path& file, const std::filesystem::path& out,
                 const std::string& how, const std::vector<int>& rows);
 
+struct ListRequest : ImportRequest {
+  bool recognise = false;  // separator, quotation marks and columns by the list's header line
+};
+
 int ExportCommand(const std::filesystem::path& file, const std::filesystem::path& out);
 // The list is `request.options.path`; "-" is standard input.
 int ImportCommand(const std::filesystem::path& file, const std::filesystem::path& out,
-                  const ImportRequest& request);
+                  const ListRequest& request);
+// What that import would offer, a record a line.
+int ListImportCommand(const std::filesystem::path& file, const ListRequest& request);
 int MergeCommand(const std::filesystem::path& file, const std::filesystem::path& source,
                  const std::filesystem::path& out, MergeOptions options, std::optional<int> start);
 
@@ -43,7 +49,11 @@ int ApplyCommand(const std::filesystem::path& file, const std::filesystem::path&
 
 int SchemaCommand();
 
-int PortsCommand();
+struct PortsOptions {
+  bool json = false;
+  bool probe = false;  // open each, to see whether it is free
+};
+int PortsCommand(const PortsOptions& options);
 
 struct PortOptions {
   std::string port;

@@ -55,12 +55,14 @@ bool RunCommand(std::span<const Command> commands, Document& document, int id) {
   if (command == commands.end()) {
     return false;
   }
-  RunWhole(document, [&] {
+  const auto work = [&] {
     if (command->collects_first) {
       CollectMainDialog(document);
     }
     command->run(id);
-  });
+  };
+  // By reference: a copy would want memory where nobody is there yet to say that it is missing.
+  RunWhole(document, std::cref(work));
   return true;
 }
 

@@ -40,6 +40,7 @@
 #define ID_METER 103
 #define ID_TEMPLATE_NAME 104
 #define ID_BROWSE_TEMPLATE 105
+#define ID_AWAITED 106
 
 // DLLDlgCreateTemplate
 #define ID_CREATE 101
@@ -66,6 +67,7 @@
 
 // DlgProcSetupPort
 #define ID_PORT 101
+#define ID_PORT_NOTE 102
 
 // DlgPrinting
 #define ID_PRINTED_DOCUMENT 101
@@ -80,6 +82,7 @@
 #define ID_FIELD_SEPARATOR 105
 #define ID_TEXT_SEPARATOR 106
 #define ID_HEADERS 107
+#define ID_TAB_SEPARATOR 108
 
 // DlgImportList: a button for each field from ID_FIRST_FIELD on
 #define ID_COLUMN_FIELDS 101
@@ -98,6 +101,7 @@
 #define ID_IMPORT_TO 109
 #define ID_IMPORT_GROUP_1 110
 #define ID_IMPORT_GROUP_2 111
+#define ID_IMPORT_DOUBTS 112
 
 // DlgMergeMem
 #define ID_MERGE_RADIO_TYPE 101

@@ -6,6 +6,8 @@ set_tests_properties(native_programs PROPERTIES FIXTURES_SETUP native_programs)
 
 qz7_wine_test(installed_windows 120 python3 ${CMAKE_CURRENT_SOURCE_DIR}/install_test.py
   ${CMAKE_BINARY_DIR} wine)
+qz7_wine_test(version_windows 60 python3 ${CMAKE_CURRENT_SOURCE_DIR}/version_test.py
+  ${CMAKE_BINARY_DIR} wine)
 if(NOT QZ7_TESTS)
   return()
 endif()
@@ -33,7 +35,7 @@ qz7_test(help_recorded 60 python3 ${CMAKE_CURRENT_SOURCE_DIR}/help/recorded.py $
 set_tests_properties(help_recorded PROPERTIES FIXTURES_REQUIRED record)
 
 foreach(part desktop_test desktop_exchange_test desktop_faults_test desktop_help_test
-    desktop_paths_test desktop_printing_test)
+    desktop_paths_test desktop_printing_test desktop_session_test)
   qz7_wine_test(${part} 900 python3 ${system}/${part}.py ${programs} ${native})
   set_tests_properties(${part} PROPERTIES RESOURCE_LOCK desktop
     FIXTURES_REQUIRED native_programs COST 80)

@@ -21,6 +21,10 @@
 //   choose WINDOW CONTROL N     selects the place N (from 0) in a list
 //   chosen WINDOW CONTROL       the place selected (-1: none)
 //   close WINDOW                asks it to close
+//   tab_to WINDOW CONTROL       the keyboard goes there, as with the Tab key
+//   focused WINDOW              the control that has the keyboard
+//   end_session WINDOW          asks whether the session may end; the answer can take its time
+//   may_end LIMIT               that answer: 1 or 0
 #include <windows.h>
 
 #include <array>
@@ -337,6 +341,40 @@ Fields Close(const Fields& fields) {
   return {};
 }
 
+Fields TabTo(const Fields& fields) {
+  const HWND control = UsableControlOf(fields[1], fields[2]);
+  Post(GetParent(control), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+  return {};
+}
+
+Fields Focused(const Fields& fields) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(WindowOf(fields[1]), nullptr), &info);
+  return {std::to_string(info.hwndFocus != nullptr ? GetDlgCtrlID(info.hwndFocus) : 0)};
+}
+
+HANDLE ending = nullptr;  // the thread that asks
+
+DWORD WINAPI AskForEnd(void* window) {
+  return SendMessageW(static_cast<HWND>(window), WM_QUERYENDSESSION, 0, 0) != 0 ? 1 : 0;
+}
+
+Fields EndSession(const Fields& fields) {
+  ending = CreateThread(nullptr, 0, AskForEnd, WindowOf(fields[1]), 0, nullptr);
+  return {};
+}
+
+Fields MayEnd(const Fields& fields) {
+  if (WaitForSingleObject(ending, static_cast<DWORD>(Number(fields[1]))) != WAIT_OBJECT_0) {
+    throw Refused("the window does not answer");
+  }
+  DWORD answer = 0;
+  GetExitCodeThread(ending, &answer);
+  CloseHandle(ending);
+  return {std::to_string(answer)};
+}
+
 struct Action {
   std::string_view name;
   std::size_t fields;
@@ -349,6 +387,8 @@ constexpr Action kActions[] = {
     {"enabled", 2, Enabled}, {"command", 3, Command},     {"press", 3, Press},
     {"checked", 3, Checked}, {"text", 3, Text},           {"set", 4, Set},
     {"choose", 4, Choose},   {"chosen", 3, Chosen},       {"close", 2, Close},
+    {"tab_to", 3, TabTo},    {"focused", 2, Focused},     {"end_session", 2, EndSession},
+    {"may_end", 2, MayEnd},
 };
 
 Fields Run(const Fields& fields) {

@@ -57,6 +57,8 @@ void RunUntilEnough(int command, const std::function<void()>& prepare) {
     test_seams = TestSeams{};
     prepare();
     const std::string name = app.document.name;
+    const std::string step = std::to_string(command) + ", allocation " + std::to_string(n);
+    SCOPED_TRACE(step);
     const FailingNew failing(n);
     RunCommand(command);
     failed = failing.HasFailed();
@@ -64,8 +66,8 @@ void RunUntilEnough(int command, const std::function<void()>& prepare) {
     ASSERT_TRUE(IsWindow(app.main_window));
     ASSERT_TRUE(IsWindow(app.main_dialog));
     if (failed) {
-      ASSERT_EQ(ShownTexts(), std::vector<std::string>{"Out of memory"}) << n;
-      ASSERT_EQ(app.document.name, name) << n;
+      ASSERT_EQ(ShownTexts(), std::vector<std::string>{"Out of memory"});
+      ASSERT_EQ(app.document.name, name);
     }
   }
 }

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "desktop/command_table.h"
+#include "tests/unit/failing_new.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {
@@ -53,6 +54,17 @@ TEST_F(CommandTable, TellsAFunctionOfSeveralCommandsWhichOneItIs) {
     EXPECT_TRUE(RunId(id));
   }
   EXPECT_EQ(runs, (std::vector<RanCommand>{{20, true}, {21, true}, {22, true}}));
+}
+
+TEST_F(CommandTable, SaysThatMemoryEndedWhereverItDid) {
+  bool failed = true;
+  for (std::size_t n = 1; failed; ++n) {
+    test_seams = TestSeams{};
+    const FailingNew failing(n);
+    EXPECT_TRUE(RunId(8));
+    failed = failing.HasFailed();
+    EXPECT_EQ(test_seams.messages.size(), failed ? 1U : 0U) << n;
+  }
 }
 
 TEST_F(CommandTable, DoesNothingForAnIdThatIsNone) {
