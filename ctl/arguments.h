@@ -23,6 +23,7 @@ struct Arguments {
   bool json = false;
   bool dry_run = false;
   WriteOptions link;
+  PortsOptions ports;
   std::string how;
   bool yes = false;
   std::vector<std::string> values;

@@ -43,7 +43,11 @@ int ApplyCommand(const std::filesystem::path& file, const std::filesystem::path&
 
 int SchemaCommand();
 
-int PortsCommand();
+struct PortsOptions {
+  bool json = false;
+  bool probe = false;  // open each, to see whether it is free
+};
+int PortsCommand(const PortsOptions& options);
 
 struct PortOptions {
   std::string port;

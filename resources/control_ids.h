@@ -40,6 +40,7 @@
 #define ID_METER 103
 #define ID_TEMPLATE_NAME 104
 #define ID_BROWSE_TEMPLATE 105
+#define ID_AWAITED 106
 
 // DLLDlgCreateTemplate
 #define ID_CREATE 101
@@ -66,6 +67,7 @@
 
 // DlgProcSetupPort
 #define ID_PORT 101
+#define ID_PORT_NOTE 102
 
 // DlgPrinting
 #define ID_PRINTED_DOCUMENT 101

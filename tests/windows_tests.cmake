@@ -6,6 +6,8 @@ set_tests_properties(native_programs PROPERTIES FIXTURES_SETUP native_programs)
 
 qz7_wine_test(installed_windows 120 python3 ${CMAKE_CURRENT_SOURCE_DIR}/install_test.py
   ${CMAKE_BINARY_DIR} wine)
+qz7_wine_test(version_windows 60 python3 ${CMAKE_CURRENT_SOURCE_DIR}/version_test.py
+  ${CMAKE_BINARY_DIR} wine)
 if(NOT QZ7_TESTS)
   return()
 endif()

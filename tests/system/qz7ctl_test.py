@@ -223,6 +223,17 @@ class Ports(SystemTest):
             self.assertTrue(name)
             self.assertIn(state, ("free", "busy", "denied"))
 
+    def test_ports_tells_the_same_as_json(self):
+        lines = [line.split("\t") for line in self.ok("ports").splitlines()]
+        listed = json.loads(self.ok("ports", "--json"))
+        self.assertEqual(lines, [[port["name"], port["description"], port["status"]]
+                                 for port in listed])
+
+    def test_probed_ports_are_the_same_ports(self):
+        def names(*options):
+            return {line.split("\t")[0] for line in self.ok("ports", *options).splitlines()}
+        self.assertLessEqual(names("--probe"), names())
+
     def test_an_absent_port_says_so(self):
         status, _, err = self.ctl("read", "--port", "/dev/none", "a.rdf")
         self.assertEqual((1, "/dev/none: there is no such serial port.\n"), (status, err))
