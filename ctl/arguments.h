@@ -61,7 +61,9 @@ std::string CheckSlot(const std::string& text);
 
 // "rx=1,tx=2"; throws CLI::ValidationError for a name or a number that is none.
 ColumnAssignment ParseColumns(const std::string& text);
-// "all" or "1,3-5", counted from 1: the rows from 0 in their order, nothing for all.
+// "1,3-5", counted from 1: the rows from 0, ascending and each once.
+std::vector<int> ParseRows(const std::string& option, const std::string& text);
+// "all" or such rows, counted from 1: nothing for all.
 std::optional<std::vector<int>> ParseSelection(const std::string& text);
 
 }  // namespace qz7

@@ -20,11 +20,11 @@ int ListCommand(const std::filesystem::path& file);
 int ShowCommand(const std::filesystem::path& file, int n, bool json);
 int DiffCommand(const std::filesystem::path& a, const std::filesystem::path& b, bool json);
 
-// Edits channel n with the channel editor, and moves channels with the memory list.
+// Edits channel n with the channel editor, and moves the channels of rows with the memory list.
 int SetCommand(const std::filesystem::path& file, const std::filesystem::path& out, int n,
                const std::vector<std::pair<std::string, std::string>>& values);
 int MoveCommand(const std::filesystem::path& file, const std::filesystem::path& out,
-                const std::string& how, int n);
+                const std::string& how, const std::vector<int>& rows);
 
 struct ListRequest : ImportRequest {
   bool recognise = false;  // separator, quotation marks and columns by the list's header line

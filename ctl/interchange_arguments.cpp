@@ -160,17 +160,14 @@ ColumnAssignment ParseColumns(const std::string& text) {
   return columns;
 }
 
-std::optional<std::vector<int>> ParseSelection(const std::string& text) {
-  if (text.empty() || text == "all") {
-    return std::nullopt;
-  }
+std::vector<int> ParseRows(const std::string& option, const std::string& text) {
   std::vector<int> rows;
   for (const std::string& part : SplitAtCommas(text)) {
     const std::size_t dash = std::min(part.find('-'), part.size());
-    const int first = ParseCount("--select", part.substr(0, dash));
-    const int last = dash == part.size() ? first : ParseCount("--select", part.substr(dash + 1));
+    const int first = ParseCount(option, part.substr(0, dash));
+    const int last = dash == part.size() ? first : ParseCount(option, part.substr(dash + 1));
     if (last < first) {
-      throw CLI::ValidationError("--select", "\"" + part + "\" ends before it begins");
+      throw CLI::ValidationError(option, "\"" + part + "\" ends before it begins");
     }
     for (int record = first; record <= last; ++record) {
       rows.push_back(record - 1);
@@ -179,6 +176,13 @@ std::optional<std::vector<int>> ParseSelection(const std::string& text) {
   std::sort(rows.begin(), rows.end());
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   return rows;
+}
+
+std::optional<std::vector<int>> ParseSelection(const std::string& text) {
+  if (text.empty() || text == "all") {
+    return std::nullopt;
+  }
+  return ParseRows("--select", text);
 }
 
 void AddInterchangeCommands(CLI::App& program, Arguments& args) {

@@ -33,3 +33,8 @@ for icon in program document template; do
   convert "$work/16.png" "$work/32.png" "$work/48.png" "$work/256.png" -strip \
     -define png:exclude-chunks=date,time $icon.ico
 done
+
+# The strip at the left of the setup's first and last page.
+render program 128 "$work/128.png"
+convert -size 164x314 xc:'#e6f2ef' "$work/128.png" -gravity center -composite -alpha off -strip \
+  -type TrueColor -define bmp:format=bmp3 BMP3:setup.bmp

@@ -123,6 +123,18 @@
 #define ID_INSERT_CHANNEL 106
 #define ID_DELETE_CHANNEL 107
 #define ID_CLEAR_CHANNEL 108
+// The commands that only its menu and its keys have
+#define ID_UNDO 109
+#define ID_REDO 110
+#define ID_CUT 111
+#define ID_COPY 112
+#define ID_PASTE 113
+#define ID_FIND 114
+#define ID_FIND_NEXT 115
+#define ID_SELECT_ALL_ROWS 116
+
+// DLLDlgFindChannel
+#define ID_FIND_TEXT 101
 
 // DLLDlgEditMemory, DLLDlgEditVfo
 #define ID_RECEIVE 101

@@ -149,13 +149,6 @@ HWND CreateModelessDialog(const char* template_name, HWND parent, DLGPROC proced
   return dialog;
 }
 
-DisabledOwner::DisabledOwner(HWND owner) : owner_(owner) { EnableWindow(owner, FALSE); }
-
-DisabledOwner::~DisabledOwner() {
-  EnableWindow(owner_, TRUE);
-  DestroyWindow(dialog);
-}
-
 void SetUpDialog(HWND dialog, LPARAM state, std::span<const Tooltip> tooltips) {
   SetWindowLongPtrA(dialog, DWLP_USER, state);
   SetWindowSubclass(dialog, HelpKeyProc, kHelpKeySubclass, 0);

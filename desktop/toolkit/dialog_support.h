@@ -33,8 +33,11 @@ HWND CreateModelessDialog(const char* template_name, HWND parent, DLGPROC proced
 // For as long as one lives, a modeless dialog keeps its owner from being used. At the end the owner
 // comes back first, so that it and no other program's window becomes active; then the dialog goes.
 struct DisabledOwner {
-  explicit DisabledOwner(HWND owner);
-  ~DisabledOwner();
+  explicit DisabledOwner(HWND owner) : owner_(owner) { EnableWindow(owner, FALSE); }
+  ~DisabledOwner() {
+    EnableWindow(owner_, TRUE);
+    DestroyWindow(dialog);
+  }
   DisabledOwner(const DisabledOwner&) = delete;
   DisabledOwner& operator=(const DisabledOwner&) = delete;
 

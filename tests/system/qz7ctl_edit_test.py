@@ -269,6 +269,28 @@ class Moving(EditTest):
         self.ok("move", "full.rdf", "b.rdf", "insert", "5", "--yes")
         self.assertEqual("", fields(self.ok("show", "b.rdf", "220"))["rx"])
 
+    def test_takes_several_channels_at_once(self):
+        names = [self.name_of("a.rdf", n) for n in (1, 2, 3, 4)]
+        self.ok("move", "a.rdf", "b.rdf", "up", "3-4,2")
+        self.assertEqual(names[1:] + names[:1], [self.name_of("b.rdf", n) for n in (1, 2, 3, 4)])
+        self.ok("move", "b.rdf", "b.rdf", "down", "1-3")
+        self.assertEqual([], self.diff("b.rdf"))
+        self.ok("move", "b.rdf", "b.rdf", "delete", "2,4")
+        self.assertEqual([names[0], names[2]], [self.name_of("b.rdf", n) for n in (1, 2)])
+        self.ok("move", "b.rdf", "b.rdf", "insert", "2,40")
+        self.assertEqual([names[0], "", names[2]], [self.name_of("b.rdf", n) for n in (1, 2, 3)])
+
+    def test_does_all_of_several_channels_or_none(self):
+        self.refused("One of the channels does not allow up: nothing is changed.",
+                     "move", "a.rdf", "b.rdf", "up", "1,5")
+
+    def test_refuses_what_names_no_channels(self):
+        for text in ("0", "241", "5-241", "7-5", "", "1,,2", "a", "-1"):
+            with self.subTest(text):
+                status, out, err = self.ctl("move", "a.rdf", "b.rdf", "up", text)
+                self.assertEqual((2, ""), (status, out))
+                self.assertIn("qz7ctl move", err)
+
 
 class Interchange(EditTest):
     def test_export_writes_crlf_lines_and_the_single_byte_sign(self):
