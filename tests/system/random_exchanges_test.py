@@ -4,8 +4,8 @@
 Each ends as its faults say, leaves whole files or none, and no process or descriptor."""
 import collections
 import os
+import re
 import signal
-import subprocess
 import sys
 import time
 import unittest
@@ -35,12 +35,33 @@ WRITE_ENDS = {
     "no-ack": {WAITS, DONE}, "no-echo": {WAITS, DONE}, "stall": {WAITS, DONE},
     "drop": {WAITS, DONE}, "hangup": {GONE, DONE}, "checksum": {DONE},
 }
-# So long nothing has to move before the user gives up.
-PATIENCE = 0.4
+# So often the program looks in vain, each 10 ms, before the user gives up.
+LOOKS = 40
 
 
 def descriptors():
     return len(os.listdir("/proc/self/fd"))
+
+
+def numbers(pid):
+    """What the system counts of a process; empty once it has ended."""
+    found = {}
+    try:
+        for name in ("io", "status"):
+            with open(f"/proc/{pid}/{name}", encoding="ascii", errors="replace") as file:
+                found.update(re.findall(r"^(rchar|voluntary_ctxt_switches):\s*(\d+)", file.read(),
+                                        re.MULTILINE))
+    except OSError:
+        return {}
+    return {name: int(value) for name, value in found.items()} if len(found) == 2 else {}
+
+
+def sleeps(pid):
+    try:
+        with open(f"/proc/{pid}/stat", encoding="ascii") as file:
+            return file.read().rsplit(")", 1)[1].split()[0] in "SZ"
+    except OSError:
+        return True
 
 
 class RandomExchanges(SystemTest):
@@ -53,31 +74,24 @@ class RandomExchanges(SystemTest):
         self.endings = collections.Counter()
         self.faults = collections.Counter()
 
-    def end(self, program):
+    def end(self, program, radio):
         """Gives up where nothing moves any more; returns the status and what was told."""
-        last, since = None, time.monotonic()
         while program.poll() is None:
-            trace = self.path("trace")
-            now = os.path.getsize(trace) if os.path.exists(trace) else 0
-            used = self.time_used(program.pid)
-            if (now, used) != last:
-                last, since = (now, used), time.monotonic()
-            if time.monotonic() - since > PATIENCE:
+            if self.stands_still(program.pid, radio.process.pid):
                 program.send_signal(signal.SIGINT)
-                since = time.monotonic()
-            time.sleep(0.01)
         out, err = program.communicate()
         self.assertEqual(b"", out)
         return program.returncode, err.decode()
 
     @staticmethod
-    def time_used(pid):
-        """Processor time, in steps of which a waiting program makes none."""
-        try:
-            with open(f"/proc/{pid}/stat", encoding="ascii") as file:
-                return sum(map(int, file.read().rsplit(")", 1)[1].split()[11:13])) // 5
-        except OSError:
-            return 0
+    def stands_still(program, radio):
+        """The program has looked for bytes again and again, none came, and the radio sleeps."""
+        first = numbers(program)
+        while (now := numbers(program)) and now["rchar"] == first.get("rchar") and sleeps(radio):
+            if now["voluntary_ctxt_switches"] - first["voluntary_ctxt_switches"] > LOOKS:
+                return True
+            time.sleep(0.005)
+        return False
 
     def exchange(self, seed):
         sends = seed % 2 == 0
@@ -86,7 +100,7 @@ class RandomExchanges(SystemTest):
         arguments = (["read", "new.rdf"] if sends else
                      ["write", "--template", "t.tpl", "a.rdf"])
         program = self.start(*arguments, "--port", radio.port, "--trace", "trace")
-        status, err = self.end(program)
+        status, err = self.end(program, radio)
         told = radio.stop()
         self.radios.remove(radio)
         radio.process.stdout.close()
@@ -115,7 +129,7 @@ class RandomExchanges(SystemTest):
         if new:
             self.assertEqual(self.document[BLOCK], self.read_bytes("new.rdf")[BLOCK])
         if os.path.exists(self.path("got")):
-            self.assertEqual(self.document[BLOCK][14:], self.read_bytes("got")[BLOCK][14:])
+            self.assertEqual(self.document[BLOCK][14:], self.read_bytes("got")[14:], faults)
 
     def test_each_ends_as_its_faults_say_and_leaves_nothing(self):
         before = descriptors()
