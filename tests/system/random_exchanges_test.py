@@ -77,7 +77,7 @@ class RandomExchanges(SystemTest):
     def end(self, program, radio):
         """Gives up where nothing moves any more; returns the status and what was told."""
         while program.poll() is None:
-            if self.stands_still(program.pid, radio.process.pid):
+            if self.stands_still(program, radio.process.pid):
                 program.send_signal(signal.SIGINT)
         out, err = program.communicate()
         self.assertEqual(b"", out)
@@ -86,8 +86,11 @@ class RandomExchanges(SystemTest):
     @staticmethod
     def stands_still(program, radio):
         """The program has looked for bytes again and again, none came, and the radio sleeps."""
-        first = numbers(program)
-        while (now := numbers(program)) and now["rchar"] == first.get("rchar") and sleeps(radio):
+        first = numbers(program.pid)
+        while program.poll() is None and sleeps(radio):
+            now = numbers(program.pid)
+            if not now or now["rchar"] != first.get("rchar"):
+                return False
             if now["voluntary_ctxt_switches"] - first["voluntary_ctxt_switches"] > LOOKS:
                 return True
             time.sleep(0.005)
