@@ -56,8 +56,9 @@ endif()
 if(MINGW)
   target_compile_definitions(qz7_options INTERFACE __USE_MINGW_ANSI_STDIO=1)
   # Less memory: no symbols, and sections that lie in the file as in memory, so that a loader can map
-  # them where it would have to copy them.
-  add_link_options(-static $<$<CONFIG:Release>:-s> -Wl,--file-alignment=4096)
+  # them where it would have to copy them. No time of linking: the same sources give the same bytes.
+  add_link_options(-static $<$<CONFIG:Release>:-s> -Wl,--file-alignment=4096
+    -Wl,--no-insert-timestamp)
 endif()
 
 # Tests are built once and run once: no optimisation, GCC 12's false alarms of above in their further

@@ -1,5 +1,5 @@
 #!/bin/sh
-# Makes the bitmaps and the program's icon from the drawings beside them.
+# Makes the bitmaps and the icons of the program and its files from the drawings beside them.
 # Needs rsvg-convert and ImageMagick. The same drawings give the same bytes.
 set -e
 
@@ -26,8 +26,15 @@ for drawing in symbol*.svg; do
   make_bitmap "${drawing%.svg}" 24
 done
 
-for size in 16 32 48 256; do
-  render program $size "$work/$size.png"
+for icon in program document template; do
+  for size in 16 32 48 256; do
+    render $icon $size "$work/$size.png"
+  done
+  convert "$work/16.png" "$work/32.png" "$work/48.png" "$work/256.png" -strip \
+    -define png:exclude-chunks=date,time $icon.ico
 done
-convert "$work/16.png" "$work/32.png" "$work/48.png" "$work/256.png" -strip \
-  -define png:exclude-chunks=date,time program.ico
+
+# The strip at the left of the setup's first and last page.
+render program 128 "$work/128.png"
+convert -size 164x314 xc:'#e6f2ef' "$work/128.png" -gravity center -composite -alpha off -strip \
+  -type TrueColor -define bmp:format=bmp3 BMP3:setup.bmp

@@ -131,13 +131,14 @@ int RunExchangeDialog(const char* template_name, DLGPROC procedure, ExchangeWind
   if (dialog == nullptr) {
     return -1;
   }
-  EnableWindow(owner, FALSE);
+  DisabledOwner modal(owner);
+  modal.dialog = dialog;
   ShowWindow(dialog, SW_SHOW);
   RunLoop(window);
   KillTimer(dialog, kTimer);
-  // In this order, so that the owner and no other program's window becomes active.
-  EnableWindow(owner, TRUE);
-  DestroyWindow(dialog);
+  if (window.failure) {
+    std::rethrow_exception(window.failure);
+  }
   return window.exchange.ended.value_or(-1);
 }
 
@@ -164,7 +165,13 @@ bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l) {
 }
 
 void ChangeExchange(ExchangeWindow& window, const std::function<void()>& change) {
-  change();
+  try {
+    change();
+  } catch (...) {
+    // A step that was left half-way cannot be gone on with.
+    EndExchange(window.exchange, -1);
+    window.failure = std::current_exception();
+  }
   FollowExchange(window);
 }
 

@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <exception>
 #include <functional>
 #include <string>
 
@@ -29,13 +30,14 @@ struct ExchangeWindow {
   Silence silence = {};
   std::string shown_note = {};
   MeterBar shown_bar = {};
+  std::exception_ptr failure = {};  // what ended the exchange in the middle of a step
 };
 
 // Defined by the program: a box with OK that belongs to no window.
 void ShowBoxWithoutOwner(const std::string& text, const std::string& caption);
 
 // Shows the dialog until the exchange has ended; 0 for success. The dialog's messages go through
-// HandleExchangeMessage first.
+// HandleExchangeMessage first. What a step throws comes out of here, once the dialog is gone.
 int RunExchangeDialog(const char* template_name, DLGPROC procedure, ExchangeWindow& window);
 
 // In WM_INITDIALOG: the common set-up; from now on the exchange runs.

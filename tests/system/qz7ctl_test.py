@@ -93,6 +93,12 @@ class Files(SystemTest):
         self.assertEqual((2, "", message), self.ctl("diff", "bad.rdf", "a.rdf"))
         self.assertEqual((1, "", message), self.ctl("merge", "a.rdf", "bad.rdf", "b.rdf"))
         self.assertEqual((1, "", message), self.ctl("merge", "bad.rdf", "a.rdf", "b.rdf"))
+        self.assertEqual((1, "", message), self.ctl("import", "bad.rdf", "list.csv", "b.rdf"))
+        self.assertEqual((1, "", message), self.ctl("write", "--dry-run", "--template", "t.tpl",
+                                                    "bad.rdf"))
+        self.write_bytes("bad.tpl", b"TPL\0QZ7H" + self.read_bytes("a.rdf")[8:-1])
+        self.assertEqual((1, "", "Template file has invalid format\n"),
+                         self.ctl("write", "--dry-run", "--template", "bad.tpl", "a.rdf"))
         self.assertEqual((2, "", "Cannot open file:\nnone\n"), self.ctl("diff", "none", "a.rdf"))
 
     def test_info_reads_a_pipe(self):

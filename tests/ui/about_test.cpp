@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <functional>
+#include <optional>
 #include <utility>
 
 #include "desktop/about_dialog.h"
@@ -76,21 +77,19 @@ constexpr const char* kGermanKey = "040704E4";
 
 class AboutTest : public WindowTest {
  protected:
-  // A program file without a version record.
-  std::string PutProgram(const std::string& name) {
+  // A program file with that version record and no other resource.
+  std::string PutProgram(const std::string& name, const std::optional<Record>& record = {}) {
     const std::string path = folder.File(name);
     EXPECT_TRUE(
         CopyFileW(BesideProgram("qz732.dll").c_str(), std::filesystem::path(path).c_str(), FALSE));
-    return path;
-  }
-  std::string PutProgram(const std::string& name, const Record& record) {
-    const std::string path = PutProgram(name);
-    const HANDLE update = BeginUpdateResourceA(path.c_str(), FALSE);
+    const HANDLE update = BeginUpdateResourceA(path.c_str(), TRUE);
     EXPECT_NE(update, nullptr);
-    EXPECT_TRUE(UpdateResourceA(update, RT_VERSION, MAKEINTRESOURCEA(VS_VERSION_INFO),
-                                MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL),
-                                const_cast<std::uint8_t*>(record.data()),
-                                static_cast<DWORD>(record.size())));
+    if (record) {
+      EXPECT_TRUE(UpdateResourceA(update, RT_VERSION, MAKEINTRESOURCEA(VS_VERSION_INFO),
+                                  MAKELANGID(LANG_NEUTRAL, SUBLANG_NEUTRAL),
+                                  const_cast<std::uint8_t*>(record->data()),
+                                  static_cast<DWORD>(record->size())));
+    }
     EXPECT_TRUE(EndUpdateResourceA(update, FALSE));
     return path;
   }

@@ -35,14 +35,15 @@ def main():
     try:
         help_topics = read_help(source)
         by_stem = {topic.stem: topic for topic in help_topics.topics}
+        title = f"{TITLE} {version}"
         seconds = source_seconds(help_topics)
         date = time.strftime("%Y-%m-%d", time.gmtime(seconds))
         pages = os.path.join(output, "help")
         shutil.rmtree(pages, ignore_errors=True)  # of topics that are no more
         os.makedirs(pages)
-        for name, text in write_pages(help_topics, TITLE).items():
+        for name, text in write_pages(help_topics, title).items():
             write(pages, name, text.encode("utf-8"))
-        write(output, "qz7.hlp", write_hlp(help_topics, TITLE, seconds))
+        write(output, "qz7.hlp", write_hlp(help_topics, title, seconds))
         for name in MAN_PAGES:
             write(output, f"{name}.1", write_man_page(by_stem[name], version, date).encode("utf-8"))
     except HelpError as error:
