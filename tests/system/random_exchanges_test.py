@@ -1,5 +1,6 @@
 #!/usr/bin/env python3
-"""Exchanges in a row, each with random faults by its seed: random_exchanges_test.py FOLDER [COUNT]
+"""Exchanges in a row, each with random faults by its seed (1 to 16, if not told):
+random_exchanges_test.py FOLDER [FIRST LAST]
 
 Each ends as its faults say, leaves whole files or none, and no process or descriptor."""
 import collections
@@ -12,7 +13,7 @@ import unittest
 
 from qz7 import BLOCK, SystemTest
 
-COUNT = 16
+SEEDS = range(1, 17)
 # What ends an exchange.
 DONE, WAITS = "done", "Given up."
 TIMEOUT, CHECKSUM = "Receive Timeout", "Checksum Error"
@@ -28,6 +29,8 @@ READ_ENDS = {
     "stall": {TIMEOUT, WAITS}, "drop": {TIMEOUT, WAITS, CHECKSUM},
     "double": {CHECKSUM, ANSWER, WAITS}, "hangup": {GONE, DONE},
 }
+# A sum of eight bits does not see two of these that cancel each other.
+SUMMED = {"checksum", "flip", "double", "drop"}
 # The program sees no more of the radio than its echo and its answers; a byte that is echoed twice
 # moves all behind it, so that an echo is taken for the last answer.
 WRITE_ENDS = {
@@ -121,33 +124,37 @@ class RandomExchanges(SystemTest):
         self.endings[ending] += 1
         self.faults.update(fault.split("@")[0] for fault in faults)
         self.assertEqual(0 if ending == "done" else 1, status, err)
-        ends = [(READ_ENDS if sends else WRITE_ENDS)[fault.split("@")[0]] for fault in faults]
-        self.assertIn(ending, set().union({DONE} if not ends else set(), *ends), faults)
-        if ending == DONE:
+        kinds = {fault.split("@")[0] for fault in faults}
+        ends = [(READ_ENDS if sends else WRITE_ENDS)[kind] for kind in kinds]
+        # On a machine under load any stream may stand still for a quarter of a second.
+        always = ({TIMEOUT} if sends else set()) | (set() if ends else {DONE})
+        cancelled = sends and ending == DONE and len(kinds & SUMMED) > 1
+        self.assertTrue(cancelled or ending in always.union(*ends), (ending, faults))
+        if ending == DONE and not cancelled:
             self.assertTrue(all(DONE in end for end in ends), faults)
         self.assertEqual(self.document, self.read_bytes("a.rdf"))
         new = os.path.exists(self.path("new.rdf"))
         self.assertEqual(sends and status == 0, new)
         # A file is there only where nothing of it is wrong.
-        if new:
+        if new and not cancelled:
             self.assertEqual(self.document[BLOCK], self.read_bytes("new.rdf")[BLOCK])
         if os.path.exists(self.path("got")):
             self.assertEqual(self.document[BLOCK][14:], self.read_bytes("got")[14:], faults)
 
     def test_each_ends_as_its_faults_say_and_leaves_nothing(self):
         before = descriptors()
-        for seed in range(1, COUNT + 1):
+        for seed in SEEDS:
             with self.subTest(seed=seed):
                 self.exchange(seed)
         self.assertEqual(before, descriptors())
         self.assertEqual(self.files, set(os.listdir(self.folder)))
         with self.assertRaises(ChildProcessError):
             os.waitpid(-1, os.WNOHANG)
-        print(f"{COUNT} exchanges:", dict(self.endings), "faults:", dict(self.faults))
+        print(f"{len(SEEDS)} exchanges:", dict(self.endings), "faults:", dict(self.faults))
 
 
 if __name__ == "__main__":
     SystemTest.programs = os.path.abspath(sys.argv.pop(1))
-    if len(sys.argv) > 1 and sys.argv[1].isdigit():
-        COUNT = int(sys.argv.pop(1))
+    if len(sys.argv) > 2:
+        SEEDS = range(int(sys.argv.pop(1)), int(sys.argv.pop(1)) + 1)
     unittest.main()
