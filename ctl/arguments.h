@@ -17,10 +17,14 @@ struct Arguments {
   std::filesystem::path out;
   std::vector<std::filesystem::path> written;  // the files that are to be written, as named
   std::filesystem::path compare_file;
+  std::filesystem::path codeplug;  // the document, or what to change in it, as JSON
+  std::filesystem::path json_out;
   int channel = 0;
   bool json = false;
+  bool list = false;
   bool dry_run = false;
   WriteOptions link;
+  PortsOptions ports;
   std::string how;
   bool yes = false;
   std::vector<std::string> values;
@@ -28,7 +32,7 @@ struct Arguments {
   std::string selection;
   std::string separator;
   std::string quote;
-  ImportRequest import;
+  ListRequest import;
   MergeOptions merge;
   int start = 0;
   std::function<int()> run;
@@ -39,6 +43,7 @@ void AddFileCommands(CLI::App& program, Arguments& args);
 void AddPortCommands(CLI::App& program, Arguments& args);
 void AddEditCommands(CLI::App& program, Arguments& args);
 void AddInterchangeCommands(CLI::App& program, Arguments& args);
+void AddCodeplugCommands(CLI::App& program, Arguments& args);
 
 // Adds an argument or an option that names a file.
 CLI::Option* AddPath(CLI::App* sub, const char* name, std::filesystem::path& target,
@@ -54,7 +59,9 @@ std::string CheckSlot(const std::string& text);
 
 // "rx=1,tx=2"; throws CLI::ValidationError for a name or a number that is none.
 ColumnAssignment ParseColumns(const std::string& text);
-// "all" or "1,3-5", counted from 1: the rows from 0 in their order, nothing for all.
+// "1,3-5", counted from 1: the rows from 0, ascending and each once.
+std::vector<int> ParseRows(const std::string& option, const std::string& text);
+// "all" or such rows, counted from 1: nothing for all.
 std::optional<std::vector<int>> ParseSelection(const std::string& text);
 
 }  // namespace qz7

@@ -22,16 +22,18 @@ std::string WithFileName(const std::string& text) {
   return named ? text : about + ": " + text;
 }
 
-bool IsAsciiControl(char c) { return c != '\t' && IsControl(c) && (c & 0x80) == 0; }
-
-// In UTF-8 the control characters from 0x80 on are 0xC2 and a byte below 0xA0.
-std::string WithoutControls(std::string_view text) {
+// In UTF-8 the control characters from 0x80 on are 0xC2 and a byte below 0xA0. The `kept` ones are
+// left to the terminal.
+std::string WithoutControls(std::string_view text, std::string_view kept = "\t") {
+  const auto is_ascii_control = [kept](char c) {
+    return IsControl(c) && (c & 0x80) == 0 && kept.find(c) == std::string_view::npos;
+  };
   std::string shown;
   for (std::size_t i = 0; i < text.size(); ++i) {
     const bool upper_control =
         text[i] == '\xC2' && i + 1 < text.size() && static_cast<unsigned char>(text[i + 1]) < 0xA0;
     i += upper_control ? 1 : 0;
-    shown += upper_control || IsAsciiControl(text[i]) ? '?' : text[i];
+    shown += upper_control || is_ascii_control(text[i]) ? '?' : text[i];
   }
   return shown;
 }
@@ -62,7 +64,9 @@ std::filesystem::path PathOfText(std::string_view text) {
   return std::u8string(text.begin(), text.end());
 }
 
-std::string ShownText(std::string_view bytes) { return ToUtf8(bytes); }
+std::string ShownText(std::string_view bytes) {
+  return IsErrorTerminal() ? WithoutControls(ToUtf8(bytes)) : ToUtf8(bytes);
+}
 
 std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }
 
@@ -74,7 +78,9 @@ void PrintUtf8Line(std::string_view line) {
   std::cout << (IsOutputTerminal() ? WithoutControls(line) : std::string(line)) << '\n';
 }
 
-void PrintError(const std::string& line) { std::cerr << line << '\n' << std::flush; }
+void PrintError(const std::string& line) {
+  std::cerr << (IsErrorTerminal() ? WithoutControls(line, "\t\n") : line) << '\n' << std::flush;
+}
 
 std::optional<std::string> BytesOfArgument(const std::string& name, const std::string& text) {
   EncodedText encoded = FromUtf8(text);

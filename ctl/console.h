@@ -22,6 +22,7 @@ inline constexpr int kWrongUsage = 2;
 // tabs.
 void PrintLine(std::string_view line);
 void PrintUtf8Line(std::string_view line);
+// The same on standard error; line breaks stay.
 void PrintError(const std::string& line);
 
 // The bytes of an argument; nothing after telling which character of it has no byte.

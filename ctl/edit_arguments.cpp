@@ -27,6 +27,15 @@ std::vector<std::pair<std::string, std::string>> SplitValues(
   return values;
 }
 
+// The memory list's rows of "12-15,20".
+std::vector<int> ParseChannels(const std::string& text) {
+  const std::vector<int> rows = ParseRows("N", text);
+  if (rows.empty() || rows.back() >= kChannelCount) {
+    throw CLI::ValidationError("N", "memory channels are 1..240");
+  }
+  return rows;
+}
+
 void AddSet(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("set", "edits a channel and writes a new file");
   AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
@@ -44,21 +53,21 @@ void AddSet(CLI::App& program, Arguments& args) {
 
 void AddMove(CLI::App& program, Arguments& args) {
   CLI::App* sub =
-      program.add_subcommand("move", "moves, clears, deletes or inserts a memory channel");
+      program.add_subcommand("move", "moves, clears, deletes or inserts memory channels");
   AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
   AddOutput(sub, args, "OUT.rdf", args.out)->required();
-  sub->add_option("HOW", args.how, "what the memory list does with the channel")
+  sub->add_option("HOW", args.how, "what the memory list does with the channels")
       ->required()
       ->check(CLI::IsMember({"up", "down", "clear", "delete", "insert"}));
-  sub->add_option("N", args.channel, "memory channel 1..240")
-      ->required()
-      ->check(CLI::Range(1, kChannelCount));
+  sub->add_option("N", args.selection,
+                  "memory channel 1..240 or several, 12-15,20; insert puts one before the first")
+      ->required();
   sub->callback([&args] {
-    args.run = [&args] {
+    args.run = [&args, rows = ParseChannels(args.selection)] {
       if (args.yes) {
         AnswerYes();
       }
-      return MoveCommand(args.file, args.out, args.how, args.channel);
+      return MoveCommand(args.file, args.out, args.how, rows);
     };
   });
 }

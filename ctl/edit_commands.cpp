@@ -3,7 +3,7 @@
 
 #include "core/editors/channel_editor.h"
 #include "core/editors/channel_fields.h"
-#include "core/editors/memory_list.h"
+#include "core/editors/list_rows.h"
 #include "core/image/frequency_check.h"
 #include "core/image/operating_state.h"
 #include "core/image/text_codec.h"
@@ -18,17 +18,23 @@ bool AcceptEdits(CloneImage& image, const CloneImage& before) {
   return AcceptMemoryList(image, before) != ListEnd::kStaysOpen;
 }
 
-ListChange MoveAs(CloneImage& image, const std::string& how, int row) {
+RowsChange MoveAs(CloneImage& image, const std::string& how, const std::vector<int>& rows) {
   if (how == "up") {
-    return MoveRowUp(image, row);
+    return MoveRowsUp(image, rows);
   }
   if (how == "down") {
-    return MoveRowDown(image, row);
+    return MoveRowsDown(image, rows);
   }
   if (how == "clear") {
-    return ClearRow(image, row);
+    return ClearRows(image, rows);
   }
-  return how == "delete" ? DeleteRow(image, row) : InsertRow(image, row);
+  return how == "delete" ? DeleteRows(image, rows) : InsertBeforeRows(image, rows);
+}
+
+std::string NotAllowed(const std::string& how, const std::vector<int>& rows) {
+  return rows.size() == 1
+             ? "Channel " + std::to_string(rows.front() + 1) + " does not allow " + how + "."
+             : "One of the channels does not allow " + how + ": nothing is changed.";
 }
 
 // The values of the command line as the radio's text.
@@ -103,15 +109,15 @@ int SetCommand(const std::filesystem::path& file, const std::filesystem::path& o
 }
 
 int MoveCommand(const std::filesystem::path& file, const std::filesystem::path& out,
-                const std::string& how, int n) {
+                const std::string& how, const std::vector<int>& rows) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
   }
   const auto before = std::make_unique<CloneImage>(image);
-  const ListChange change = MoveAs(image, how, n - 1);
+  const RowsChange change = MoveAs(image, how, rows);
   if (change.beep) {
-    PrintError("Channel " + std::to_string(n) + " does not allow " + how + ".");
+    PrintError(NotAllowed(how, rows));
     return kFailed;
   }
   if (change.row_count == 0) {

@@ -1,8 +1,9 @@
 #include "ctl/exchange_runner.h"
 
-#include <chrono>
 #include <csignal>
 
+#include "core/link/silence.h"
+#include "core/link/tick_clock.h"
 #include "ctl/console.h"
 #include "ctl/progress_bar.h"
 #include "ctl/terminal.h"
@@ -10,17 +11,9 @@
 namespace qz7 {
 namespace {
 
-using Clock = std::chrono::steady_clock;
-constexpr std::chrono::milliseconds kTick(kTickMilliseconds);
-
 volatile std::sig_atomic_t interrupted = 0;
 
 void NoteInterrupt(int /*signal*/) { interrupted = 1; }
-
-int MillisecondsUntil(Clock::time_point moment) {
-  const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - Clock::now());
-  return static_cast<int>(std::max(left, std::chrono::milliseconds(0)).count());
-}
 
 // Why an exchange has to end although its own rules would go on waiting; empty for no reason.
 std::string ReasonToGiveUp(const SerialPort& port, const std::string& device) {
@@ -49,25 +42,49 @@ std::string AnswerQuestion(AnyExchange& exchange, SerialPort& port,
   return question.error == LinkError::kFailedRead ? "" : "The exchange was not completed.";
 }
 
+// What has come is read before the time that has passed is counted.
+template <typename AnyExchange>
+void BringOn(AnyExchange& exchange, SerialPort& port, TickClock& clock,
+             const Steps<AnyExchange>& steps) {
+  if (port.WaitForInput(BytesAwaited(exchange), clock.MillisecondsToNext())) {
+    BeginTurn(exchange);
+    steps.notify(exchange, port);
+  }
+  clock.Follow(exchange);
+  for (int due = clock.Due(); due > 0 && IsRunning(exchange, port); --due) {
+    BeginTurn(exchange);
+    steps.tick(exchange, port);
+  }
+}
+
+// Tells once what an exchange has waited for too long.
+template <typename AnyExchange>
+void NoteSilence(Silence& silence, const AnyExchange& exchange, ProgressBar& bar, bool& told) {
+  const std::string note = silence.Note(exchange, AwaitedBy(exchange));
+  if (!note.empty() && !told) {
+    bar.Finish();
+    PrintError(note + " Ctrl-C gives up.");
+    told = true;
+  }
+}
+
 // Brings an exchange its bytes and its 10 ms ticks.
 template <typename AnyExchange>
 bool Run(AnyExchange& exchange, SerialPort& port, const std::string& device,
          const Steps<AnyExchange>& steps) {
   ProgressBar bar(IsErrorTerminal());
-  Clock::time_point next_tick = Clock::now() + kTick;
+  TickClock clock;
+  Silence silence;
+  bool told = false;
   std::string reason;
   while (!exchange.ended && reason.empty()) {
-    if (port.WaitForInput(BytesAwaited(exchange), MillisecondsUntil(next_tick))) {
-      steps.notify(exchange, port);
-    }
-    if (Clock::now() >= next_tick) {
-      steps.tick(exchange, port);
-      next_tick = std::max(next_tick + kTick, Clock::now());
-    }
+    BringOn(exchange, port, clock, steps);
     bar.Show(exchange.meter);
+    NoteSilence(silence, exchange, bar, told);
     if (exchange.question) {
       bar.Finish();
       reason = AnswerQuestion(exchange, port, steps);
+      clock.Restart();
     }
     if (reason.empty()) {
       reason = ReasonToGiveUp(port, device);
@@ -81,17 +98,10 @@ bool Run(AnyExchange& exchange, SerialPort& port, const std::string& device,
   return false;
 }
 
-// What has been written leaves the machine before the port is closed; a second is plenty for it.
-void WaitUntilSent(SerialPort& port) {
-  const Clock::time_point limit = Clock::now() + std::chrono::seconds(1);
-  while (port.UnsentBytes() > 0 && Clock::now() < limit) {
-    port.WaitForInput(1, 1);
-  }
-}
-
 }  // namespace
 
 void CatchInterrupt() {
+  interrupted = 0;
   std::signal(SIGINT, NoteInterrupt);
   std::signal(SIGTERM, NoteInterrupt);
 }
@@ -102,14 +112,11 @@ bool RunCloneRead(CloneRead& read, SerialPort& port, const std::string& device) 
     port.SendByte(kAbort);
     CancelCloneRead(read);
   }
-  WaitUntilSent(port);
   return done;
 }
 
 bool RunCloneWrite(CloneWrite& write, SerialPort& port, const std::string& device) {
-  const bool done = Run(write, port, device, {NotifyCloneWrite, TickCloneWrite, AnswerCloneWrite});
-  WaitUntilSent(port);
-  return done;
+  return Run(write, port, device, {NotifyCloneWrite, TickCloneWrite, AnswerCloneWrite});
 }
 
 }  // namespace qz7

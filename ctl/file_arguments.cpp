@@ -9,11 +9,18 @@
 namespace qz7 {
 namespace {
 
-void AddFileCommand(CLI::App& program, Arguments& args, const char* name, const char* does,
-                    int (*command)(const std::filesystem::path&)) {
-  CLI::App* sub = program.add_subcommand(name, does);
-  AddPath(sub, "FILE", args.file, "radio data file; - is the standard stream")->required();
-  sub->callback([&args, command] { args.run = [&] { return command(args.file); }; });
+void AddRows(CLI::App& program, Arguments& args) {
+  CLI::App* sub = program.add_subcommand("rows", "prints the memory list, a row a line");
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
+  sub->add_flag("--json", args.json, "as a JSON array, an object a row");
+  sub->callback([&args] { args.run = [&] { return RowsCommand(args.file, args.json); }; });
+}
+
+void AddList(CLI::App& program, Arguments& args) {
+  CLI::App* sub =
+      program.add_subcommand("list", "prints the listing that the program prints on paper");
+  AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
+  sub->callback([&args] { args.run = [&] { return ListCommand(args.file); }; });
 }
 
 void AddNew(CLI::App& program, Arguments& args) {
@@ -37,7 +44,9 @@ void AddShow(CLI::App& program, Arguments& args) {
                   "memory channel 1..240; VFO A -1..-10, VFO B -11..-20, home -21..-30, by band")
       ->required()
       ->check(CheckSlot);
-  sub->callback([&] { args.run = [&] { return ShowCommand(args.file, args.channel); }; });
+  sub->add_flag("--json", args.json, "as one JSON object");
+  sub->callback(
+      [&] { args.run = [&] { return ShowCommand(args.file, args.channel, args.json); }; });
 }
 
 void AddDiff(CLI::App& program, Arguments& args) {
@@ -45,7 +54,9 @@ void AddDiff(CLI::App& program, Arguments& args) {
       program.add_subcommand("diff", "prints what differs; exit 0 same, 1 different, 2 trouble");
   AddPath(sub, "A", args.file, "radio data file")->required();
   AddPath(sub, "B", args.second_file, "radio data file")->required();
-  sub->callback([&] { args.run = [&] { return DiffCommand(args.file, args.second_file); }; });
+  sub->add_flag("--json", args.json, "as a JSON array, an object each");
+  sub->callback(
+      [&] { args.run = [&] { return DiffCommand(args.file, args.second_file, args.json); }; });
 }
 
 }  // namespace
@@ -85,9 +96,8 @@ bool MayWriteOutputs(const Arguments& args) {
 void AddFileCommands(CLI::App& program, Arguments& args) {
   AddNew(program, args);
   AddInfo(program, args);
-  AddFileCommand(program, args, "rows", "prints the memory list, a row a line", RowsCommand);
-  AddFileCommand(program, args, "list", "prints the listing that the program prints on paper",
-                 ListCommand);
+  AddRows(program, args);
+  AddList(program, args);
   AddShow(program, args);
   AddDiff(program, args);
 }

@@ -1,5 +1,4 @@
 #include <iostream>
-#include <nlohmann/json.hpp>
 #include <sstream>
 
 #include "core/editors/image_difference.h"
@@ -15,14 +14,13 @@
 #include "core/image/text_codec.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
+#include "ctl/json_output.h"
 #include "ctl/terminal.h"
 
 namespace qz7 {
 namespace {
 
 constexpr int kTrouble = 2;
-
-using Json = nlohmann::ordered_json;
 
 const char* Passed(bool passed) { return passed ? "ok" : "wrong"; }
 
@@ -72,7 +70,7 @@ int InspectAndPrint(std::istream& file, const std::string& name, bool json) {
   }
   const Json fields = DescribeInspection(found);
   if (json) {
-    std::cout << fields.dump(2, ' ', IsOutputTerminal(), Json::error_handler_t::replace) << '\n';
+    PrintJson(fields);
   } else {
     PrintFields(fields, "");
   }
@@ -109,10 +107,14 @@ int InfoCommand(const std::filesystem::path& file, bool json) {
   return InspectAndPrint(bytes, PathText(file), json);
 }
 
-int RowsCommand(const std::filesystem::path& file) {
+int RowsCommand(const std::filesystem::path& file, bool json) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
+  }
+  if (json) {
+    PrintJson(RowsAsJson(image, kRegion));
+    return kDone;
   }
   for (int n = 1; n <= GetChannelCount(image); ++n) {
     PrintLine(FormatListRow(image, n, kRegion));
@@ -136,7 +138,7 @@ int ListCommand(const std::filesystem::path& file) {
   return kDone;
 }
 
-int ShowCommand(const std::filesystem::path& file, int n) {
+int ShowCommand(const std::filesystem::path& file, int n, bool json) {
   CloneImage image;
   if (!LoadDocument(image, file)) {
     return kFailed;
@@ -146,23 +148,31 @@ int ShowCommand(const std::filesystem::path& file, int n) {
     PrintError("There is no channel " + std::to_string(n) + ".");
     return kFailed;
   }
+  if (json) {
+    PrintJson(FieldsAsJson(fields));
+    return kDone;
+  }
   for (const auto& [name, value] : fields) {
     PrintLine(name + "=" + value);
   }
   return kDone;
 }
 
-int DiffCommand(const std::filesystem::path& a, const std::filesystem::path& b) {
+int DiffCommand(const std::filesystem::path& a, const std::filesystem::path& b, bool json) {
   CloneImage image_a;
   CloneImage image_b;
   if (!LoadOneDocument(image_a, a) || !LoadOneDocument(image_b, b)) {
     return kTrouble;
   }
-  const std::vector<std::string> lines = DocumentDifferences(image_a, image_b, kRegion);
-  for (const std::string& line : lines) {
-    PrintLine(line);
+  const std::vector<Difference> differences = CompareDocuments(image_a, image_b, kRegion);
+  if (json) {
+    PrintJson(DifferencesAsJson(differences));
+  } else {
+    for (const Difference& difference : differences) {
+      PrintLine(DifferenceLine(difference));
+    }
   }
-  return lines.empty() ? kDone : kFailed;
+  return differences.empty() ? kDone : kFailed;
 }
 
 }  // namespace qz7

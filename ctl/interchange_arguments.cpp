@@ -48,8 +48,12 @@ char ParseCharacter(const std::string& option, const std::string& text) {
 }
 
 void FinishImport(Arguments& args, bool has_separator, bool has_quote, bool has_start) {
-  ImportRequest& request = args.import;
-  request.columns = ParseColumns(args.columns);
+  ListRequest& request = args.import;
+  request.recognise = args.columns == "auto";
+  if (request.recognise && (has_separator || has_quote || request.options.headers)) {
+    throw CLI::ValidationError("--columns", "auto finds headers, separator and quotes itself");
+  }
+  request.columns = request.recognise ? ColumnAssignment{} : ParseColumns(args.columns);
   request.rows = ParseSelection(args.selection);
   if (has_separator) {
     request.options.field_separator = ParseCharacter("--separator", args.separator);
@@ -60,17 +64,25 @@ void FinishImport(Arguments& args, bool has_separator, bool has_quote, bool has_
   if (has_start) {
     request.start = args.start;
   }
-  args.run = [&args] { return ImportCommand(args.file, args.out, args.import); };
+  if (!args.list && args.out.empty()) {
+    throw CLI::RequiredError("OUT.rdf");
+  }
+  args.run = [&args] {
+    return args.list ? ListImportCommand(args.file, args.import)
+                     : ImportCommand(args.file, args.out, args.import);
+  };
 }
 
 void AddImport(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand("import", "imports a list of frequencies");
   AddPath(sub, "FILE", args.file, "radio data file; - is standard input")->required();
   AddPath(sub, "LIST", args.import.options.path, "delimited text; - is standard input")->required();
-  AddOutput(sub, args, "OUT.rdf", args.out)->required();
+  CLI::Option* out = AddOutput(sub, args, "OUT.rdf", args.out);
+  sub->add_flag("--list", args.list, "only list the usable records by number, in place of OUT.rdf")
+      ->excludes(out);
   sub->add_option("--columns", args.columns,
                   "which column holds which field: rx=1,tx=2,offset=3,tone=4,skip=5,power=6,enc=7,"
-                  "dec=8,name=9,comment=10")
+                  "dec=8,name=9,comment=10; auto recognises them by the list's own header line")
       ->type_name("LIST");
   sub->add_flag("--headers", args.import.options.headers,
                 "the first line names the columns; it gives those that --columns does not");
@@ -148,17 +160,14 @@ ColumnAssignment ParseColumns(const std::string& text) {
   return columns;
 }
 
-std::optional<std::vector<int>> ParseSelection(const std::string& text) {
-  if (text.empty() || text == "all") {
-    return std::nullopt;
-  }
+std::vector<int> ParseRows(const std::string& option, const std::string& text) {
   std::vector<int> rows;
   for (const std::string& part : SplitAtCommas(text)) {
     const std::size_t dash = std::min(part.find('-'), part.size());
-    const int first = ParseCount("--select", part.substr(0, dash));
-    const int last = dash == part.size() ? first : ParseCount("--select", part.substr(dash + 1));
+    const int first = ParseCount(option, part.substr(0, dash));
+    const int last = dash == part.size() ? first : ParseCount(option, part.substr(dash + 1));
     if (last < first) {
-      throw CLI::ValidationError("--select", "\"" + part + "\" ends before it begins");
+      throw CLI::ValidationError(option, "\"" + part + "\" ends before it begins");
     }
     for (int record = first; record <= last; ++record) {
       rows.push_back(record - 1);
@@ -167,6 +176,13 @@ std::optional<std::vector<int>> ParseSelection(const std::string& text) {
   std::sort(rows.begin(), rows.end());
   rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   return rows;
+}
+
+std::optional<std::vector<int>> ParseSelection(const std::string& text) {
+  if (text.empty() || text == "all") {
+    return std::nullopt;
+  }
+  return ParseRows("--select", text);
 }
 
 void AddInterchangeCommands(CLI::App& program, Arguments& args) {

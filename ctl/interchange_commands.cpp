@@ -1,17 +1,20 @@
-#include <filesystem>
-#include <fstream>
+#include <algorithm>
+#include <array>
 #include <iostream>
 #include <memory>
-#include <system_error>
+#include <string_view>
 
 #include "core/files/csv_export.h"
 #include "core/files/paths.h"
 #include "core/files/seams.h"
 #include "core/image/derived_tables.h"
+#include "core/image/text_codec.h"
 #include "core/interchange/import.h"
+#include "core/interchange/list_recognition.h"
 #include "core/interchange/merge_dialog_rules.h"
 #include "ctl/commands.h"
 #include "ctl/console.h"
+#include "ctl/input.h"
 
 namespace qz7 {
 namespace {
@@ -20,48 +23,75 @@ std::string TitleOf(const std::filesystem::path& path) {
   return path == "-" ? "standard input" : PathText(NamePart(path));
 }
 
-constexpr std::size_t kLargestList = 64U << 20;
-
 void RefuseList(const std::string& message) {
   ShowMessage(message, "File error", Buttons::kOk, Icon::kStop);
 }
 
-// All of it, but no more than tells that it is too large.
-std::vector<std::uint8_t> ReadBytes(std::istream& in) {
-  constexpr std::size_t kPiece = 1U << 16;
-  std::vector<std::uint8_t> bytes;
-  while (in && bytes.size() <= kLargestList) {
-    const std::size_t used = bytes.size();
-    bytes.resize(used + kPiece);
-    in.read(reinterpret_cast<char*>(bytes.data() + used), kPiece);
-    bytes.resize(used + static_cast<std::size_t>(in.gcount()));
-  }
-  return bytes;
-}
-
 // The bytes of a list to import, or nothing after the message that the program has for it.
 std::optional<std::vector<std::uint8_t>> ReadList(const std::filesystem::path& path) {
-  std::ifstream file;
-  std::error_code error;
-  if (path != "-" && !std::filesystem::is_directory(SystemPath(path), error)) {
-    file = OpenToRead(path);
-  }
-  if (path != "-" && !file.is_open()) {
+  Input list = ReadInput(path);
+  if (list.state == Input::State::kCannotOpen) {
     RefuseList("Error opening file: " + TitleOf(path));
     return std::nullopt;
   }
-  std::vector<std::uint8_t> bytes = ReadBytes(path == "-" ? std::cin : file);
-  if (bytes.size() > kLargestList) {
+  if (list.state == Input::State::kTooLarge) {
     RefuseList("Out of memory");
     return std::nullopt;
   }
-  return bytes;
+  return std::move(list.bytes);
 }
 
 bool LoadSource(MergeSource& source, CloneImage& working_copy, const std::filesystem::path& path) {
   const MessagesAbout messages(path);
   return path == "-" ? ReadMergeSource(source, working_copy, std::cin, "standard input")
                      : ReadMergeSource(source, working_copy, path);
+}
+
+// The list of a request, as import reads it, with what was doubtful on the way.
+struct ReadyList {
+  std::vector<std::uint8_t> bytes;
+  ImportRequest request;
+  std::optional<RecognisedList> recognised;
+};
+
+std::optional<ReadyList> ReadyToImport(const ListRequest& request) {
+  std::optional<std::vector<std::uint8_t>> bytes = ReadList(request.options.path);
+  if (!bytes) {
+    return std::nullopt;
+  }
+  ReadyList ready{.bytes = std::move(*bytes), .request = request, .recognised = std::nullopt};
+  const std::string title = TitleOf(request.options.path);
+  ready.request.options.title = title;
+  if (request.recognise) {
+    ready.recognised = RecogniseList(ready.bytes);
+    if (!ready.recognised->is_recognised) {
+      PrintError(title + ": no header line names a receive frequency");
+      return std::nullopt;
+    }
+    ready.bytes.assign(ready.recognised->text.begin(), ready.recognised->text.end());
+    ready.request.columns = kRecognisedColumns;
+  }
+  return ready;
+}
+
+void PrintDoubts(const ReadyList& ready, const std::vector<ImportDoubt>& of_import) {
+  const auto& recognised = ready.recognised;
+  for (const ImportDoubt& doubt : recognised ? AllDoubts(*recognised, of_import) : of_import) {
+    PrintError(ToUtf8(DoubtLine(doubt)));
+  }
+}
+
+// "1", receive, transmit, shift, tone mode, tone, name, with tabs between.
+std::string OfferLine(int number, const std::vector<NamedValue>& fields) {
+  constexpr std::array<std::string_view, 6> kShown = {"rx",        "tx",   "shift",
+                                                      "tone-mode", "tone", "name"};
+  std::string line = std::to_string(number);
+  for (const std::string_view name : kShown) {
+    const auto field = std::find_if(fields.begin(), fields.end(),
+                                    [=](const NamedValue& value) { return value.first == name; });
+    line += "\t" + field->second;
+  }
+  return line;
 }
 
 }  // namespace
@@ -80,22 +110,19 @@ int ExportCommand(const std::filesystem::path& file, const std::filesystem::path
 }
 
 int ImportCommand(const std::filesystem::path& file, const std::filesystem::path& out,
-                  const ImportRequest& request) {
+                  const ListRequest& request) {
   CloneImage image;
-  if (!LoadDocument(image, file)) {
+  if (!LoadOneDocument(image, file)) {
     return kFailed;
   }
-  const auto bytes = ReadList(request.options.path);
-  if (!bytes) {
-    return kFailed;
-  }
-  ImportRequest titled = request;
-  titled.options.title = TitleOf(request.options.path);
+  const std::optional<ReadyList> ready = ReadyToImport(request);
   ImportSession session;
-  const std::optional<ImportResult> result = ImportIntoImage(image, session, *bytes, titled);
+  const auto result =
+      ready ? ImportIntoImage(image, session, ready->bytes, ready->request) : std::nullopt;
   if (!result) {
     return kFailed;
   }
+  PrintDoubts(*ready, result->doubts);
   if (request.rows && !request.rows->empty() &&
       static_cast<std::size_t>(request.rows->back()) >= result->listed) {
     PrintError("The list has only " + std::to_string(result->listed) + " usable records.");
@@ -106,6 +133,26 @@ int ImportCommand(const std::filesystem::path& file, const std::filesystem::path
   }
   PrintError(std::to_string(result->placed) + " of " + std::to_string(result->listed) +
              " usable records imported from channel " + std::to_string(result->start) + " on.");
+  return kDone;
+}
+
+int ListImportCommand(const std::filesystem::path& file, const ListRequest& request) {
+  CloneImage image;
+  if (!LoadDocument(image, file)) {
+    return kFailed;
+  }
+  const std::optional<ReadyList> ready = ReadyToImport(request);
+  ImportSession session;
+  const auto offer =
+      ready ? OfferImport(image, session, ready->bytes, ready->request) : std::nullopt;
+  if (!offer) {
+    return kFailed;
+  }
+  PrintDoubts(*ready, offer->doubts);
+  int number = 0;
+  for (const ImportRecord& record : offer->list.Rows()) {
+    PrintLine(OfferLine(++number, DescribeRecord(image, record, kRegion)));
+  }
   return kDone;
 }
 

@@ -1,8 +1,8 @@
 #include "ctl/line_decorators.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdio>
-#include <thread>
 
 #include "core/files/paths.h"
 #include "core/link/exchange.h"
@@ -46,9 +46,23 @@ PausingPort::PausingPort(SerialPort& port, int milliseconds)
 
 std::size_t PausingPort::Write(std::span<const std::uint8_t> bytes) {
   if (bytes.size() == kCloneBlockSize) {
-    std::this_thread::sleep_for(pause_);
+    pause_end_ = pause_end_.value_or(Clock::now() + pause_);
+    if (Clock::now() < *pause_end_) {
+      return 0;
+    }
+    pause_end_.reset();
   }
   return PassingPort::Write(bytes);
+}
+
+bool PausingPort::WaitForInput(std::size_t bytes, int milliseconds) {
+  if (!pause_end_) {
+    return PassingPort::WaitForInput(bytes, milliseconds);
+  }
+  const auto left =
+      std::chrono::ceil<std::chrono::milliseconds>(*pause_end_ - Clock::now()).count();
+  const int shorter = static_cast<int>(std::clamp<std::int64_t>(left, 0, milliseconds));
+  return PassingPort::WaitForInput(bytes, shorter) || Clock::now() >= *pause_end_;
 }
 
 }  // namespace qz7

@@ -24,7 +24,6 @@ class PassingPort : public SerialPort {
   unsigned LineErrors() override { return port_.LineErrors(); }
   void Purge(Queues queues) override { port_.Purge(queues); }
   void RestartEvents() override { port_.RestartEvents(); }
-  std::size_t UnsentBytes() override { return port_.UnsentBytes(); }
   bool WaitForInput(std::size_t bytes, int milliseconds) override {
     return port_.WaitForInput(bytes, milliseconds);
   }
@@ -52,14 +51,20 @@ class TracedPort : public PassingPort {
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
 };
 
-// Pauses before each block, for a radio that is slower than its cable.
+// Pauses before each block, for a radio that is slower than its cable: it takes nothing of the
+// block until then.
 class PausingPort : public PassingPort {
  public:
   PausingPort(SerialPort& port, int milliseconds);
   std::size_t Write(std::span<const std::uint8_t> bytes) override;
+  // True at the end of a pause too.
+  bool WaitForInput(std::size_t bytes, int milliseconds) override;
 
  private:
+  using Clock = std::chrono::steady_clock;
+
   std::chrono::milliseconds pause_;
+  std::optional<Clock::time_point> pause_end_;
 };
 
 }  // namespace qz7

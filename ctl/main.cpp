@@ -52,6 +52,7 @@ int RunProgram(const std::vector<std::string>& arguments) {
   AddFileCommands(program, args);
   AddEditCommands(program, args);
   AddInterchangeCommands(program, args);
+  AddCodeplugCommands(program, args);
   AddPortCommands(program, args);
   try {
     // The parser takes the words from the end.

@@ -6,14 +6,17 @@ namespace {
 void AddPorts(CLI::App& program, Arguments& args) {
   CLI::App* sub = program.add_subcommand(
       "ports", "lists the serial ports: name, description, free, busy or denied");
-  sub->callback([&] { args.run = [] { return PortsCommand(); }; });
+  sub->add_flag("--json", args.ports.json, "as a JSON array");
+  sub->add_flag("--probe", args.ports.probe,
+                "open each port that seems free; this moves its lines");
+  sub->callback([&] { args.run = [&] { return PortsCommand(args.ports); }; });
 }
 
 CLI::Option* AddPortOptions(CLI::App* sub, Arguments& args) {
   AddPath(sub, "--trace", args.link.trace,
           "write every byte, its direction and its time into this file")
       ->type_name("FILE");
-  return sub->add_option("--port", args.link.port, "serial port: a device, or COM1..COM9")
+  return sub->add_option("--port", args.link.port, "serial port: a device, or COM1..COM256")
       ->type_name("PORT");
 }
 

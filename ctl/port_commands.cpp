@@ -32,17 +32,6 @@ struct Line {
   }
 };
 
-const char* StatusName(PortStatus status) {
-  switch (status) {
-    case PortStatus::kOpen:
-      return "free";
-    case PortStatus::kDenied:
-      return "denied";
-    default:
-      return "busy";
-  }
-}
-
 std::string WhyNot(const std::string& device, const PortResult& result) {
   switch (result.status) {
     case PortStatus::kAbsent:
@@ -133,13 +122,6 @@ bool RunStartedWrite(CloneWrite& write, SerialPort& port, const CloneImage& temp
 }
 
 }  // namespace
-
-int PortsCommand() {
-  for (const PortInfo& port : ListSerialPorts()) {
-    PrintUtf8Line(port.name + "\t" + port.description + "\t" + StatusName(port.status));
-  }
-  return kDone;
-}
 
 int ReadCommand(const PortOptions& options, const std::filesystem::path& out) {
   CloneImage image;

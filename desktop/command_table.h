@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <span>
 
 #include "core/files/document.h"
@@ -14,7 +15,11 @@ struct Command {
   int count = 1;  // of ids, from `id` on
 };
 
-// Runs the command of this id; false for an id that is none.
+// Runs work on the document that is done whole or, when it throws, not at all: the document is then
+// as it was, what the main window shows too, and the message has been shown. False in that case.
+bool RunWhole(Document& document, const std::function<void()>& work);
+
+// Runs the command of this id, whole; false for an id that is none.
 bool RunCommand(std::span<const Command> commands, Document& document, int id);
 
 }  // namespace qz7

@@ -1,7 +1,9 @@
 #include "desktop/main_window.h"
 
 #include "core/files/seams.h"
+#include "core/files/unexpected.h"
 #include "desktop/app_state.h"
+#include "desktop/command_table.h"
 #include "desktop/commands.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help.h"
@@ -9,8 +11,15 @@
 namespace qz7 {
 namespace {
 
+// As Exit asks; true to go on.
+bool MayEnd() {
+  bool may_end = false;
+  RunWhole(app.document, [&] { may_end = AskSaveChanges(app.document); });
+  return may_end;
+}
+
 void OnClose(HWND window) {
-  if (!AskSaveChanges(app.document)) {
+  if (!MayEnd()) {
     return;
   }
   QuitHelp();
@@ -37,13 +46,15 @@ void GiveFocusBack() {
   SetFocus(IsChild(app.main_dialog, focused_control) ? focused_control : app.main_dialog);
 }
 
-LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l) {
+LRESULT HandleMainMessage(HWND window, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_COMMAND:
       return RunCommand(LOWORD(w)) ? 0 : DefWindowProcA(window, message, w, l);
     case WM_CLOSE:
       OnClose(window);
       return 0;
+    case WM_QUERYENDSESSION:
+      return MayEnd() ? TRUE : FALSE;
     case WM_DESTROY:
       OnDestroy();
       return 0;
@@ -63,6 +74,15 @@ LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l) {
       return 0;
     default:
       return DefWindowProcA(window, message, w, l);
+  }
+}
+
+LRESULT CALLBACK MainWindowProc(HWND window, UINT message, WPARAM w, LPARAM l) {
+  try {
+    return HandleMainMessage(window, message, w, l);
+  } catch (...) {
+    ShowUnexpected();
+    return 0;
   }
 }
 

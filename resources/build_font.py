@@ -3,8 +3,9 @@
 
 usage: build_font.py OUT.fon BDF...
 
-Every BDF becomes two sizes of the face that its FAMILY_NAME gives, its own and twice
-that; all must have the same face. The sources must be fixed-pitch. A code between the lowest and
+Every BDF becomes four sizes of the face that its FAMILY_NAME gives, its own and 5/4, 3/2 and 2
+times that, for screens of 96, 120, 144 and 192 dots per inch; all must have the same face. The
+sources must be fixed-pitch, their strokes one pixel wide. A code between the lowest and
 the highest one that has no glyph gets the glyph with the code -1.
 
 The result holds FNT 2.0 fonts with character set 254 in a 16-bit NE library
@@ -126,6 +127,50 @@ def doubled(font):
   glyphs = {code: doubled_rows(rows, font.width) for code, rows in font.glyphs.items()}
   return font._replace(points=2 * font.points, width=2 * font.width, height=2 * font.height,
                        ascent=2 * font.ascent, glyphs=glyphs)
+
+
+def redrawn_rows(rows, width, numerator, denominator, pen):
+  """A glyph redrawn in another size: its strokes, led through the same pixels, by a pen of so many
+  pixels. Enlarging the pixels themselves would make some strokes wider than others."""
+  def is_set(x, y):
+    return 0 <= x < width and 0 <= y < len(rows) and rows[y] >> (width - 1 - x) & 1
+
+  def place(coordinate):
+    return coordinate * numerator // denominator
+
+  new_width = place(width)
+  new_rows = [0] * place(len(rows))
+
+  def draw(x0, y0, x1, y1):
+    steps = max(abs(x1 - x0), abs(y1 - y0), 1)
+    for step in range(steps + 1):
+      x = (x0 * (steps - step) + x1 * step + steps // 2) // steps
+      y = (y0 * (steps - step) + y1 * step + steps // 2) // steps
+      for row in range(y, min(y + pen, len(new_rows))):
+        for column in range(x, min(x + pen, new_width)):
+          new_rows[row] |= 1 << (new_width - 1 - column)
+
+  for y in range(len(rows)):
+    for x in range(width):
+      if not is_set(x, y):
+        continue
+      draw(place(x), place(y), place(x), place(y))
+      for dx, dy in ((1, 0), (0, 1), (1, 1), (-1, 1)):
+        is_corner = dx and dy and (is_set(x + dx, y) or is_set(x, y + dy))
+        if is_set(x + dx, y + dy) and not is_corner:
+          draw(place(x), place(y), place(x + dx), place(y + dy))
+  return new_rows
+
+
+def redrawn(font, numerator, denominator, pen):
+  """The font for screens that are finer by that ratio."""
+  def scaled(size):
+    return size * numerator // denominator
+
+  glyphs = {code: redrawn_rows(rows, font.width, numerator, denominator, pen)
+            for code, rows in font.glyphs.items()}
+  return font._replace(points=scaled(font.points), width=scaled(font.width),
+                       height=scaled(font.height), ascent=scaled(font.ascent), glyphs=glyphs)
 
 
 def glyph_bits(rows, width):
@@ -261,7 +306,9 @@ def main(arguments):
   if len({font.face for font in fonts}) != 1:
     fail("the sources are not of one face")
   with open(out, "wb") as file:
-    file.write(make_fon(fonts + [doubled(font) for font in fonts]))
+    file.write(make_fon(
+        fonts + [redrawn(font, 5, 4, 1) for font in fonts] +
+        [redrawn(font, 3, 2, 2) for font in fonts] + [doubled(font) for font in fonts]))
 
 
 if __name__ == "__main__":

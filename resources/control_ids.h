@@ -40,6 +40,7 @@
 #define ID_METER 103
 #define ID_TEMPLATE_NAME 104
 #define ID_BROWSE_TEMPLATE 105
+#define ID_AWAITED 106
 
 // DLLDlgCreateTemplate
 #define ID_CREATE 101
@@ -66,6 +67,7 @@
 
 // DlgProcSetupPort
 #define ID_PORT 101
+#define ID_PORT_NOTE 102
 
 // DlgPrinting
 #define ID_PRINTED_DOCUMENT 101
@@ -80,6 +82,7 @@
 #define ID_FIELD_SEPARATOR 105
 #define ID_TEXT_SEPARATOR 106
 #define ID_HEADERS 107
+#define ID_TAB_SEPARATOR 108
 
 // DlgImportList: a button for each field from ID_FIRST_FIELD on
 #define ID_COLUMN_FIELDS 101
@@ -98,6 +101,7 @@
 #define ID_IMPORT_TO 109
 #define ID_IMPORT_GROUP_1 110
 #define ID_IMPORT_GROUP_2 111
+#define ID_IMPORT_DOUBTS 112
 
 // DlgMergeMem
 #define ID_MERGE_RADIO_TYPE 101
@@ -119,6 +123,18 @@
 #define ID_INSERT_CHANNEL 106
 #define ID_DELETE_CHANNEL 107
 #define ID_CLEAR_CHANNEL 108
+// The commands that only its menu and its keys have
+#define ID_UNDO 109
+#define ID_REDO 110
+#define ID_CUT 111
+#define ID_COPY 112
+#define ID_PASTE 113
+#define ID_FIND 114
+#define ID_FIND_NEXT 115
+#define ID_SELECT_ALL_ROWS 116
+
+// DLLDlgFindChannel
+#define ID_FIND_TEXT 101
 
 // DLLDlgEditMemory, DLLDlgEditVfo
 #define ID_RECEIVE 101

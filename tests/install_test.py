@@ -15,9 +15,11 @@ RUNNER = [sys.argv.pop(1)] if len(sys.argv) > 1 else []
 
 SAMPLES = set(os.listdir(os.path.join(TOP, "samples")))
 LINUX = {"bin/qz7ctl", "bin/qz7radio", "share/man/man1/qz7ctl.1", "share/man/man1/qz7radio.1",
+         "share/qz7/codeplug.schema.json",
          *("share/doc/qz7/" + name
            for name in ("CHANGELOG.md", "README.md", "changelog", "copyright"))}
-WINDOWS = {"qz7.exe", "qz732.dll", "qz7.fon", "qz7.hlp", "qz7ctl.exe", "LICENSE", "CHANGES.txt"}
+WINDOWS = {"qz7.exe", "qz732.dll", "qz7.fon", "qz7.hlp", "qz7ctl.exe",
+           "codeplug.schema.json", "LICENSE", "CHANGES.txt"}
 TOPICS = {os.path.splitext(name)[0] for name in os.listdir(os.path.join(TOP, "help"))
           if name.endswith(".md")}
 PAGES = {*(f"help/{name}.html" for name in {*TOPICS, "search"}),

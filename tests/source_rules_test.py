@@ -62,7 +62,7 @@ class Dependencies(unittest.TestCase):
         "core/files": {"core/image"},
         "core/link": {"core/files", "core/image"},
         "core/editors": {"core/files", "core/image"},
-        "core/interchange": {"core/files", "core/image"},
+        "core/interchange": {"core/editors", "core/files", "core/image"},
     }
     WINDOWS = {"desktop/files", "desktop/link", "desktop/editors", "desktop/interchange",
                "desktop/printing"}
@@ -75,7 +75,7 @@ class Dependencies(unittest.TestCase):
         "ctl": set(CORE),
         "radio": set(),
         "fuzz": set(CORE) | {"tests/unit"},
-        "bench": set(CORE) | {"desktop/toolkit", "desktop/editors"},
+        "bench": set(CORE) | {"ctl", "desktop/toolkit", "desktop/editors"},
     }
 
     def test_a_folder_includes_only_what_lies_below_it(self):

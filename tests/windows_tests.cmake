@@ -35,7 +35,7 @@ qz7_test(help_recorded 60 python3 ${CMAKE_CURRENT_SOURCE_DIR}/help/recorded.py $
 set_tests_properties(help_recorded PROPERTIES FIXTURES_REQUIRED record)
 
 foreach(part desktop_test desktop_exchange_test desktop_faults_test desktop_help_test
-    desktop_printing_test)
+    desktop_paths_test desktop_printing_test desktop_session_test)
   qz7_wine_test(${part} 900 python3 ${system}/${part}.py ${programs} ${native})
   set_tests_properties(${part} PROPERTIES RESOURCE_LOCK desktop
     FIXTURES_REQUIRED native_programs COST 80)
@@ -45,3 +45,4 @@ qz7_test(printing 600 env WINEPREFIX=${CMAKE_SOURCE_DIR}/build/printing-prefix
   ${CMAKE_SOURCE_DIR}/tools/with-wine
   python3 ${system}/printing_test.py ${native} ${programs})
 set_tests_properties(printing PROPERTIES FIXTURES_REQUIRED native_programs)
+qz7_wine_test(console_program_windows 600 python3 ${system}/qz7ctl_windows_test.py ${programs})

@@ -9,11 +9,6 @@
 namespace qz7 {
 namespace {
 
-ChannelEnd Refuse(const char* message, EditorField field) {
-  ShowMessage(message, kProgramTitle, Buttons::kOk, Icon::kStop);
-  return {.refused = field};
-}
-
 // Whether the receive field has been left empty, or a zero stands in it.
 bool IsEmptyFrequency(const std::string& text) {
   return text.find_first_not_of(" 0.") == std::string::npos;
@@ -90,6 +85,21 @@ ChannelTurn TurnTo(CloneImage& image, ChannelEditor& editor, int n) {
 
 }  // namespace
 
+ChannelRefusal CheckChannel(const CloneImage& image, const ChannelEditor& editor) {
+  const ChannelFrequencies frequencies = FrequenciesOf(editor);
+  if (const char* refusal = CheckOffset(frequencies.offset)) {
+    return {EditorField::kOffset, refusal};
+  }
+  if (CheckReceive(image, editor.n, frequencies.receive, editor.region) !=
+      ReceiveCheck::kAccepted) {
+    return {EditorField::kReceive, kReceiveRefused};
+  }
+  if (!CheckTransmit(image, editor.n, frequencies.receive, editor.region)) {
+    return {EditorField::kTransmit, kTransmitRefused};
+  }
+  return {};
+}
+
 ChannelEnd AcceptChannel(CloneImage& image, ChannelEditor& editor) {
   if (!LeaveOffset(editor)) {
     return {.refused = EditorField::kOffset};
@@ -100,11 +110,10 @@ ChannelEnd AcceptChannel(CloneImage& image, ChannelEditor& editor) {
   if (check == ReceiveCheck::kClearChannel && IsEmptyFrequency(editor.receive)) {
     return ClearEmptyChannel(image, editor.n);
   }
-  if (check != ReceiveCheck::kAccepted) {
-    return Refuse(kReceiveRefused, EditorField::kReceive);
-  }
-  if (!CheckTransmit(image, editor.n, frequencies.receive, editor.region)) {
-    return Refuse(kTransmitRefused, EditorField::kTransmit);
+  const ChannelRefusal refusal = CheckChannel(image, editor);
+  if (refusal.field != EditorField::kNone) {
+    ShowMessage(refusal.message, kProgramTitle, Buttons::kOk, Icon::kStop);
+    return {.refused = refusal.field};
   }
   return WriteChannel(image, editor, frequencies);
 }

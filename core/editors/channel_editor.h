@@ -72,6 +72,14 @@ bool LeaveOffset(ChannelEditor& editor);
 
 enum class EditorField { kNone, kReceive, kTransmit, kOffset };
 
+struct ChannelRefusal {
+  EditorField field = EditorField::kNone;
+  const char* message = nullptr;
+};
+// What OK would refuse, and why; nothing is shown. A channel without a receive frequency counts as
+// refused.
+ChannelRefusal CheckChannel(const CloneImage& image, const ChannelEditor& editor);
+
 struct ChannelEnd {
   EditorField refused = EditorField::kNone;  // takes the focus; then nothing was written
   bool record_changed = false;               // the document is to be marked as changed

@@ -45,22 +45,22 @@ WhyNot OneOf(const std::vector<std::string>& texts) {
   return list;
 }
 
-// The place of a value in a list of texts. The empty value is a code that has no text, and keeps
-// the choice.
-WhyNot Choose(std::optional<int>& place, const std::vector<std::string>& texts,
-              std::string_view value) {
+// The place of a value among texts. The empty value is a code that has no text, and keeps the
+// choice.
+template <typename Texts>
+WhyNot Choose(std::optional<int>& place, const Texts& texts, std::string_view value) {
   const auto text = std::find(texts.begin(), texts.end(), value);
   if (text != texts.end()) {
     place = static_cast<int>(text - texts.begin());
   }
-  return value.empty() || text != texts.end() ? WhyNot() : OneOf(texts);
+  return value.empty() || text != texts.end() ? WhyNot() : OneOf({texts.begin(), texts.end()});
 }
 
 template <typename Code, std::size_t kCount>
 WhyNot ChooseCode(std::optional<Code>& choice, const std::array<const char*, kCount>& names,
                   std::string_view value) {
   std::optional<int> place = PlaceOf(choice);
-  WhyNot why_not = Choose(place, {names.begin(), names.end()}, value);
+  WhyNot why_not = Choose(place, names, value);
   choice = CodeAt<Code>(names, place);
   return why_not;
 }
@@ -151,10 +151,12 @@ WhyNot SetToneMode(ChannelEditor& editor, std::string_view value) {
   return ChooseCode(editor.choices.tone_mode, kToneModeNames, value);
 }
 WhyNot SetTone(ChannelEditor& editor, std::string_view value) {
-  return Choose(editor.choices.tone_index, Texts(ToneText, kTones), value);
+  static const std::vector<std::string> tones = Texts(ToneText, kTones);
+  return Choose(editor.choices.tone_index, tones, value);
 }
 WhyNot SetDcs(ChannelEditor& editor, std::string_view value) {
-  return Choose(editor.choices.dcs_index, Texts(DcsText, kDcsCodes), value);
+  static const std::vector<std::string> codes = Texts(DcsText, kDcsCodes);
+  return Choose(editor.choices.dcs_index, codes, value);
 }
 WhyNot SetMode(ChannelEditor& editor, std::string_view value) {
   return ChooseCode(editor.choices.mode, kModeNames, value);
@@ -292,6 +294,13 @@ const Field* FindField(std::string_view name) {
                       [=](const Field& field) { return field.name == name; });
 }
 
+std::vector<NamedValue> InFieldOrder(std::vector<NamedValue> values) {
+  std::stable_sort(values.begin(), values.end(), [](const NamedValue& a, const NamedValue& b) {
+    return FindField(a.first) < FindField(b.first);
+  });
+  return values;
+}
+
 // A refusal in the system's own words stands as it is.
 bool IsSystemText(std::string_view value, std::string_view reason) {
   const char* message = CheckOffset(ParseOffset(value));
@@ -316,13 +325,23 @@ bool SetEditorField(ChannelEditor& editor, std::string_view name, std::string_vi
 
 bool SetEditorFields(ChannelEditor& editor, const std::vector<NamedValue>& values,
                      std::string& why_not) {
-  std::vector<NamedValue> ordered = values;
-  std::stable_sort(ordered.begin(), ordered.end(), [](const NamedValue& a, const NamedValue& b) {
-    return FindField(a.first) < FindField(b.first);
-  });
+  const std::vector<NamedValue> ordered = InFieldOrder(values);
   return std::all_of(ordered.begin(), ordered.end(), [&](const NamedValue& value) {
     return SetEditorField(editor, value.first, value.second, why_not);
   });
+}
+
+std::vector<NamedValue> SetFieldsTellingRefusals(ChannelEditor& editor,
+                                                 const std::vector<NamedValue>& values) {
+  std::vector<NamedValue> refusals;
+  for (const auto& [name, value] : InFieldOrder(values)) {
+    const Field* field = FindField(name);
+    WhyNot reason = field != kFields.end() ? field->set(editor, value) : "there is no such field";
+    if (!reason.empty()) {
+      refusals.emplace_back(name, std::move(reason));
+    }
+  }
+  return refusals;
 }
 
 }  // namespace qz7

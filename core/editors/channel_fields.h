@@ -25,4 +25,8 @@ bool SetEditorField(ChannelEditor& editor, std::string_view name, std::string_vi
 bool SetEditorFields(ChannelEditor& editor, const std::vector<NamedValue>& values,
                      std::string& why_not);
 
+// The same to the end of the list: the name of each field that cannot be set, and the reason.
+std::vector<NamedValue> SetFieldsTellingRefusals(ChannelEditor& editor,
+                                                 const std::vector<NamedValue>& values);
+
 }  // namespace qz7

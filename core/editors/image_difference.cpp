@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdio>
+#include <iterator>
 #include <vector>
 
 #include "core/editors/autodial.h"
@@ -25,7 +26,7 @@ struct Comparison {
   const CloneImage& a;
   const CloneImage& b;
   const RegionVariant& region;
-  std::vector<std::string> lines;
+  std::vector<Difference> differences;
   std::vector<std::uint8_t> told = std::vector<std::uint8_t>(kCloneImageSize, 0);  // their bits
 };
 
@@ -33,7 +34,13 @@ std::string Quoted(std::string_view text) { return "\"" + std::string(text) + "\
 
 void Tell(Comparison& comparison, const std::string& what, const std::string& a,
           const std::string& b) {
-  comparison.lines.push_back(what + ": " + a + " -> " + b);
+  comparison.differences.push_back({.what = what, .field = "", .a = a, .b = b});
+}
+
+void TellText(Comparison& comparison, const std::string& what, const std::string& field,
+              std::string_view a, std::string_view b) {
+  comparison.differences.push_back(
+      {.what = what, .field = field, .a = std::string(a), .b = std::string(b), .texts = true});
 }
 
 bool Differs(const Comparison& comparison, Region region) {
@@ -127,7 +134,7 @@ void CompareChannel(Comparison& comparison, int n, bool with_comment) {
   for (std::size_t i = 0; i < a.size(); ++i) {
     const bool counts = with_comment || a[i].first != "comment";
     if (counts && a[i].second != b[i].second) {
-      Tell(comparison, title, a[i].first + " " + Quoted(a[i].second), Quoted(b[i].second));
+      TellText(comparison, title, a[i].first, a[i].second, b[i].second);
       MarkField(comparison, n, a[i].first);
       if (split && a[i].first == "tx") {
         MarkField(comparison, n, "split");
@@ -162,12 +169,13 @@ std::string GroupText(const CloneImage& image, Region members) {
 }
 
 std::string WxNameText(const CloneImage& image, Region name) {
-  return Quoted(FieldText(reinterpret_cast<const char*>(image.data() + name.offset), name.size));
+  return std::string(
+      FieldText(reinterpret_cast<const char*>(image.data() + name.offset), name.size));
 }
 
 std::string AutodialNumberText(const CloneImage& image, Region codes) {
   const auto n = static_cast<int>((codes.offset - kAutodial.offset) / codes.size);
-  return Quoted(AutodialText(image, n, DtmfDisplay::kSymbols));
+  return AutodialText(image, n, DtmfDisplay::kSymbols);
 }
 
 std::string CodesText(const CloneImage& image, Region codes) {
@@ -175,20 +183,20 @@ std::string CodesText(const CloneImage& image, Region codes) {
   for (std::size_t at = codes.offset; at < codes.end() && image[at] != kTextEnd; ++at) {
     text += image[at] < kIdentifierCharacters.size() ? kIdentifierCharacters[image[at]] : '?';
   }
-  return Quoted(text);
+  return text;
 }
 
 // Compares `count` equal pieces that lie one behind the other, named "NAME 1", "NAME 2", ...
-template <typename TextOf>
+template <typename TextOf, typename TellPiece>
 void ComparePieces(Comparison& comparison, const std::string& name, Region all, std::size_t count,
-                   TextOf text_of) {
+                   TextOf text_of, TellPiece tell) {
   const std::size_t size = all.size / count;
   for (std::size_t i = 0; i < count; ++i) {
     const Region piece{.offset = all.offset + i * size, .size = size};
     const std::string a = text_of(comparison.a, piece);
     const std::string b = text_of(comparison.b, piece);
     if (Differs(comparison, piece) && a != b) {
-      Tell(comparison, count > 1 ? name + " " + std::to_string(i + 1) : name, a, b);
+      tell(count > 1 ? name + " " + std::to_string(i + 1) : name, a, b);
       MarkTold(comparison, piece);
     }
   }
@@ -204,7 +212,7 @@ std::string TitleOf(const Setting& row) {
 
 std::string ValueText(const Setting& row, const SettingValue& value, const CloneImage& image) {
   if (row.kind == SettingKind::kText) {
-    return Quoted(value.text);
+    return value.text;
   }
   if (value.choice && row.choices.text != nullptr) {
     return row.choices.text(*value.choice);
@@ -218,7 +226,11 @@ void CompareRow(Comparison& comparison, const Setting& row) {
   if (a == b) {
     return;
   }
-  Tell(comparison, TitleOf(row), ValueText(row, a, comparison.a), ValueText(row, b, comparison.b));
+  comparison.differences.push_back({.what = TitleOf(row),
+                                    .field = "",
+                                    .a = ValueText(row, a, comparison.a),
+                                    .b = ValueText(row, b, comparison.b),
+                                    .texts = row.kind == SettingKind::kText});
   if (row.kind == SettingKind::kText) {
     MarkTold(comparison, row.text.place);
   } else {
@@ -250,16 +262,31 @@ void CompareOperatingState(Comparison& comparison) {
     MarkTold(comparison, echo);
   }
   if (differing > 0) {
-    comparison.lines.push_back("operating state: " + std::to_string(differing) + " bytes differ");
+    comparison.differences.push_back({.what = "operating state",
+                                      .field = "",
+                                      .a = "",
+                                      .b = std::to_string(differing) + " bytes differ"});
   }
 }
 
 void CompareSettings(Comparison& comparison) {
-  ComparePieces(comparison, "group", kGroupTable, kGroupCount, GroupText);
-  ComparePieces(comparison, "WX name", kWxNames, kWxNameCount, WxNameText);
-  ComparePieces(comparison, "VORN identifier", kVornIdentifier, 1, CodesText);
-  ComparePieces(comparison, "autodial", kAutodial, kAutodialCount, AutodialNumberText);
+  const auto tell = [&](const std::string& what, const std::string& a, const std::string& b) {
+    Tell(comparison, what, a, b);
+  };
+  const auto tell_text = [&](const std::string& what, const std::string& a, const std::string& b) {
+    TellText(comparison, what, "", a, b);
+  };
+  ComparePieces(comparison, "group", kGroupTable, kGroupCount, GroupText, tell);
+  ComparePieces(comparison, "WX name", kWxNames, kWxNameCount, WxNameText, tell_text);
+  ComparePieces(comparison, "VORN identifier", kVornIdentifier, 1, CodesText, tell_text);
+  ComparePieces(comparison, "autodial", kAutodial, kAutodialCount, AutodialNumberText, tell_text);
   CompareRows(comparison);
+}
+
+std::string HexByte(std::uint8_t byte) {
+  std::array<char, 8> text;
+  std::snprintf(text.data(), text.size(), "0x%02X", unsigned{byte});
+  return text.data();
 }
 
 void CompareOtherBytes(Comparison& comparison) {
@@ -268,36 +295,52 @@ void CompareOtherBytes(Comparison& comparison) {
     if ((differing & ~comparison.told[at]) == 0) {
       continue;
     }
-    std::array<char, 64> line;
-    std::snprintf(line.data(), line.size(), "byte %zu: 0x%02X -> 0x%02X", at,
-                  unsigned{comparison.a[at]}, unsigned{comparison.b[at]});
-    comparison.lines.emplace_back(line.data());
+    Tell(comparison, "byte " + std::to_string(at), HexByte(comparison.a[at]),
+         HexByte(comparison.b[at]));
   }
+}
+
+std::vector<std::string> LinesOf(const std::vector<Difference>& differences) {
+  std::vector<std::string> lines;
+  std::transform(differences.begin(), differences.end(), std::back_inserter(lines), DifferenceLine);
+  return lines;
 }
 
 }  // namespace
 
-std::vector<std::string> DocumentDifferences(const CloneImage& a, const CloneImage& b,
-                                             const RegionVariant& region) {
-  Comparison comparison{.a = a, .b = b, .region = region, .lines = {}};
+std::string DifferenceLine(const Difference& difference) {
+  const auto& [what, field, a, b, texts] = difference;
+  const std::string from = texts ? Quoted(a) : a;
+  return what + ": " + field + (field.empty() ? "" : " ") + from + (from.empty() ? "" : " -> ") +
+         (texts ? Quoted(b) : b);
+}
+
+std::vector<Difference> CompareDocuments(const CloneImage& a, const CloneImage& b,
+                                         const RegionVariant& region) {
+  Comparison comparison{.a = a, .b = b, .region = region, .differences = {}};
   if (FileComment(a) != FileComment(b)) {
-    Tell(comparison, "file comment", Quoted(FileComment(a)), Quoted(FileComment(b)));
+    TellText(comparison, "file comment", "", FileComment(a), FileComment(b));
   }
   CompareChannels(comparison, true);
   CompareSettings(comparison);
   CompareOperatingState(comparison);
   CompareOtherBytes(comparison);
-  return comparison.lines;
+  return comparison.differences;
+}
+
+std::vector<std::string> DocumentDifferences(const CloneImage& a, const CloneImage& b,
+                                             const RegionVariant& region) {
+  return LinesOf(CompareDocuments(a, b, region));
 }
 
 std::vector<std::string> RadioDifferences(const CloneImage& a, const CloneImage& b,
                                           const RegionVariant& region) {
-  Comparison comparison{.a = a, .b = b, .region = region, .lines = {}};
+  Comparison comparison{.a = a, .b = b, .region = region, .differences = {}};
   CompareChannels(comparison, false);
   CompareSettings(comparison);
   CompareOperatingState(comparison);
   CompareOtherBytes(comparison);
-  return comparison.lines;
+  return LinesOf(comparison.differences);
 }
 
 }  // namespace qz7

@@ -156,9 +156,10 @@ std::vector<std::string> PrintLines(const PrintText& text) {
   return lines;
 }
 
-bool BuildPrintText(const CloneImage& image, const std::string& document_name, DtmfDisplay display,
-                    const RegionVariant& region, PrintText& text) {
-  text = StartPrintText();
+namespace {
+
+void AppendListing(PrintText& text, const CloneImage& image, const std::string& document_name,
+                   DtmfDisplay display, const RegionVariant& region) {
   AppendFormatted(text, "%s file: %s", kProgramTitle, document_name.c_str());
   AppendLine(text, "");
   AppendMemories(text, image, region);
@@ -167,6 +168,18 @@ bool BuildPrintText(const CloneImage& image, const std::string& document_name, D
   AppendLine(text, "");
   AppendAutodial(text, image, display);
   FinishPrintText(text);
+}
+
+}  // namespace
+
+bool BuildPrintText(const CloneImage& image, const std::string& document_name, DtmfDisplay display,
+                    const RegionVariant& region, PrintText& text) {
+  text = StartPrintText();
+  try {
+    AppendListing(text, image, document_name, display, region);
+  } catch (const std::bad_alloc&) {
+    Discard(text);
+  }
   if (text.discarded) {
     ShowFileError("Out of memory");
   }

@@ -16,8 +16,6 @@
 namespace qz7 {
 namespace {
 
-using Columns = std::array<std::string, kCsvColumnCount>;
-
 constexpr std::uint32_t kMegahertzIn10Hz = 100'000;
 constexpr std::uint32_t kUhfIn10Hz = 28'000'000;
 constexpr std::uint32_t kVhfOffsetIn10Hz = 60'000;
@@ -65,7 +63,7 @@ std::string_view TableName(const CloneImage& image, int n) {
   return FieldText(reinterpret_cast<const char*>(entry), kNameLength);
 }
 
-void AppendLine(std::string& csv, const Columns& columns) {
+void AppendLine(std::string& csv, const CsvFields& columns) {
   for (std::size_t c = 0; c < columns.size(); ++c) {
     csv += c == 0 ? "\"" : ",\"";
     csv += columns[c];
@@ -74,10 +72,12 @@ void AppendLine(std::string& csv, const Columns& columns) {
   csv += "\r\n";
 }
 
-Columns ChannelColumns(const CloneImage& image, int n) {
+}  // namespace
+
+CsvFields CsvFieldsOf(const CloneImage& image, int n) {
   const ChannelSummary channel = DecodeSummary(SummaryEntry(image, n));
   const std::string tone = ToneText(channel.tone);
-  Columns columns;
+  CsvFields columns;
   columns[kRxFrequency] = MegahertzText(channel.receive_10hz);
   columns[kTxFrequency] = MegahertzText(TransmitColumn(channel));
   columns[kOffsetColumn] = ShiftSign(channel.shift);
@@ -91,21 +91,19 @@ Columns ChannelColumns(const CloneImage& image, int n) {
   return columns;
 }
 
-Columns Titles() {
-  Columns titles;
+CsvFields CsvTitles() {
+  CsvFields titles;
   std::transform(kCsvColumns.begin(), kCsvColumns.end(), titles.begin(),
                  [](const CsvColumnName& column) { return column.title; });
   return titles;
 }
 
-}  // namespace
-
 std::string ExportCsv(const CloneImage& image) {
   std::string csv;
-  AppendLine(csv, Titles());
+  AppendLine(csv, CsvTitles());
   for (int n = 1; n <= std::min(GetChannelCount(image), kChannelCount); ++n) {
     if (IsProgrammed(image, n)) {
-      AppendLine(csv, ChannelColumns(image, n));
+      AppendLine(csv, CsvFieldsOf(image, n));
     }
   }
   return csv;

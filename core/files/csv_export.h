@@ -1,12 +1,20 @@
 #pragma once
 
+#include <array>
 #include <filesystem>
 #include <string>
 
+#include "core/files/csv_columns.h"
 #include "core/files/seams.h"
 #include "core/image/clone_image.h"
 
 namespace qz7 {
+
+// A line of the list, field by field: the titles, and programmed memory channel n as the derived
+// tables have it.
+using CsvFields = std::array<std::string, kCsvColumnCount>;
+CsvFields CsvTitles();
+CsvFields CsvFieldsOf(const CloneImage& image, int n);
 
 // The programmed memory channels as comma-separated text: a line of titles, then a line a channel,
 // every field in quotation marks, lines ended by CR LF. The fields are written as they are: a

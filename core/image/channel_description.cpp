@@ -81,6 +81,16 @@ std::vector<NamedValue> DescribeChannel(const CloneImage& image, int n,
   return values;
 }
 
+bool SlotHasField(int n, std::string_view field) {
+  constexpr std::array<std::string_view, 5> kMemoryFields = {"comment", "icon", "skip", "masked",
+                                                             "option"};
+  if (field == "name") {
+    return !IsVfoSlot(n);
+  }
+  return !IsSpecialSlot(n) ||
+         std::find(kMemoryFields.begin(), kMemoryFields.end(), field) == kMemoryFields.end();
+}
+
 std::string SlotTitle(const CloneImage& image, int n) {
   const std::string label = WithoutLeadingBlanks(ChannelLabel(image, n));
   if (!IsSpecialSlot(n)) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -19,6 +20,10 @@ using NamedValue = std::pair<std::string, std::string>;
 // fields at all for a number that names no channel.
 std::vector<NamedValue> DescribeChannel(const CloneImage& image, int n,
                                         const RegionVariant& region);
+
+// Whether channel n can have that field: VFO slots lack the name, and special slots what only memory
+// channels have.
+bool SlotHasField(int n, std::string_view field);
 
 // How the console program and the comparison name a slot: "channel 12", "channel L1",
 // "VFO A V Ham", "home 6m".

@@ -1,7 +1,9 @@
 #include "core/interchange/import.h"
 
 #include <algorithm>
+#include <memory>
 #include <numeric>
+#include <utility>
 
 #include "core/interchange/import_columns.h"
 #include "core/interchange/import_placement.h"
@@ -32,23 +34,44 @@ std::vector<int> AllRows(const ImportList& list) {
 
 }  // namespace
 
-std::optional<ImportResult> ImportIntoImage(CloneImage& image, ImportSession& session,
-                                            std::span<const std::uint8_t> bytes,
-                                            const ImportRequest& request) {
+std::optional<ImportOffer> OfferImport(const CloneImage& image, ImportSession& session,
+                                       std::span<const std::uint8_t> bytes,
+                                       const ImportRequest& request) {
   TakeImportOptions(session, request.options);
   ImportLines lines = LinesOf(bytes);
   session.line_count = CountLines(lines);
   ChooseColumns(session, lines, request.columns);
-  const std::optional<ImportList> list = OpenSelection(image, session, lines);
+  std::vector<ImportDoubt> doubts = FindDoubts(image, session, lines);
+  std::optional<ImportList> list = OpenSelection(image, session, lines);
   if (!list) {
     return std::nullopt;
   }
-  const std::vector<int> rows = request.rows.value_or(AllRows(*list));
-  const int start = request.start.value_or(DefaultStartChannel(image));
-  if (AcceptSelection(image, *list, rows, start, request.region) != ImportAnswer::kPlaced) {
+  return ImportOffer{.list = std::move(*list), .doubts = std::move(doubts)};
+}
+
+std::optional<ImportResult> ImportIntoImage(CloneImage& image, ImportSession& session,
+                                            std::span<const std::uint8_t> bytes,
+                                            const ImportRequest& request) {
+  std::optional<ImportOffer> offer = OfferImport(image, session, bytes, request);
+  if (!offer) {
     return std::nullopt;
   }
-  return ImportResult{.listed = list->listed, .placed = rows.size(), .start = start};
+  const std::vector<int> rows = request.rows.value_or(AllRows(offer->list));
+  const int start = request.start.value_or(DefaultStartChannel(image));
+  if (AcceptSelection(image, offer->list, rows, start, request.region) != ImportAnswer::kPlaced) {
+    return std::nullopt;
+  }
+  return ImportResult{.listed = offer->list.listed,
+                      .placed = rows.size(),
+                      .start = start,
+                      .doubts = std::move(offer->doubts)};
+}
+
+std::vector<NamedValue> DescribeRecord(const CloneImage& image, const ImportRecord& record,
+                                       const RegionVariant& region) {
+  const auto scratch = std::make_unique<CloneImage>(image);
+  PlaceImportRecord(*scratch, record, 1, region);
+  return DescribeChannel(*scratch, 1, region);
 }
 
 }  // namespace qz7

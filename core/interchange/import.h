@@ -5,8 +5,10 @@
 #include <span>
 #include <vector>
 
+#include "core/image/channel_description.h"
 #include "core/image/clone_image.h"
 #include "core/image/region_variant.h"
+#include "core/interchange/import_doubts.h"
 #include "core/interchange/import_lines.h"
 #include "core/interchange/import_selection.h"
 #include "core/interchange/import_session.h"
@@ -28,6 +30,7 @@ struct ImportResult {
   std::size_t listed = 0;
   std::size_t placed = 0;
   int start = 0;
+  std::vector<ImportDoubt> doubts;
 };
 
 // Imports the bytes of a file into the image, by the same steps as the dialogs. Nothing after
@@ -35,5 +38,17 @@ struct ImportResult {
 std::optional<ImportResult> ImportIntoImage(CloneImage& image, ImportSession& session,
                                             std::span<const std::uint8_t> bytes,
                                             const ImportRequest& request);
+
+// What that import would offer, and nothing is imported.
+struct ImportOffer {
+  ImportList list;
+  std::vector<ImportDoubt> doubts;
+};
+std::optional<ImportOffer> OfferImport(const CloneImage& image, ImportSession& session,
+                                       std::span<const std::uint8_t> bytes,
+                                       const ImportRequest& request);
+// The channel that a record would become, by the fields of core/image/channel_description.h.
+std::vector<NamedValue> DescribeRecord(const CloneImage& image, const ImportRecord& record,
+                                       const RegionVariant& region);
 
 }  // namespace qz7

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
 #include <limits>
 #include <vector>
 
@@ -26,11 +27,44 @@ void JoinLineEnds(std::string& text) {
   text.resize(to);
 }
 
+std::string NameOf(std::string_view character) {
+  std::uint32_t code = static_cast<unsigned char>(character.front());
+  code = character.size() == 4 ? code & 0x07 : character.size() == 3 ? code & 0x0F : code & 0x1F;
+  for (const char c : character.substr(1)) {
+    code = code << 6 | (static_cast<unsigned char>(c) & 0x3FU);
+  }
+  std::array<char, 16> name;
+  std::snprintf(name.data(), name.size(), "U+%04X", code);
+  return name.data();
+}
+
+bool IsUtf16(std::string_view text) {
+  return text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF");
+}
+
 }  // namespace
+
+std::vector<LostCharacter> LostCharactersOf(std::string_view text) {
+  std::vector<LostCharacter> lost;
+  for (int line = 1; !text.empty(); ++line) {
+    const std::size_t end = std::min(text.find('\n'), text.size() - 1);
+    const EncodedText encoded = FromUtf8(text.substr(0, end + 1));
+    if (!encoded.unknown.empty()) {
+      const bool is_text = encoded.unknown.size() > 1;
+      lost.push_back({line, is_text ? NameOf(encoded.unknown) : "a byte that is no UTF-8"});
+    }
+    text.remove_prefix(end + 1);
+  }
+  return lost;
+}
 
 ImportLines LinesOf(std::span<const std::uint8_t> bytes) {
   const std::string_view text(reinterpret_cast<const char*>(bytes.data()), bytes.size());
   ImportLines lines;
+  lines.is_utf_16 = IsUtf16(text);
+  if (text.starts_with(kByteOrderMark)) {
+    lines.lost = LostCharactersOf(text.substr(kByteOrderMark.size()));
+  }
   lines.text = text.starts_with(kByteOrderMark) ? FromUtf8Lossy(text.substr(kByteOrderMark.size()))
                                                 : std::string(text);
   JoinLineEnds(lines.text);

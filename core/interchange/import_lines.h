@@ -6,15 +6,27 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/interchange/import_session.h"
 
 namespace qz7 {
 
+// A character of a UTF-8 file that Windows-1252 has no byte for.
+struct LostCharacter {
+  int line = 0;
+  std::string name;  // "U+4E2D"
+};
+
+// The first such character of each line of a UTF-8 text, and the first byte that is no UTF-8.
+std::vector<LostCharacter> LostCharactersOf(std::string_view utf_8);
+
 // The lines of an import file, whose bytes are read whole.
 struct ImportLines {
   std::string text;  // lines ended by a line feed alone
   std::size_t at = 0;
+  bool is_utf_16 = false;           // by its byte order mark; nothing is converted
+  std::vector<LostCharacter> lost;  // the first one of each line
 };
 
 // A file that starts with a UTF-8 byte order mark is converted to Windows-1252, where what has no

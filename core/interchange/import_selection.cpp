@@ -14,17 +14,6 @@
 namespace qz7 {
 namespace {
 
-// A file with something in its fourth column brings its tone modes itself, it is supposed; the
-// check stays off for the rest of the run.
-constexpr std::uint32_t kFourthColumn = 4;
-
-void SwitchToneCheck(ImportSession& session) {
-  const auto& columns = session.columns;
-  if (std::find(columns.begin(), columns.end(), kFourthColumn) != columns.end()) {
-    session.check_tones = false;
-  }
-}
-
 bool DropHeader(const ImportSession& session, ImportLines& lines, ImportList& list) {
   if (!NextLine(lines)) {
     ShowMessage("Error reading file: " + session.options.title, "File error", Buttons::kOk,
@@ -54,6 +43,14 @@ void ListRecords(const CloneImage& image, ImportSession& session, ImportLines& l
 }
 
 }  // namespace
+
+void SwitchToneCheck(ImportSession& session) {
+  constexpr std::uint32_t kFourthColumn = 4;
+  const auto& columns = session.columns;
+  if (std::find(columns.begin(), columns.end(), kFourthColumn) != columns.end()) {
+    session.check_tones = false;
+  }
+}
 
 std::optional<ImportList> OpenSelection(const CloneImage& image, ImportSession& session,
                                         ImportLines& lines) {

@@ -26,6 +26,10 @@ struct ImportList {
   std::span<const ImportRecord> Rows() const { return {records.get(), listed}; }
 };
 
+// A file with something in its fourth column brings its tone modes itself, it is supposed: the
+// check of its tones is switched off for the rest of the run.
+void SwitchToneCheck(ImportSession& session);
+
 // Reads the rewound lines into the list: every record whose receive frequency the radio accepts.
 // Nothing after showing "Error reading file: %s", when the header line cannot be read: the dialog
 // ends at once. Without memory for the records "Out of Memory" is shown and the list is empty.

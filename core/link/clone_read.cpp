@@ -203,8 +203,21 @@ std::size_t BytesAwaited(const CloneRead& read) {
                                         : 1;
 }
 
+const char* AwaitedBy(const CloneRead& read) {
+  switch (read.phase) {
+    case CloneRead::kWaitHeader:
+      return "the radio to start sending";
+    case CloneRead::kReadBackAck:
+      return "the cable to give back what was sent";
+    case CloneRead::kWaitChecksum:
+      return "the radio's check byte";
+    default:
+      return "the radio to go on";
+  }
+}
+
 void NotifyCloneRead(CloneRead& read, SerialPort& port) {
-  while (IsRunning(read, port) && StepCloneRead(read, port)) {
+  while (HasTurn(read) && IsRunning(read, port) && StepCloneRead(read, port)) {
   }
 }
 

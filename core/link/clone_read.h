@@ -27,6 +27,9 @@ bool StepCloneRead(CloneRead& read, SerialPort& port);
 // How many bytes the next step can use: a driver that can wait for so many need not wake for each.
 std::size_t BytesAwaited(const CloneRead& read);
 
+// What it waits for at present, as the user knows it: "the radio to start sending".
+const char* AwaitedBy(const CloneRead& read);
+
 // A tick of the 10 ms timer: the time-out, then steps until one finds nothing to do.
 void TickCloneRead(CloneRead& read, SerialPort& port);
 // Bytes have come: steps until one finds nothing to do.

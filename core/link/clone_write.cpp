@@ -226,8 +226,19 @@ std::size_t BytesAwaited(const CloneWrite& write) {
   return echo_missing ? static_cast<std::size_t>(write.echo_expected - write.echo_received) : 1;
 }
 
+const char* AwaitedBy(const CloneWrite& write) {
+  switch (write.phase) {
+    case CloneWrite::kWaitEcho:
+      return "the cable to give back what was sent";
+    case CloneWrite::kBlockEchoed:
+      return "the radio's answer";
+    default:
+      return "";
+  }
+}
+
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port) {
-  while (IsRunning(write, port) && write.phase != CloneWrite::kFinished &&
+  while (HasTurn(write) && IsRunning(write, port) && write.phase != CloneWrite::kFinished &&
          StepCloneWrite(write, port)) {
   }
 }

@@ -54,6 +54,9 @@ bool StepCloneWrite(CloneWrite& write, SerialPort& port);
 // How many bytes the next step can use: a driver that can wait for so many need not wake for each.
 std::size_t BytesAwaited(const CloneWrite& write);
 
+// What it waits for at present, as the user knows it: "the radio's answer"; empty for nothing.
+const char* AwaitedBy(const CloneWrite& write);
+
 // A tick of the 10 ms timer, and bytes that have come: steps until one finds nothing to do. The
 // step that finishes is left to a later tick, when the checksum byte has left the machine.
 void TickCloneWrite(CloneWrite& write, SerialPort& port);

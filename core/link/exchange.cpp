@@ -25,6 +25,15 @@ bool IsRunning(const Exchange& exchange, const SerialPort& port) {
   return exchange.polling && !exchange.question && !exchange.ended && !port.IsLost();
 }
 
+void BeginTurn(Exchange& exchange) {
+  constexpr std::chrono::milliseconds kTurn(20);
+  exchange.turn_end = std::chrono::steady_clock::now() + kTurn;
+}
+
+bool HasTurn(const Exchange& exchange) {
+  return std::chrono::steady_clock::now() < exchange.turn_end;
+}
+
 void RestartExchange(Exchange& exchange, SerialPort& port) {
   port.RestartEvents();
   port.Purge(Queues::kBoth);
@@ -40,6 +49,7 @@ std::size_t ReadArrived(Exchange& exchange, SerialPort& port, std::span<std::uin
   } else if (!count) {
     exchange.question = {LinkError::kFailedRead, "ERROR", "Read Error", Buttons::kOk};
   }
+  exchange.heard += count.value_or(0);
   return count.value_or(0);
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -46,7 +47,9 @@ struct Exchange {
   std::span<std::uint8_t> block;  // the radio block, whole
   bool polling = false;           // the 10 ms timer is wanted
   ProgressMeter meter;
+  std::size_t heard = 0;     // bytes that have come, echoes included
   bool read_failed = false;  // the last read did
+  std::chrono::steady_clock::time_point turn_end = std::chrono::steady_clock::time_point::max();
   std::optional<LinkQuestion> question;
   std::optional<int> ended;
 };
@@ -59,6 +62,11 @@ std::uint8_t CloneChecksum(std::span<const std::uint8_t> block);
 
 // Whether ticks and notifications do anything now.
 bool IsRunning(const Exchange& exchange, const SerialPort& port);
+
+// A program gives an exchange turns of 20 ms, and hears its user between them: over a driver that
+// is as slow as the line there is always a next byte. What a turn leaves is found by the next.
+void BeginTurn(Exchange& exchange);
+bool HasTurn(const Exchange& exchange);
 
 // Empties both queues, starts the timer, sets the meter to 0: at the start and after each Retry.
 void RestartExchange(Exchange& exchange, SerialPort& port);

@@ -1,6 +1,9 @@
 #include "core/link/port_list_posix.h"
 
+#include <unistd.h>
+
 #include <algorithm>
+#include <cerrno>
 #include <filesystem>
 #include <fstream>
 #include <system_error>
@@ -43,6 +46,39 @@ std::string Describe(const fs::path& entry) {
   return driver.empty() || driver == "port" ? "serial port" : driver;
 }
 
+// A lock file names the process that has the port, by its number.
+bool HasLiveLock(const std::string& terminal) {
+  std::error_code error;
+  const std::string owner = FirstLine("/var/lock/LCK.." + terminal);
+  const std::size_t digits = owner.find_first_of("0123456789");
+  return digits != std::string::npos && fs::exists("/proc/" + owner.substr(digits), error);
+}
+
+// Whether a process that this user may look into has the device open.
+bool IsOpenSomewhere(const fs::path& device) {
+  std::error_code error;
+  const fs::path target = fs::canonical(device, error);
+  for (const fs::directory_entry& process : fs::directory_iterator("/proc", error)) {
+    std::error_code closed;
+    for (const fs::directory_entry& handle :
+         fs::directory_iterator(process.path() / "fd", closed)) {
+      std::error_code gone;
+      if (fs::read_symlink(handle.path(), gone) == target) {
+        return true;
+      }
+    }
+  }
+  return false;
+}
+
+PortStatus StatusWithoutOpening(const fs::path& device) {
+  if (access(device.c_str(), R_OK | W_OK) != 0) {
+    return errno == ENOENT ? PortStatus::kAbsent : PortStatus::kDenied;
+  }
+  const bool busy = HasLiveLock(device.filename().string()) || IsOpenSomewhere(device);
+  return busy ? PortStatus::kBusy : PortStatus::kOpen;
+}
+
 }  // namespace
 
 std::vector<PortInfo> ListSerialPortsUnder(const std::string& class_folder,
@@ -54,7 +90,7 @@ std::vector<PortInfo> ListSerialPortsUnder(const std::string& class_folder,
       continue;
     }
     const std::string name = (fs::path(device_folder) / entry.path().filename()).string();
-    ports.push_back({name, Describe(entry.path()), MakeSerialPort()->Open(name).status});
+    ports.push_back({name, Describe(entry.path()), StatusWithoutOpening(name)});
   }
   std::sort(ports.begin(), ports.end(),
             [](const PortInfo& a, const PortInfo& b) { return a.name < b.name; });

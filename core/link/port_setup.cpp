@@ -1,10 +1,22 @@
 #include "core/link/port_setup.h"
 
+#include <algorithm>
+
 #include "core/files/seams.h"
 
 namespace qz7 {
 
 std::string PortName(int index) { return "COM" + std::to_string(index); }
+
+std::string PortNote(int index, const std::vector<PortInfo>& ports) {
+  if (index == 0) {
+    return "";
+  }
+  const std::string name = PortName(index);
+  const auto port = std::find_if(ports.begin(), ports.end(),
+                                 [&](const PortInfo& info) { return info.name == name; });
+  return port == ports.end() ? "There is no " + name + " at present." : port->description;
+}
 
 bool OpenChosenPort(SerialPort& port, int index) {
   port.Close();

@@ -23,6 +23,14 @@ bool OpenPort(SerialPort& port, const std::string& device) {
   return result.status == PortStatus::kOpen;
 }
 
+void ProbePorts(std::vector<PortInfo>& ports) {
+  for (PortInfo& port : ports) {
+    if (port.status == PortStatus::kOpen) {
+      port.status = MakeSerialPort()->Open(port.name).status;
+    }
+  }
+}
+
 std::size_t WriteBytesOneByOne(SerialPort& port, std::span<const std::uint8_t> bytes) {
   std::size_t written = 0;
   while (written < bytes.size() && port.Write(bytes.subspan(written, 1)) == 1) {

@@ -26,8 +26,10 @@ enum class Queues { kTransmit, kReceive, kBoth };
 // and RTS are on while it is open. One program has it at a time.
 //
 // What the words mean for every implementation:
-//  - Nothing waits, WaitForInput apart. Read returns what has already arrived, 0 for nothing.
+//  - Nothing waits, Close and WaitForInput apart. Read returns what has already arrived, 0 for
+//  nothing.
 //  - A short read is the normal case; a short write means that the rest was not taken and is lost.
+//    What was taken goes out from a buffer of the port's own.
 //  - A failed read says so in its result, a failed write by what it took. A closed port fails both.
 //  - There is no time-out in here: an exchange counts its own ticks.
 class SerialPort {
@@ -39,7 +41,8 @@ class SerialPort {
 
   // `device` is "COM3" on Windows and a path on Linux. An open port is closed first.
   virtual PortResult Open(const std::string& device) = 0;
-  // Drops DTR and RTS, restores what the device was set to. Closing a closed port does nothing.
+  // Waits until the last byte has left the wire, a second at most; then drops DTR and RTS and
+  // restores what the device was set to. Closing a closed port does nothing.
   virtual void Close() = 0;
   virtual bool IsOpen() const = 0;
 
@@ -56,13 +59,12 @@ class SerialPort {
   // Makes the port's event state fresh at the start of an exchange; nothing where there is none.
   virtual void RestartEvents() = 0;
 
-  // The bytes that were written and have not left the machine yet.
-  virtual std::size_t UnsentBytes() = 0;
   // A window's way of waiting: a system object (an event of Win32) that is signalled when bytes
   // have come, armed by the call; null where there is none. A port that has refused once is not
   // asked again until it is opened again.
   virtual void* ArmReceiveEvent() { return nullptr; }
-  // Waits until `bytes` bytes can be read, or for `milliseconds`; true when at least one can. The
+  // Waits until `bytes` bytes can be read, or for `milliseconds`; true when at least one can, or
+  // when the device has gone away, which a read will tell. The
   // console program's way of waiting; the desktop program has its message loop.
   virtual bool WaitForInput(std::size_t bytes, int milliseconds) = 0;
 
@@ -91,11 +93,14 @@ std::size_t WriteBytesOneByOne(SerialPort& port, std::span<const std::uint8_t> b
 
 struct PortInfo {
   std::string name;
-  std::string description;
-  PortStatus status;  // kOpen: free
+  std::string description;  // the system's, in UTF-8
+  PortStatus status;        // kOpen: free
 };
 
-// The serial ports of this machine, by name.
+// The serial ports of this machine, by name, as the system tells of them. No port is opened, which
+// would move its lines, so that a port may be busy without being known for it.
 std::vector<PortInfo> ListSerialPorts();
+// Opens each port that seems free, and closes it again.
+void ProbePorts(std::vector<PortInfo>& ports);
 
 }  // namespace qz7

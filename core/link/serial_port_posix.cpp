@@ -11,7 +11,7 @@
 #include <chrono>
 #include <thread>
 
-#include "core/files/seams.h"
+#include "core/link/line_clock.h"
 #include "core/link/line_error_count.h"
 #include "core/link/serial_port.h"
 
@@ -37,10 +37,7 @@ PortStatus StatusOf(int code) {
   }
 }
 
-using Clock = std::chrono::steady_clock;
-
-// What a byte takes on the wire: 11 bits at 9600 baud.
-constexpr std::chrono::nanoseconds kByteTime(1'145'833);
+using Clock = LineClock::Clock;
 
 // 9600 baud, 8 data bits, no parity, 2 stop bits, raw.
 termios LineSettings(const termios& current) {
@@ -84,12 +81,14 @@ class PosixSerialPort final : public SerialPort {
   std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
     const ssize_t count = read(handle_, buffer.data(), buffer.size());
     if (count > 0) {
+      line_.CameBack(static_cast<std::size_t>(count));
       return static_cast<std::size_t>(count);
     }
     // Nothing there yet is EAGAIN; an end of file is a terminal that has gone away.
     if (count < 0 && (errno == EAGAIN || errno == EINTR)) {
       return 0;
     }
+    line_ = {};
     return std::nullopt;
   }
 
@@ -105,6 +104,7 @@ class PosixSerialPort final : public SerialPort {
       }
       taken += static_cast<std::size_t>(count);
     }
+    line_.Sent(taken);
     return taken;
   }
 
@@ -129,11 +129,6 @@ class PosixSerialPort final : public SerialPort {
 
   void RestartEvents() override {}
 
-  std::size_t UnsentBytes() override {
-    int unsent = 0;
-    return ioctl(handle_, TIOCOUTQ, &unsent) == 0 ? static_cast<std::size_t>(unsent) : 0;
-  }
-
   // Sleeps for what the missing bytes need on the wire at least: waking for each of them would cost
   // more processor time than the whole rest of an exchange.
   bool WaitForInput(std::size_t bytes, int milliseconds) override {
@@ -144,7 +139,7 @@ class PosixSerialPort final : public SerialPort {
         return true;
       }
       std::this_thread::sleep_until(
-          std::min(limit, Clock::now() + static_cast<int>(bytes - waiting) * kByteTime));
+          std::min(limit, Clock::now() + LineClock::TimeOf(bytes - waiting)));
     }
     return false;
   }
@@ -192,14 +187,36 @@ class PosixSerialPort final : public SerialPort {
                                  counts.buf_overrun);
   }
 
+  std::size_t QueuedBytes() const {
+    int queued = 0;
+    return ioctl(handle_, TIOCOUTQ, &queued) == 0 ? static_cast<std::size_t>(queued) : 0;
+  }
+
+  // Not every driver tells whether its transmitter is empty.
+  bool IsLineIdle() {
+    line_.Queued(QueuedBytes());
+    unsigned state = TIOCSER_TEMT;
+    ioctl(handle_, TIOCSERGETLSR, &state);
+    return (state & TIOCSER_TEMT) != 0 && line_.IsIdle();
+  }
+
+  // Some cables live on the lines that are dropped next.
+  void WaitUntilSent() {
+    const Clock::time_point limit = Clock::now() + kLongestDrain;
+    while (!IsLineIdle() && Clock::now() < limit) {
+      std::this_thread::sleep_for(kByteTime);
+    }
+  }
+
   void CloseHandle() {
     if (handle_ < 0) {
       return;
     }
+    WaitUntilSent();
     SetModemLines(TIOCMBIC);
     // What has not left by now never will, and the system would wait for it. A queue that says it
     // is empty is left alone: a pseudo-terminal says so of bytes that are still on their way.
-    if (UnsentBytes() > 0) {
+    if (QueuedBytes() > 0) {
       tcflush(handle_, TCOFLUSH);
     }
     if (has_saved_) {
@@ -208,11 +225,13 @@ class PosixSerialPort final : public SerialPort {
     ioctl(handle_, TIOCNXCL);
     close(handle_);
     handle_ = -1;
+    line_ = {};
   }
 
   int handle_ = -1;
   termios saved_{};
   bool has_saved_ = false;
+  LineClock line_;
   LineErrorCount line_errors_;
 };
 

@@ -1,16 +1,21 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <chrono>
 #include <string>
 
 #include "core/files/seams.h"
+#include "core/link/line_clock.h"
+#include "core/link/pending_write_win32.h"
+#include "core/link/receive_wait_win32.h"
 #include "core/link/serial_port.h"
 
 namespace qz7 {
 namespace {
 
 constexpr DWORD kQueueSize = 2048;
-constexpr DWORD kLongestWriteMilliseconds = 1000;
+// What a call that was to be done at once gets, in milliseconds; then it is taken back.
+constexpr DWORD kPatience = 50;
 
 PortStatus StatusOf(DWORD code) {
   switch (code) {
@@ -52,61 +57,12 @@ COMMTIMEOUTS NonWaitingReads() {
   return timeouts;
 }
 
-// Waits for received bytes without a thread: the event is signalled when some have come.
-class ReceiveWait {
- public:
-  ReceiveWait() { operation_.hEvent = CreateEventA(nullptr, TRUE, FALSE, nullptr); }
-  ReceiveWait(const ReceiveWait&) = delete;
-  ReceiveWait& operator=(const ReceiveWait&) = delete;
-  ~ReceiveWait() { CloseHandle(operation_.hEvent); }
-
-  // Null once the port has refused. A pseudo-terminal under Wine ends the wait at once with an
-  // error.
-  HANDLE Arm(HANDLE port) {
-    if (waiting_ && !IsDone(port)) {
-      return operation_.hEvent;
-    }
-    if (refused_) {
-      return nullptr;
-    }
-    ResetEvent(operation_.hEvent);
-    // The start of an exchange takes received bytes out of the events. A mask that is right is left
-    // alone: setting it forgets what has come since.
-    DWORD mask = 0;
-    waiting_ = GetCommMask(port, &mask) && (mask == EV_RXCHAR || SetCommMask(port, EV_RXCHAR)) &&
-               (WaitCommEvent(port, &events_, &operation_) || GetLastError() == ERROR_IO_PENDING);
-    refused_ = !waiting_;
-    return waiting_ ? operation_.hEvent : nullptr;
-  }
-
-  // The system writes into this object until the wait is over.
-  void End(HANDLE port) {
-    DWORD ignored = 0;
-    if (waiting_) {
-      SetCommMask(port, 0);
-      CancelIo(port);
-      GetOverlappedResult(port, &operation_, &ignored, TRUE);
-    }
-    waiting_ = false;
-    refused_ = false;
-  }
-
- private:
-  bool IsDone(HANDLE port) {
-    DWORD ignored = 0;
-    if (WaitForSingleObject(operation_.hEvent, 0) != WAIT_OBJECT_0) {
-      return false;
-    }
-    waiting_ = false;
-    refused_ = !GetOverlappedResult(port, &operation_, &ignored, FALSE);
-    return true;
-  }
-
-  OVERLAPPED operation_{};
-  DWORD events_ = 0;
-  bool waiting_ = false;
-  bool refused_ = false;
-};
+// From 10 on a port has no name among the files.
+std::string DevicePath(const std::string& device) {
+  constexpr std::size_t kShortName = sizeof "COM9" - 1;
+  const bool is_port = device.starts_with("COM") && device.size() > kShortName;
+  return is_port ? R"(\\.\)" + device : device;
+}
 
 class Win32SerialPort final : public SerialPort {
  public:
@@ -118,8 +74,8 @@ class Win32SerialPort final : public SerialPort {
 
   PortResult Open(const std::string& device) override {
     ClosePort();
-    handle_ = CreateFileA(device.c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr, OPEN_EXISTING,
-                          FILE_FLAG_OVERLAPPED, nullptr);
+    handle_ = CreateFileA(DevicePath(device).c_str(), GENERIC_READ | GENERIC_WRITE, 0, nullptr,
+                          OPEN_EXISTING, FILE_FLAG_OVERLAPPED, nullptr);
     if (handle_ == INVALID_HANDLE_VALUE) {
       return Failure(GetLastError());
     }
@@ -143,10 +99,11 @@ class Win32SerialPort final : public SerialPort {
   bool IsOpen() const override { return handle_ != INVALID_HANDLE_VALUE; }
 
   // Asks for what is there and no more: beside a wait for events, Wine keeps a read of an empty
-  // queue waiting.
+  // queue waiting. Until the read is over the driver writes into the caller's buffer.
   std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
     COMSTAT status{};
     if (!AskStatus(status)) {
+      line_ = {};
       return std::nullopt;
     }
     const auto size = static_cast<DWORD>(std::min<std::size_t>(buffer.size(), status.cbInQue));
@@ -154,32 +111,40 @@ class Win32SerialPort final : public SerialPort {
       return 0;
     }
     OVERLAPPED operation = NewOperation();
-    DWORD count = 0;
     if (!ReadFile(handle_, buffer.data(), size, nullptr, &operation) &&
         GetLastError() != ERROR_IO_PENDING) {
       return std::nullopt;
     }
-    if (!GetOverlappedResult(handle_, &operation, &count, TRUE)) {
+    if (WaitForSingleObject(done_, kPatience) != WAIT_OBJECT_0) {
+      CancelIoEx(handle_, &operation);
+    }
+    DWORD count = 0;
+    if (!GetOverlappedResult(handle_, &operation, &count, TRUE) &&
+        GetLastError() != ERROR_OPERATION_ABORTED) {
       return std::nullopt;
     }
+    line_.CameBack(count);
     return count;
   }
 
   std::size_t Write(std::span<const std::uint8_t> bytes) override {
-    OVERLAPPED operation = NewOperation();
-    DWORD count = 0;
-    if (!WriteFile(handle_, bytes.data(), static_cast<DWORD>(bytes.size()), nullptr, &operation) &&
-        GetLastError() != ERROR_IO_PENDING) {
+    if (!IsOpen() || !write_.IsOver(handle_, kPatience)) {
       return 0;
     }
-    if (WaitForSingleObject(done_, kLongestWriteMilliseconds) != WAIT_OBJECT_0) {
-      CancelIo(handle_);
-    }
-    GetOverlappedResult(handle_, &operation, &count, TRUE);
-    return count;
+    const std::size_t taken = write_.Start(handle_, bytes);
+    line_.Sent(taken);
+    return taken;
   }
 
-  void SendByte(std::uint8_t byte) override { TransmitCommChar(handle_, static_cast<char>(byte)); }
+  // A driver that knows no byte ahead of its queue gets it through the queue, which is empty when
+  // an exchange sends one.
+  void SendByte(std::uint8_t byte) override {
+    if (TransmitCommChar(handle_, static_cast<char>(byte))) {
+      line_.Sent(1);
+    } else {
+      Write(std::span(&byte, 1));
+    }
+  }
 
   unsigned LineErrors() override {
     Status();
@@ -196,6 +161,7 @@ class Win32SerialPort final : public SerialPort {
     if (queues != Queues::kTransmit) {
       what |= PURGE_RXABORT | PURGE_RXCLEAR;
     }
+    receive_wait_.NotePurge();
     PurgeComm(handle_, what);
   }
 
@@ -206,19 +172,46 @@ class Win32SerialPort final : public SerialPort {
                 EV_BREAK | EV_CTS | EV_DSR | EV_ERR | EV_RING | EV_RLSD | EV_RXFLAG | EV_TXEMPTY);
   }
 
-  std::size_t UnsentBytes() override { return Status().cbOutQue; }
-
   void* ArmReceiveEvent() override { return IsOpen() ? receive_wait_.Arm(handle_) : nullptr; }
 
-  // The console program has nothing else to wait for: it looks again each millisecond.
+  // A port that does not answer is no reason to wait: a read will say so.
   bool WaitForInput(std::size_t bytes, int milliseconds) override {
-    for (int waited = 0; waited < milliseconds && Status().cbInQue < bytes; ++waited) {
-      Sleep(1);
+    const Clock::time_point limit = Clock::now() + std::chrono::milliseconds(milliseconds);
+    for (;;) {
+      const HANDLE event = receive_wait_.Arm(handle_);
+      COMSTAT status{};
+      if (!AskStatus(status) || status.cbInQue >= bytes) {
+        return true;
+      }
+      if (Clock::now() >= limit) {
+        return status.cbInQue > 0;
+      }
+      if (event != nullptr) {
+        WaitForSingleObject(event, MillisecondsUntil(limit));
+      } else {
+        LookAgainLater();
+      }
     }
-    return Status().cbInQue > 0;
   }
 
  private:
+  using Clock = LineClock::Clock;
+
+  static DWORD MillisecondsUntil(Clock::time_point moment) {
+    const auto left = std::chrono::ceil<std::chrono::milliseconds>(moment - Clock::now()).count();
+    return static_cast<DWORD>(std::max<std::int64_t>(left, 0));
+  }
+
+  // Without an event: the system's timer is too coarse for the moment at which the last byte that
+  // was sent comes back, so that around this moment nobody sleeps.
+  void LookAgainLater() const {
+    constexpr std::chrono::milliseconds kBefore(4);
+    constexpr std::chrono::milliseconds kAfter(2);
+    const Clock::time_point now = Clock::now();
+    const bool due = now + kBefore >= line_.IdleAt() && now < line_.IdleAt() + kAfter;
+    Sleep(due ? 0 : 1);
+  }
+
   OVERLAPPED NewOperation() {
     ResetEvent(done_);
     OVERLAPPED operation{};
@@ -240,11 +233,50 @@ class Win32SerialPort final : public SerialPort {
     return status;
   }
 
+  std::size_t QueuedBytes() {
+    const COMSTAT status = Status();
+    return status.cbOutQue + status.fTxim;
+  }
+
+  // The driver tells when its transmitter has become empty, unless it was so before it was asked.
+  void WaitForEmptyTransmitter() {
+    constexpr std::chrono::milliseconds kGrace(50);
+    OVERLAPPED operation = NewOperation();
+    DWORD events = 0;
+    if (!SetCommMask(handle_, EV_TXEMPTY) ||
+        (!WaitCommEvent(handle_, &events, &operation) && GetLastError() != ERROR_IO_PENDING)) {
+      return;
+    }
+    WaitForSingleObject(done_, MillisecondsUntil(line_.IdleAt() + kGrace));
+    SetCommMask(handle_, 0);
+    CancelIoEx(handle_, &operation);
+    DWORD ignored = 0;
+    GetOverlappedResult(handle_, &operation, &ignored, TRUE);
+  }
+
+  bool IsLineIdle() {
+    line_.Queued(QueuedBytes());
+    return line_.IsIdle();
+  }
+
+  // Some cables live on the lines that are dropped next.
+  void WaitUntilSent() {
+    const Clock::time_point limit = Clock::now() + kLongestDrain;
+    if (!IsLineIdle()) {
+      WaitForEmptyTransmitter();
+    }
+    while (!IsLineIdle() && Clock::now() < limit) {
+      Sleep(1);
+    }
+  }
+
   void ClosePort() {
     if (handle_ == INVALID_HANDLE_VALUE) {
       return;
     }
     receive_wait_.End(handle_);
+    WaitUntilSent();
+    write_.Abandon(handle_);
     DCB line{};
     line.DCBlength = sizeof line;
     GetCommState(handle_, &line);
@@ -253,30 +285,19 @@ class Win32SerialPort final : public SerialPort {
     SetCommState(handle_, &line);
     CloseHandle(handle_);
     handle_ = INVALID_HANDLE_VALUE;
+    line_ = {};
   }
 
   HANDLE handle_ = INVALID_HANDLE_VALUE;
   HANDLE done_;
   ReceiveWait receive_wait_;
+  PendingWrite write_;
+  LineClock line_;
   DWORD kept_errors_ = 0;
 };
 
 }  // namespace
 
 std::unique_ptr<SerialPort> MakeSerialPort() { return std::make_unique<Win32SerialPort>(); }
-
-std::vector<PortInfo> ListSerialPorts() {
-  constexpr int kHighestPort = 9;
-  std::vector<PortInfo> ports;
-  for (int n = 1; n <= kHighestPort; ++n) {
-    const std::string name = "COM" + std::to_string(n);
-    char target[MAX_PATH] = "";
-    if (QueryDosDeviceA(name.c_str(), target, MAX_PATH) == 0) {
-      continue;
-    }
-    ports.push_back({name, target, MakeSerialPort()->Open(name).status});
-  }
-  return ports;
-}
 
 }  // namespace qz7

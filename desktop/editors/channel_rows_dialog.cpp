@@ -33,14 +33,20 @@ void ShowRow(HWND list, int row) {
   }
 }
 
-void SelectRow(HWND list, int row) {
+void SelectRows(HWND list, std::span<const int> rows) {
   const int top = static_cast<int>(Ask(list, LB_GETTOPINDEX));
   Ask(list, LB_SETSEL, FALSE, -1);
-  Ask(list, LB_SETSEL, TRUE, row);
-  Ask(list, LB_SETANCHORINDEX, static_cast<WPARAM>(row));
-  Ask(list, LB_SETCARETINDEX, static_cast<WPARAM>(row));
+  for (const int row : rows) {
+    Ask(list, LB_SETSEL, TRUE, row);
+  }
+  if (!rows.empty()) {
+    Ask(list, LB_SETANCHORINDEX, static_cast<WPARAM>(rows.front()));
+    Ask(list, LB_SETCARETINDEX, static_cast<WPARAM>(rows.back()));
+  }
   Ask(list, LB_SETTOPINDEX, static_cast<WPARAM>(top));
 }
+
+void SelectRow(HWND list, int row) { SelectRows(list, {&row, 1}); }
 
 void FillRows(HWND list, const CloneImage& image, const RegionVariant& region) {
   const int count = GetChannelCount(image);

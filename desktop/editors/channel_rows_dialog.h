@@ -2,6 +2,7 @@
 
 #include <windows.h>
 
+#include <span>
 #include <utility>
 #include <vector>
 
@@ -18,7 +19,8 @@ void RedrawRowsFrom(HWND list, const CloneImage& image, const RegionVariant& reg
                     int rows);
 
 std::vector<int> SelectedRows(HWND list);
-// Selects one row alone, without scrolling.
+// Selects these rows alone, in ascending order, or one; without scrolling.
+void SelectRows(HWND list, std::span<const int> rows);
 void SelectRow(HWND list, int row);
 // Scrolls no further than needed to show the row.
 void ShowRow(HWND list, int row);

@@ -68,6 +68,10 @@ void OnCommand(HWND dialog, int control, int /*notification*/) {
     case ID_BROWSE_IMPORT:
       OnBrowse(dialog);
       break;
+    case ID_TAB_SEPARATOR:
+      // The Tab key leaves the field instead of typing one.
+      ShowSeparator(dialog, ID_FIELD_SEPARATOR, '\t');
+      break;
     case IDOK:
       OnOk(dialog);
       break;

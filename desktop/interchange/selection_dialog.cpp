@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/image/decimal.h"
+#include "core/interchange/import_doubts.h"
 #include "core/interchange/import_placement.h"
 #include "core/interchange/import_selection.h"
 #include "desktop/toolkit/dialog_support.h"
@@ -97,6 +98,8 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   SetUpDialog(dialog, state);
   auto& window = StateOf<SelectionWindow>(dialog);
   HideGroupChoice(dialog);
+  // Before the lines are listed: that changes what the session keeps.
+  const std::string doubts = DoubtsSummary(FindDoubts(window.image, window.session, window.lines));
   auto list = OpenSelection(window.image, window.session, window.lines);
   if (!list) {
     EndDialog(dialog, kUnreadable);
@@ -109,6 +112,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   ShowRows(dialog, window);
   ShowNumber(dialog, ID_IN_LIST, window.list.record_count);
   ShowNumber(dialog, ID_SELECTED, 0);
+  SetDlgItemTextA(dialog, ID_IMPORT_DOUBTS, doubts.c_str());
   return TRUE;
 }
 

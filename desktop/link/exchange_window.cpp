@@ -9,20 +9,21 @@ namespace qz7 {
 namespace {
 
 constexpr UINT_PTR kTimer = 1;
+// How often a port is looked at that does not tell when bytes have come: a byte's time.
+constexpr DWORD kLookMilliseconds = 1;
 
 // The timer runs while the exchange does. A port that has gone away is not asked again: the dialog
-// waits for Cancel. After progress the ticks are counted from here, so that the echo of a block
-// that has just been written is there at the second tick and not just missed by it.
+// waits for Cancel.
 void FollowTimer(ExchangeWindow& window) {
-  const int count = window.exchange.meter.count;
   const bool wanted = IsRunning(window.exchange, window.port);
-  if (wanted && (!window.timer_runs || count != window.timed_count)) {
+  if (wanted && !window.timer_runs) {
+    window.clock.Restart();
     SetTimer(window.dialog, kTimer, kTickMilliseconds, nullptr);
   } else if (!wanted) {
     KillTimer(window.dialog, kTimer);
   }
   window.timer_runs = wanted;
-  window.timed_count = count;
+  window.clock.Follow(window.exchange);
 }
 
 void FollowMeter(ExchangeWindow& window) {
@@ -37,8 +38,19 @@ void FollowMeter(ExchangeWindow& window) {
   }
 }
 
+// What has been waited for too long stands below the meter until it comes.
+void FollowSilence(ExchangeWindow& window) {
+  const bool runs = IsRunning(window.exchange, window.port);
+  const std::string note = window.silence.Note(window.exchange, runs ? window.awaited() : "");
+  if (note != window.shown_note) {
+    window.shown_note = note;
+    SetDlgItemTextA(window.dialog, ID_AWAITED, note.c_str());
+  }
+}
+
 void FollowExchange(ExchangeWindow& window) {
   FollowTimer(window);
+  FollowSilence(window);
   FollowMeter(window);
   if (window.show) {
     window.show(window.dialog);
@@ -60,10 +72,22 @@ void RunStep(ExchangeWindow& window, const std::function<void()>& step) {
   if (!IsRunning(window.exchange, window.port)) {
     return;
   }
+  BeginTurn(window.exchange);
   ChangeExchange(window, step);
   while (window.exchange.question) {
     const Answer answer = Ask(*window.exchange.question);
+    window.clock.Restart();
+    BeginTurn(window.exchange);
     ChangeExchange(window, [&] { window.answer(answer); });
+  }
+}
+
+// What has come is read before the time that has passed is counted: the system's timer may be
+// coarser than a tick, and a busy machine later still.
+void OnTimer(ExchangeWindow& window) {
+  RunStep(window, window.notify);
+  for (int due = window.clock.Due(); due > 0; --due) {
+    RunStep(window, window.tick);
   }
 }
 
@@ -87,8 +111,10 @@ void RunLoop(ExchangeWindow& window) {
   while (!window.exchange.ended) {
     HANDLE event = window.port.ArmReceiveEvent();
     const DWORD events = event != nullptr ? 1 : 0;
-    const DWORD woken = MsgWaitForMultipleObjects(events, &event, FALSE, INFINITE, QS_ALLINPUT);
-    if (events == 1 && woken == WAIT_OBJECT_0) {
+    const bool looks = events == 0 && IsRunning(window.exchange, window.port);
+    const DWORD woken = MsgWaitForMultipleObjects(
+        events, &event, FALSE, looks ? kLookMilliseconds : INFINITE, QS_ALLINPUT);
+    if (woken == WAIT_TIMEOUT || (events == 1 && woken == WAIT_OBJECT_0)) {
       RunStep(window, window.notify);
     }
     if (!PumpMessages(window.dialog)) {
@@ -105,13 +131,14 @@ int RunExchangeDialog(const char* template_name, DLGPROC procedure, ExchangeWind
   if (dialog == nullptr) {
     return -1;
   }
-  EnableWindow(owner, FALSE);
+  DisabledOwner modal(owner);
+  modal.dialog = dialog;
   ShowWindow(dialog, SW_SHOW);
   RunLoop(window);
   KillTimer(dialog, kTimer);
-  // In this order, so that the owner and no other program's window becomes active.
-  EnableWindow(owner, TRUE);
-  DestroyWindow(dialog);
+  if (window.failure) {
+    std::rethrow_exception(window.failure);
+  }
   return window.exchange.ended.value_or(-1);
 }
 
@@ -125,7 +152,7 @@ void BeginExchangeDialog(HWND dialog, LPARAM state) {
 bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   if (message == WM_TIMER && w == kTimer) {
     auto& window = StateOf<ExchangeWindow>(dialog);
-    RunStep(window, window.tick);
+    OnTimer(window);
     return true;
   }
   if (message == WM_DRAWITEM && w == ID_METER) {
@@ -138,7 +165,13 @@ bool HandleExchangeMessage(HWND dialog, UINT message, WPARAM w, LPARAM l) {
 }
 
 void ChangeExchange(ExchangeWindow& window, const std::function<void()>& change) {
-  change();
+  try {
+    change();
+  } catch (...) {
+    // A step that was left half-way cannot be gone on with.
+    EndExchange(window.exchange, -1);
+    window.failure = std::current_exception();
+  }
   FollowExchange(window);
 }
 

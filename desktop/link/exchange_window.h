@@ -2,11 +2,14 @@
 
 #include <windows.h>
 
+#include <exception>
 #include <functional>
 #include <string>
 
 #include "core/link/exchange.h"
 #include "core/link/serial_port.h"
+#include "core/link/silence.h"
+#include "core/link/tick_clock.h"
 #include "desktop/link/meter_bar.h"
 
 namespace qz7 {
@@ -16,21 +19,25 @@ namespace qz7 {
 struct ExchangeWindow {
   SerialPort& port;
   Exchange& exchange;
-  std::function<void()> tick;           // one tick of the timer
-  std::function<void()> notify;         // bytes have come
-  std::function<void(Answer)> answer;   // of the question that a step has left
-  std::function<void(HWND)> show = {};  // shows what the exchange allows now
+  std::function<void()> tick;            // one tick of the timer
+  std::function<void()> notify;          // bytes have come
+  std::function<void(Answer)> answer;    // of the question that a step has left
+  std::function<std::string()> awaited;  // what the exchange waits for at present
+  std::function<void(HWND)> show = {};   // shows what the exchange allows now
   HWND dialog = nullptr;
   bool timer_runs = false;
-  int timed_count = 0;  // the meter's count when the timer was started
+  TickClock clock = {};
+  Silence silence = {};
+  std::string shown_note = {};
   MeterBar shown_bar = {};
+  std::exception_ptr failure = {};  // what ended the exchange in the middle of a step
 };
 
 // Defined by the program: a box with OK that belongs to no window.
 void ShowBoxWithoutOwner(const std::string& text, const std::string& caption);
 
 // Shows the dialog until the exchange has ended; 0 for success. The dialog's messages go through
-// HandleExchangeMessage first.
+// HandleExchangeMessage first. What a step throws comes out of here, once the dialog is gone.
 int RunExchangeDialog(const char* template_name, DLGPROC procedure, ExchangeWindow& window);
 
 // In WM_INITDIALOG: the common set-up; from now on the exchange runs.

@@ -13,6 +13,16 @@
 namespace qz7 {
 namespace {
 
+// A cable may have been plugged in since, so that each choice is looked up anew.
+void ShowNote(HWND dialog) {
+  const std::string note = PortNote(ChosenInList(dialog, ID_PORT).value_or(0), ListSerialPorts());
+  const int size = static_cast<int>(note.size());
+  std::wstring text(note.size(), L'\0');
+  text.resize(static_cast<std::size_t>(
+      MultiByteToWideChar(CP_UTF8, 0, note.data(), size, text.data(), size)));
+  SetDlgItemTextW(dialog, ID_PORT_NOTE, text.c_str());
+}
+
 BOOL OnInit(HWND dialog, LPARAM state) {
   SetUpDialog(dialog, state);
   for (int index = 0; index <= kHighestPort; ++index) {
@@ -20,6 +30,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
     SendDlgItemMessageA(dialog, ID_PORT, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
   }
   SelectInList(dialog, ID_PORT, StateOf<int>(dialog));
+  ShowNote(dialog);
   return TRUE;
 }
 
@@ -32,6 +43,24 @@ void OnOk(HWND dialog) {
   EndDialog(dialog, chosen);
 }
 
+void OnCommand(HWND dialog, int control, int notification) {
+  switch (control) {
+    case IDOK:
+      OnOk(dialog);
+      break;
+    case IDCANCEL:
+      EndDialog(dialog, -1);
+      break;
+    case ID_PORT:
+      if (notification == CBN_SELCHANGE) {
+        ShowNote(dialog);
+      }
+      break;
+    default:
+      break;
+  }
+}
+
 }  // namespace
 
 extern "C" INT_PTR CALLBACK DlgProcSetupPort(HWND dialog, UINT message, WPARAM w, LPARAM l) {
@@ -39,11 +68,7 @@ extern "C" INT_PTR CALLBACK DlgProcSetupPort(HWND dialog, UINT message, WPARAM w
     case WM_INITDIALOG:
       return OnInit(dialog, l);
     case WM_COMMAND:
-      if (LOWORD(w) == IDOK) {
-        OnOk(dialog);
-      } else if (LOWORD(w) == IDCANCEL) {
-        EndDialog(dialog, -1);
-      }
+      OnCommand(dialog, LOWORD(w), HIWORD(w));
       return TRUE;
     // There is no Help button that the key could press.
     case WM_HELP:

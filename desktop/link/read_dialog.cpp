@@ -43,7 +43,8 @@ bool ShowReadDialog(CloneRead& read, SerialPort& port) {
                         .exchange = read,
                         .tick = [&] { TickCloneRead(read, port); },
                         .notify = [&] { NotifyCloneRead(read, port); },
-                        .answer = [&](Answer answer) { AnswerCloneRead(read, port, answer); }};
+                        .answer = [&](Answer answer) { AnswerCloneRead(read, port, answer); },
+                        .awaited = [&] { return AwaitedBy(read); }};
   return RunExchangeDialog("DLLDlgReadRadio", DlgProcReadRadio, window) == 0;
 }
 

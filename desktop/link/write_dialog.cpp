@@ -111,6 +111,7 @@ bool ShowWriteDialog(CloneWrite& write, SerialPort& port, Preferences& preferenc
                       .tick = [&] { TickCloneWrite(write, port); },
                       .notify = [&] { NotifyCloneWrite(write, port); },
                       .answer = [&](Answer answer) { AnswerCloneWrite(write, port, answer); },
+                      .awaited = [&] { return AwaitedBy(write); },
                       .show = [&](HWND dialog) { ShowStartButtons(dialog, write.can_start); }},
                      write,
                      preferences};

@@ -17,6 +17,13 @@ struct Printing {
   PrintJob* job = nullptr;
 } printing;
 
+struct PrintingNow {
+  explicit PrintingNow(Printing now) { printing = now; }
+  ~PrintingNow() { printing = {}; }
+  PrintingNow(const PrintingNow&) = delete;
+  PrintingNow& operator=(const PrintingNow&) = delete;
+};
+
 BOOL CALLBACK KeepPrinting(HDC, int) {
   return HandleMessagesWhilePrinting(*printing.job, printing.progress) ? TRUE : FALSE;
 }
@@ -159,24 +166,32 @@ std::function<void(const std::string&)> TextSetter(HWND dialog, int control) {
   };
 }
 
+struct PrinterRelease {
+  explicit PrinterRelease(const ChosenPrinter& chosen) : printer(chosen) {}
+  ~PrinterRelease() {
+    DeleteDC(printer.device);
+    GlobalFree(printer.settings);
+    GlobalFree(printer.names);
+  }
+  PrinterRelease(const PrinterRelease&) = delete;
+  PrinterRelease& operator=(const PrinterRelease&) = delete;
+  ChosenPrinter printer;
+};
+
 void PrintLinesOn(const ChosenPrinter& chosen, const std::vector<std::string>& lines,
                   const std::string& document_name) {
   PrintJob job{.document_name = document_name, .copies = chosen.copies};
   const HWND owner = DialogOwner();
-  EnableWindow(owner, FALSE);
-  const HWND progress = CreateModelessDialog("DlgPrinting", owner, DlgProcPrinting, &job);
+  DisabledOwner modal(owner);
+  modal.dialog = CreateModelessDialog("DlgPrinting", owner, DlgProcPrinting, &job);
+  const HWND progress = modal.dialog;
   job.show_copy = TextSetter(progress, ID_PRINTED_COPY);
   job.show_page = TextSetter(progress, ID_PRINTED_PAGE);
   ShowWindow(progress, SW_SHOW);
   UpdateWindow(progress);
-  printing = {.progress = progress, .job = &job};
-  {
-    DevicePrinter printer(chosen.device);
-    RunPrintJob(job, lines, printer);
-  }
-  printing = {};
-  EnableWindow(owner, TRUE);
-  DestroyWindow(progress);
+  const PrintingNow now({.progress = progress, .job = &job});
+  DevicePrinter printer(chosen.device);
+  RunPrintJob(job, lines, printer);
 }
 
 }  // namespace
@@ -209,14 +224,13 @@ void PrintDocument(const Document& document, DtmfDisplay display) {
   if (!BuildPrintText(document.image, document.name, display, document.region, text)) {
     return;
   }
+  const std::vector<std::string> lines = PrintLines(text);
   const auto chosen = ShowPrintBox();
   if (!chosen) {
     return;
   }
-  PrintLinesOn(*chosen, PrintLines(text), document.name);
-  DeleteDC(chosen->device);
-  GlobalFree(chosen->settings);
-  GlobalFree(chosen->names);
+  const PrinterRelease release(*chosen);
+  PrintLinesOn(*chosen, lines, document.name);
 }
 
 }  // namespace qz7

@@ -4,7 +4,9 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
+#include "core/files/unexpected.h"
 #include "resources/control_ids.h"
 
 namespace qz7 {
@@ -58,6 +60,66 @@ void CentreDialog(HWND dialog) {
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
+// What a dialog is created with.
+struct Launch {
+  DLGPROC procedure;
+  LPARAM state;
+  bool failed = false;  // it could not be opened, and that has been said
+};
+
+// The one that is on its way to its WM_INITDIALOG: what comes before that message knows no more.
+Launch* launching = nullptr;
+
+constexpr const char* kProcedureProperty = "QZ7DialogProcedure";
+
+void SetProcedure(HWND dialog, DLGPROC procedure) {
+  SetPropA(dialog, kProcedureProperty, reinterpret_cast<HANDLE>(procedure));
+}
+
+DLGPROC ProcedureOf(HWND dialog) {
+  const auto procedure = reinterpret_cast<DLGPROC>(GetPropA(dialog, kProcedureProperty));
+  return procedure == nullptr && launching != nullptr ? launching->procedure : procedure;
+}
+
+INT_PTR CALLBACK IgnoreMessage(HWND, UINT, WPARAM, LPARAM) { return FALSE; }
+
+// A dialog that cannot be opened hears no more.
+BOOL Open(HWND dialog, WPARAM w, Launch& launch) {
+  launching = nullptr;
+  SetProcedure(dialog, launch.procedure);
+  try {
+    return launch.procedure(dialog, WM_INITDIALOG, w, launch.state) != 0;
+  } catch (...) {
+    SetProcedure(dialog, IgnoreMessage);
+    launch.failed = true;
+    ShowUnexpected();
+    return FALSE;
+  }
+}
+
+// No exception leaves a window procedure: the message is shown, and the dialog stays.
+INT_PTR CALLBACK GuardedProc(HWND dialog, UINT message, WPARAM w, LPARAM l) {
+  if (message == WM_INITDIALOG) {
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): the system passes the pointer as a number
+    auto& launch = *reinterpret_cast<Launch*>(l);
+    const BOOL focus = Open(dialog, w, launch);
+    if (launch.failed) {
+      EndDialog(dialog, -1);
+    }
+    return focus;
+  }
+  const DLGPROC procedure = ProcedureOf(dialog);
+  if (message == WM_NCDESTROY) {
+    RemovePropA(dialog, kProcedureProperty);
+  }
+  try {
+    return procedure != nullptr ? procedure(dialog, message, w, l) : FALSE;
+  } catch (...) {
+    ShowUnexpected();
+    return TRUE;
+  }
+}
+
 }  // namespace
 
 HWND DialogOwner() {
@@ -66,13 +128,25 @@ HWND DialogOwner() {
 }
 
 INT_PTR RunDialog(const char* template_name, DLGPROC procedure, void* state) {
-  return DialogBoxParamA(ModuleOf(template_name), template_name, DialogOwner(), procedure,
-                         reinterpret_cast<LPARAM>(state));
+  Launch launch{.procedure = procedure, .state = reinterpret_cast<LPARAM>(state)};
+  launching = &launch;
+  const INT_PTR end = DialogBoxParamA(ModuleOf(template_name), template_name, DialogOwner(),
+                                      GuardedProc, reinterpret_cast<LPARAM>(&launch));
+  launching = nullptr;
+  return end;
 }
 
 HWND CreateModelessDialog(const char* template_name, HWND parent, DLGPROC procedure, void* state) {
-  return CreateDialogParamA(ModuleOf(template_name), template_name, parent, procedure,
-                            reinterpret_cast<LPARAM>(state));
+  Launch launch{.procedure = procedure, .state = reinterpret_cast<LPARAM>(state)};
+  launching = &launch;
+  const HWND dialog = CreateDialogParamA(ModuleOf(template_name), template_name, parent,
+                                         GuardedProc, reinterpret_cast<LPARAM>(&launch));
+  launching = nullptr;
+  if (launch.failed) {
+    DestroyWindow(dialog);
+    return nullptr;
+  }
+  return dialog;
 }
 
 void SetUpDialog(HWND dialog, LPARAM state, std::span<const Tooltip> tooltips) {

@@ -27,7 +27,25 @@ HWND DialogOwner();
 // kept for StateOf. Returns what the dialog ends with: 0 for OK, -1 for Cancel, a closed window and
 // a template that is not there.
 INT_PTR RunDialog(const char* template_name, DLGPROC procedure, void* state);
+// Null as well where the dialog could not be opened, and that has been said.
 HWND CreateModelessDialog(const char* template_name, HWND parent, DLGPROC procedure, void* state);
+
+// For as long as one lives, a modeless dialog keeps its owner from being used. At the end the owner
+// comes back first, so that it and no other program's window becomes active; then the dialog goes.
+struct DisabledOwner {
+  explicit DisabledOwner(HWND owner) : owner_(owner) { EnableWindow(owner, FALSE); }
+  ~DisabledOwner() {
+    EnableWindow(owner_, TRUE);
+    DestroyWindow(dialog);
+  }
+  DisabledOwner(const DisabledOwner&) = delete;
+  DisabledOwner& operator=(const DisabledOwner&) = delete;
+
+  HWND dialog = nullptr;
+
+ private:
+  HWND owner_;
+};
 
 struct Tooltip {
   int control;

@@ -9,6 +9,7 @@
 #include <string>
 
 #include "core/files/seams.h"
+#include "desktop/toolkit/ansi_text.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help_viewer.h"
 
@@ -51,14 +52,8 @@ const char* PageOf(int context) {
 
 // The viewer takes names of the code page only; empty for a path that has none.
 std::string ViewersName(const std::filesystem::path& path) {
-  const std::wstring wide = path.wstring();
-  std::string name(wide.size() * 2, '\0');
-  BOOL replaced = FALSE;
-  const int size =
-      WideCharToMultiByte(CP_ACP, WC_NO_BEST_FIT_CHARS, wide.data(), static_cast<int>(wide.size()),
-                          name.data(), static_cast<int>(name.size()), nullptr, &replaced);
-  name.resize(replaced ? 0 : static_cast<std::size_t>(size));
-  return name;
+  std::string name = AnsiText(path.native());
+  return WideText(name) == path.native() ? name : "";
 }
 
 bool UsesViewer() {

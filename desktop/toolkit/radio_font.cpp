@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <string_view>
+#include <utility>
 
 namespace qz7 {
 namespace {
@@ -26,17 +27,23 @@ bool HasFace(HDC device, const Font& font) {
 }  // namespace
 
 int RadioFontHeight(int height, int dots_per_inch) {
-  return height * std::max(1, dots_per_inch / USER_DEFAULT_SCREEN_DPI);
+  constexpr int kUsual = USER_DEFAULT_SCREEN_DPI;
+  if (dots_per_inch >= 2 * kUsual) {
+    return height * (dots_per_inch / kUsual);
+  }
+  const int quarters = std::clamp(dots_per_inch * 4 / kUsual, 4, 6);
+  return height * quarters / 4;
 }
 
-Font CreateRadioFont(HWND window, int base_height) {
-  const HDC device = GetDC(window);
-  const int height = RadioFontHeight(base_height, GetDeviceCaps(device, LOGPIXELSY));
-  Font font = CreateFontOf(height, kCharacterSet);
+Font CreateRadioFont(HDC device, int pixels) {
+  Font font = CreateFontOf(pixels, kCharacterSet);
   // Where the number of the character set means another one, the face is found without it.
-  if (!HasFace(device, font)) {
-    font = CreateFontOf(height, DEFAULT_CHARSET);
-  }
+  return HasFace(device, font) ? std::move(font) : CreateFontOf(pixels, DEFAULT_CHARSET);
+}
+
+Font CreateRadioFont(HWND window, int height) {
+  const HDC device = GetDC(window);
+  Font font = CreateRadioFont(device, RadioFontHeight(height, GetDeviceCaps(device, LOGPIXELSY)));
   ReleaseDC(window, device);
   return font;
 }

@@ -6,6 +6,7 @@ desktop_test.py WINDOWS_PROGRAMS NATIVE_PROGRAMS [unittest's own arguments]
 """
 import fcntl
 import os
+import re
 import shutil
 import signal
 import subprocess
@@ -58,9 +59,9 @@ class Driver:
 
     def __call__(self, *fields):
         line = "\t".join(escaped(str(field)) for field in fields)
-        self.process.stdin.write(line.encode("latin-1") + b"\n")
+        self.process.stdin.write(line.encode() + b"\n")
         self.process.stdin.flush()
-        answer = self.process.stdout.readline().decode("latin-1").rstrip("\r\n").split("\t")
+        answer = self.process.stdout.readline().decode().rstrip("\r\n").split("\t")
         if answer[0] != "ok":
             shown = [] if fields == ("windows",) else self("windows")[2::3]
             raise Refused(f"{line}: {' '.join(answer)}; on the screen: {shown}")
@@ -81,7 +82,8 @@ def escaped(text):
 
 
 def unescaped(text):
-    return text.encode("latin-1").decode("unicode_escape")
+    return re.sub(r"\\(.)", lambda special: {"t": "\t", "n": "\n", "r": "\r"}.get(special[1], special[1]),
+                  text)
 
 
 class Desktop:
@@ -101,8 +103,9 @@ class Desktop:
         lock = open(self.prefix + ".lock", "w", encoding="ascii")
         self.ends.append(lock.close)
         fcntl.flock(lock, fcntl.LOCK_EX)
+        # Names are UTF-8 outside Wine, whatever this machine is set to, and 1252 inside.
         self.environment = dict(os.environ, WINEPREFIX=self.prefix, DISPLAY=self.open_screen(),
-                                WINEDLLOVERRIDES=OVERRIDES, WINEDEBUG="-all")
+                                LC_ALL="C.UTF-8", WINEDLLOVERRIDES=OVERRIDES, WINEDEBUG="-all")
         self.start("openbox")
         self.open_wine()
         self.driver = Driver(windows_programs, self.environment)
@@ -251,12 +254,12 @@ class DesktopTest(SystemTest):
         return os.path.join(self.desktop.prefix, "drive_c", "windows", "Tamro.ini")
 
     def set_preferences(self, **values):
-        with open(self.preferences_path, "w", encoding="ascii", newline="") as file:
+        with open(self.preferences_path, "w", encoding="cp1252", newline="") as file:
             file.write(PREFERENCES_KEYS)
             file.writelines(f"{key}={value}\r\n" for key, value in values.items())
 
     def preferences(self):
-        with open(self.preferences_path, encoding="ascii") as file:
+        with open(self.preferences_path, encoding="cp1252") as file:
             return dict(line.strip().split("=", 1) for line in file if "=" in line)
 
     def preference(self, key):

@@ -10,7 +10,7 @@ import desktop
 from desktop import CANCEL, DIALOG_CLASS, OK, PORT_SETUP, TITLE, DesktopTest
 from qz7 import wait_for
 
-FOLDER = "Help of QZ-7H #1 50%25 + (a)"
+FOLDER = "Žluťoučký кот 日本 #1 50%é %20+(a)"
 KEYS = ("HKCR\\.html", "HKCR\\qz7_test_page")
 
 CONTENTS, SEARCH, HELP_ON_HELP = 147, 146, 145

@@ -165,11 +165,11 @@ class SettingTexts(EditTest):
 
 
 class Terminal(EditTest):
-    def on_terminal(self, *arguments):
+    def on_terminal(self, *arguments, stream="stdout", status=0):
         """What the program prints on a terminal."""
         terminal, slave = pty.openpty()
         process = subprocess.Popen([os.path.join(self.programs, "qz7ctl"), *arguments],
-                                   cwd=self.folder, stdout=slave)
+                                   cwd=self.folder, **{stream: slave})
         os.close(slave)
         shown = b""
         try:
@@ -178,8 +178,21 @@ class Terminal(EditTest):
         except OSError:  # the program has ended
             pass
         os.close(terminal)
-        self.assertEqual(0, process.wait(60))
+        self.assertEqual(status, process.wait(60))
         return shown.replace(b"\r\n", b"\n").decode()
+
+    def test_messages_on_a_terminal_have_question_marks_for_control_bytes(self):
+        image = bytearray(self.read_bytes("a.rdf"))
+        image[4:8] = b"QZ2H"
+        image[16:25] = b"\x1b[A\n\x9d\x90\xb1\x7f\0"
+        self.write_bytes("n\x1b\x01.rdf", image)
+        refused = "Radio data file for for different radio:\n"
+        self.assertEqual(refused + "?[A???\u00b1?\n",
+                         self.on_terminal("rows", "n\x1b\x01.rdf", stream="stderr", status=1))
+        self.assertEqual("Cannot open file:\nm?.rdf\n",
+                         self.on_terminal("rows", "m\x1b.rdf", stream="stderr", status=1))
+        self.assertEqual(refused + "\x1b[A\n\x9d\x90\u00b1\x7f\n",
+                         self.ctl("rows", "n\x1b\x01.rdf")[2])
 
     def test_a_terminal_is_shown_question_marks_for_control_bytes(self):
         changes = {3678 + 6 + i: c for i, c in enumerate(b"\x1b[A\x7f\x9b\x9d\x81\xb1")}
@@ -255,6 +268,28 @@ class Moving(EditTest):
                      "move", "full.rdf", "b.rdf", "insert", "5")
         self.ok("move", "full.rdf", "b.rdf", "insert", "5", "--yes")
         self.assertEqual("", fields(self.ok("show", "b.rdf", "220"))["rx"])
+
+    def test_takes_several_channels_at_once(self):
+        names = [self.name_of("a.rdf", n) for n in (1, 2, 3, 4)]
+        self.ok("move", "a.rdf", "b.rdf", "up", "3-4,2")
+        self.assertEqual(names[1:] + names[:1], [self.name_of("b.rdf", n) for n in (1, 2, 3, 4)])
+        self.ok("move", "b.rdf", "b.rdf", "down", "1-3")
+        self.assertEqual([], self.diff("b.rdf"))
+        self.ok("move", "b.rdf", "b.rdf", "delete", "2,4")
+        self.assertEqual([names[0], names[2]], [self.name_of("b.rdf", n) for n in (1, 2)])
+        self.ok("move", "b.rdf", "b.rdf", "insert", "2,40")
+        self.assertEqual([names[0], "", names[2]], [self.name_of("b.rdf", n) for n in (1, 2, 3)])
+
+    def test_does_all_of_several_channels_or_none(self):
+        self.refused("One of the channels does not allow up: nothing is changed.",
+                     "move", "a.rdf", "b.rdf", "up", "1,5")
+
+    def test_refuses_what_names_no_channels(self):
+        for text in ("0", "241", "5-241", "7-5", "", "1,,2", "a", "-1"):
+            with self.subTest(text):
+                status, out, err = self.ctl("move", "a.rdf", "b.rdf", "up", text)
+                self.assertEqual((2, ""), (status, out))
+                self.assertIn("qz7ctl move", err)
 
 
 class Interchange(EditTest):

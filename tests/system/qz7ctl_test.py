@@ -93,6 +93,12 @@ class Files(SystemTest):
         self.assertEqual((2, "", message), self.ctl("diff", "bad.rdf", "a.rdf"))
         self.assertEqual((1, "", message), self.ctl("merge", "a.rdf", "bad.rdf", "b.rdf"))
         self.assertEqual((1, "", message), self.ctl("merge", "bad.rdf", "a.rdf", "b.rdf"))
+        self.assertEqual((1, "", message), self.ctl("import", "bad.rdf", "list.csv", "b.rdf"))
+        self.assertEqual((1, "", message), self.ctl("write", "--dry-run", "--template", "t.tpl",
+                                                    "bad.rdf"))
+        self.write_bytes("bad.tpl", b"TPL\0QZ7H" + self.read_bytes("a.rdf")[8:-1])
+        self.assertEqual((1, "", "Template file has invalid format\n"),
+                         self.ctl("write", "--dry-run", "--template", "bad.tpl", "a.rdf"))
         self.assertEqual((2, "", "Cannot open file:\nnone\n"), self.ctl("diff", "none", "a.rdf"))
 
     def test_info_reads_a_pipe(self):
@@ -216,6 +222,17 @@ class Ports(SystemTest):
             name, _, state = line.split("\t")
             self.assertTrue(name)
             self.assertIn(state, ("free", "busy", "denied"))
+
+    def test_ports_tells_the_same_as_json(self):
+        lines = [line.split("\t") for line in self.ok("ports").splitlines()]
+        listed = json.loads(self.ok("ports", "--json"))
+        self.assertEqual(lines, [[port["name"], port["description"], port["status"]]
+                                 for port in listed])
+
+    def test_probed_ports_are_the_same_ports(self):
+        def names(*options):
+            return {line.split("\t")[0] for line in self.ok("ports", *options).splitlines()}
+        self.assertLessEqual(names("--probe"), names())
 
     def test_an_absent_port_says_so(self):
         status, _, err = self.ctl("read", "--port", "/dev/none", "a.rdf")

@@ -4,6 +4,7 @@
 // A line is fields with tabs between them; "\t", "\n", "\r" and "\\" stand for what they say. An
 // answer starts with "ok" and has the result's fields behind it, or it is "no" and the reason. A
 // window is the number of its handle, a control the number of its identifier, a limit milliseconds.
+// Both lines are UTF-8.
 //
 //   wait CLASS TITLE LIMIT      the visible top-level window of that class and title (empty: any)
 //   gone WINDOW LIMIT           until it is destroyed
@@ -20,6 +21,10 @@
 //   choose WINDOW CONTROL N     selects the place N (from 0) in a list
 //   chosen WINDOW CONTROL       the place selected (-1: none)
 //   close WINDOW                asks it to close
+//   tab_to WINDOW CONTROL       the keyboard goes there, as with the Tab key
+//   focused WINDOW              the control that has the keyboard
+//   end_session WINDOW          asks whether the session may end; the answer can take its time
+//   may_end LIMIT               that answer: 1 or 0
 #include <windows.h>
 
 #include <array>
@@ -104,35 +109,52 @@ HWND WindowOf(const std::string& text) {
 
 LRESULT Ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
   DWORD_PTR result = 0;
-  if (SendMessageTimeoutA(window, message, w, l, SMTO_NORMAL, kLongestAnswer, &result) == 0) {
+  if (SendMessageTimeoutW(window, message, w, l, SMTO_NORMAL, kLongestAnswer, &result) == 0) {
     throw Refused("the window does not answer");
   }
   return static_cast<LRESULT>(result);
 }
 
 void Post(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
-  if (!PostMessageA(window, message, w, l)) {
+  if (!PostMessageW(window, message, w, l)) {
     throw Refused("the window takes no message");
   }
 }
 
+std::string Utf8(std::wstring_view text) {
+  const auto size = static_cast<int>(text.size());
+  const int needed =
+      WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
+  std::string bytes(static_cast<std::size_t>(needed), '\0');
+  WideCharToMultiByte(CP_UTF8, 0, text.data(), size, bytes.data(), needed, nullptr, nullptr);
+  return bytes;
+}
+
+std::wstring Wide(std::string_view text) {
+  const auto size = static_cast<int>(text.size());
+  const int needed = MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0);
+  std::wstring letters(static_cast<std::size_t>(needed), L'\0');
+  MultiByteToWideChar(CP_UTF8, 0, text.data(), size, letters.data(), needed);
+  return letters;
+}
+
 std::string ClassOf(HWND window) {
-  std::array<char, 256> name{};
-  GetClassNameA(window, name.data(), static_cast<int>(name.size()));
-  return name.data();
+  std::array<wchar_t, 256> name{};
+  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
+  return Utf8(name.data());
 }
 
 std::string TitleOf(HWND window) {
-  std::array<char, 1024> title{};
-  GetWindowTextA(window, title.data(), static_cast<int>(title.size()));
-  return title.data();
+  std::array<wchar_t, 1024> title{};
+  GetWindowTextW(window, title.data(), static_cast<int>(title.size()));
+  return Utf8(title.data());
 }
 
 std::string TextOf(HWND control) {
-  std::string text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH)) + 1, '\0');
+  std::wstring text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH)) + 1, L'\0');
   const LRESULT size = Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
   text.resize(static_cast<std::size_t>(size));
-  return text;
+  return Utf8(text);
 }
 
 BOOL CALLBACK TakeWindow(HWND window, LPARAM list) {
@@ -276,7 +298,7 @@ Fields Text(const Fields& fields) { return {TextOf(ControlOf(fields[1], fields[2
 
 Fields Set(const Fields& fields) {
   Ask(UsableControlOf(fields[1], fields[2], "Edit"), WM_SETTEXT, 0,
-      reinterpret_cast<LPARAM>(fields[3].c_str()));
+      reinterpret_cast<LPARAM>(Wide(fields[3]).c_str()));
   return {};
 }
 
@@ -319,6 +341,40 @@ Fields Close(const Fields& fields) {
   return {};
 }
 
+Fields TabTo(const Fields& fields) {
+  const HWND control = UsableControlOf(fields[1], fields[2]);
+  Post(GetParent(control), WM_NEXTDLGCTL, reinterpret_cast<WPARAM>(control), TRUE);
+  return {};
+}
+
+Fields Focused(const Fields& fields) {
+  GUITHREADINFO info{};
+  info.cbSize = sizeof info;
+  GetGUIThreadInfo(GetWindowThreadProcessId(WindowOf(fields[1]), nullptr), &info);
+  return {std::to_string(info.hwndFocus != nullptr ? GetDlgCtrlID(info.hwndFocus) : 0)};
+}
+
+HANDLE ending = nullptr;  // the thread that asks
+
+DWORD WINAPI AskForEnd(void* window) {
+  return SendMessageW(static_cast<HWND>(window), WM_QUERYENDSESSION, 0, 0) != 0 ? 1 : 0;
+}
+
+Fields EndSession(const Fields& fields) {
+  ending = CreateThread(nullptr, 0, AskForEnd, WindowOf(fields[1]), 0, nullptr);
+  return {};
+}
+
+Fields MayEnd(const Fields& fields) {
+  if (WaitForSingleObject(ending, static_cast<DWORD>(Number(fields[1]))) != WAIT_OBJECT_0) {
+    throw Refused("the window does not answer");
+  }
+  DWORD answer = 0;
+  GetExitCodeThread(ending, &answer);
+  CloseHandle(ending);
+  return {std::to_string(answer)};
+}
+
 struct Action {
   std::string_view name;
   std::size_t fields;
@@ -331,6 +387,8 @@ constexpr Action kActions[] = {
     {"enabled", 2, Enabled}, {"command", 3, Command},     {"press", 3, Press},
     {"checked", 3, Checked}, {"text", 3, Text},           {"set", 4, Set},
     {"choose", 4, Choose},   {"chosen", 3, Chosen},       {"close", 2, Close},
+    {"tab_to", 3, TabTo},    {"focused", 2, Focused},     {"end_session", 2, EndSession},
+    {"may_end", 2, MayEnd},
 };
 
 Fields Run(const Fields& fields) {

@@ -69,14 +69,16 @@ void PressF1() {
 class Help : public WindowTest {
  protected:
   Help() : help_path_(dialog_modules.help_path), opened_(folder.path()) {
-    has_viewer = viewer_searches = has_help_on_help = true;
     asked.clear();
     std::filesystem::create_directory(PagesProgramFolder());
     std::filesystem::copy(help_path_.parent_path() / "help", PagesProgramFolder() / "help");
     dialog_modules.help_path = folder.File("qz7.hlp");
     std::ofstream(dialog_modules.help_path) << "help";
   }
-  ~Help() override { dialog_modules.help_path = help_path_; }
+  ~Help() override {
+    dialog_modules.help_path = help_path_;
+    has_viewer = viewer_searches = has_help_on_help = true;
+  }
 
   // The program in a folder whose name the code page cannot write and an address would escape,
   // without the viewer's file.
@@ -131,7 +133,7 @@ class Help : public WindowTest {
     EXPECT_EQ(Pages(2), (std::vector<std::string>{page, page}));
   }
 
-  const OpenedPages& opened() const { return opened_; }
+  const OpenedPages& Opened() const { return opened_; }
 
  private:
   std::filesystem::path help_path_;
@@ -290,9 +292,9 @@ TEST_F(Help, WhatTheViewerCannotDoIsOnThePages) {
   viewer_searches = has_help_on_help = false;
   std::filesystem::copy(PagesProgramFolder() / "help", folder.path() / "help");
   ShowHelpSearch();
-  EXPECT_EQ(opened().WaitFor(1).at(0), folder.path() / "help" / "search.html");
+  EXPECT_EQ(Opened().WaitFor(1).at(0), folder.path() / "help" / "search.html");
   ShowHelpOnHelp();
-  EXPECT_EQ(opened().WaitFor(2).at(1), folder.path() / "help" / "searching.html");
+  EXPECT_EQ(Opened().WaitFor(2).at(1), folder.path() / "help" / "searching.html");
   EXPECT_TRUE(asked.empty());
 }
 
@@ -310,7 +312,7 @@ TEST_F(Help, IsOnThePagesWhereTheViewersFileIsMissing) {
   std::filesystem::remove(dialog_modules.help_path);
   ShowHelp(103);
   QuitHelp();
-  EXPECT_EQ(opened().WaitFor(1).at(0), folder.path() / "help" / "sending_data.html");
+  EXPECT_EQ(Opened().WaitFor(1).at(0), folder.path() / "help" / "sending_data.html");
   EXPECT_TRUE(asked.empty());
 }
 
@@ -322,7 +324,7 @@ TEST_F(Help, ThatCannotBeOpenedIsSaid) {
   EXPECT_EQ(ShownTexts(),
             (std::vector<std::string>{"Cannot open help page: help\\sending_data.html",
                                       "Cannot open help page: help\\search.html"}));
-  EXPECT_TRUE(opened().WaitFor(0).empty());
+  EXPECT_TRUE(Opened().WaitFor(0).empty());
 }
 
 }  // namespace

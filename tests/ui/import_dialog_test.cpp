@@ -78,6 +78,17 @@ TEST_F(ImportDialogTest, OkTakesTheOptions) {
   EXPECT_TRUE(Options().headers);
 }
 
+TEST_F(ImportDialogTest, TheTabButtonPutsATabIn) {
+  const DialogScript script([](HWND dialog) {
+    Press(dialog, ID_TAB_SEPARATOR);
+    EXPECT_EQ(TextOf(dialog, ID_FIELD_SEPARATOR), "\t");
+    SavePicture(dialog, "import_tab");
+    AcceptDialog(dialog);
+  });
+  EXPECT_TRUE(ShowImportDialog(app.import_session));
+  EXPECT_EQ(Options().field_separator, '\t');
+}
+
 TEST_F(ImportDialogTest, AnEmptySeparatorIsNone) {
   const DialogScript script([](HWND dialog) {
     Type(dialog, ID_FIELD_SEPARATOR, "");

@@ -1,74 +1,9 @@
-#include "desktop/editors/memory_list_dialog.h"
-
 #include "core/editors/group_table.h"
-#include "core/image/channel_record.h"
 #include "desktop/commands.h"
-#include "resources/control_ids.h"
-#include "tests/ui/window_fixture.h"
+#include "tests/ui/memory_list_fixture.h"
 
 namespace qz7 {
 namespace {
-
-CloneImage& Image() { return app.document.image; }
-CloneImage& Working() { return app.document.working_copy; }
-
-HWND ListOf(HWND dialog) { return GetDlgItem(dialog, ID_CHANNEL_LIST); }
-
-void Select(HWND dialog, int row) {
-  SendMessageA(ListOf(dialog), LB_SETSEL, FALSE, -1);
-  SendMessageA(ListOf(dialog), LB_SETSEL, TRUE, row);
-  SendMessageA(ListOf(dialog), LB_SETCARETINDEX, static_cast<WPARAM>(row), 0);
-}
-
-std::vector<int> Selected(HWND dialog) {
-  std::vector<int> rows(240);
-  rows.resize(static_cast<std::size_t>(SendMessageA(ListOf(dialog), LB_GETSELITEMS, rows.size(),
-                                                    reinterpret_cast<LPARAM>(rows.data()))));
-  return rows;
-}
-
-std::string Row(HWND dialog, int row) {
-  char text[100] = "";
-  SendMessageA(ListOf(dialog), LB_GETTEXT, static_cast<WPARAM>(row),
-               reinterpret_cast<LPARAM>(text));
-  return text;
-}
-
-void Key(HWND dialog, int key, bool ctrl = false) {
-  BYTE keys[256] = {};
-  GetKeyboardState(keys);
-  keys[VK_CONTROL] = ctrl ? 0x80 : 0;
-  SetKeyboardState(keys);
-  SendMessageA(ListOf(dialog), WM_KEYDOWN, static_cast<WPARAM>(key), 0);
-  keys[VK_CONTROL] = 0;
-  SetKeyboardState(keys);
-}
-
-// 145.5 MHz in channel n, with a name and a comment of its own.
-void Program(CloneImage& image, int n) {
-  SetProgrammed(image, n, true);
-  SetMasked(image, n, false);
-  std::uint8_t* record = GetChannelRecord(image, n);
-  std::fill_n(record, kRecordSize, std::uint8_t{0});
-  record[2] = 0x14;
-  record[3] = 0x55;
-  SetChannelName(image, n, "CH" + std::to_string(n));
-  ChannelComment(image, n)[0] = static_cast<char>(n);
-}
-
-class MemoryListTest : public WindowTest {
- protected:
-  MemoryListTest() {
-    for (const int n : {2, 3, 12, 219, 220, 221, 240}) {
-      Program(Image(), n);
-    }
-    Working() = Image();
-  }
-  static void Open(const std::function<void(HWND)>& script) {
-    const DialogScript run(script);
-    ShowMemoryListDialog(app.document);
-  }
-};
 
 TEST_F(MemoryListTest, ShowsEveryChannelInItsRow) {
   std::uint8_t* record = GetChannelRecord(Image(), 12);
@@ -294,41 +229,6 @@ TEST_F(MemoryListTest, CancelGoesOnAfterNo) {
   EXPECT_TRUE(IsProgrammed(Image(), 2));
 }
 
-TEST_F(MemoryListTest, TheKeysDoWhatTheButtonsDo) {
-  Open([](HWND dialog) {
-    Select(dialog, 11);
-    Key(dialog, VK_DOWN, true);
-    EXPECT_EQ(Selected(dialog), std::vector<int>{12});
-    Key(dialog, VK_UP, true);
-    EXPECT_EQ(Selected(dialog), std::vector<int>{11});
-    EXPECT_EQ(Image(), Working());
-    Key(dialog, VK_DOWN);
-    EXPECT_EQ(Selected(dialog), std::vector<int>{12});
-    EXPECT_EQ(Image(), Working());
-    Select(dialog, 11);
-    Key(dialog, VK_DELETE);
-    EXPECT_FALSE(IsProgrammed(Image(), 12));
-    test_seams.answers = {Answer::kYes, Answer::kYes};
-    Select(dialog, 1);
-    Key(dialog, VK_INSERT);
-    EXPECT_FALSE(IsProgrammed(Image(), 2));
-    EXPECT_TRUE(IsProgrammed(Image(), 3));
-    EXPECT_EQ(LOWORD(SendMessageA(dialog, DM_GETDEFID, 0, 0)), ID_EDIT_CHANNEL);
-    Press(dialog, IDCANCEL);
-  });
-}
-
-TEST_F(MemoryListTest, ATypedCharacterLeavesTheSelectionWhereItIs) {
-  Open([](HWND dialog) {
-    Select(dialog, 11);
-    for (const char c : {'1', '2', 'L', 'u', 'x', ' '}) {
-      SendMessageA(ListOf(dialog), WM_CHAR, static_cast<WPARAM>(c), 0);
-      EXPECT_EQ(Selected(dialog), std::vector<int>{11}) << c;
-    }
-    Press(dialog, IDCANCEL);
-  });
-}
-
 // As a click does it: the button has the keyboard while it is pressed.
 void PressWithFocus(HWND dialog, int button) {
   SetFocus(GetDlgItem(dialog, button));
@@ -368,19 +268,19 @@ TEST_F(MemoryListTest, AfterACommandOrABoxTheKeyboardIsTheLists) {
   });
 }
 
-TEST_F(MemoryListTest, SeveralSelectedRowsAreNotEditedNorChanged) {
+TEST_F(MemoryListTest, SeveralSelectedRowsAreNotEditedAndNoneAreNothing) {
   Open([](HWND dialog) {
-    Select(dialog, 1);
-    SendMessageA(ListOf(dialog), LB_SETSEL, TRUE, 2);
+    Select(dialog, {1, 2});
     Press(dialog, ID_EDIT_CHANNEL);
     EXPECT_EQ(ShownTexts(),
               std::vector<std::string>{"Only one channel can be selected for editing."});
-    Press(dialog, ID_CLEAR_CHANNEL);
-    Press(dialog, ID_DELETE_CHANNEL);
-    EXPECT_EQ(Image(), Working());
     SendMessageA(ListOf(dialog), LB_SETSEL, FALSE, -1);
-    Press(dialog, ID_CLEAR_CHANNEL);
-    Press(dialog, ID_EDIT_CHANNEL);
+    for (const int button : {ID_EDIT_CHANNEL, ID_MOVE_UP, ID_MOVE_DOWN, ID_INSERT_CHANNEL,
+                             ID_DELETE_CHANNEL, ID_CLEAR_CHANNEL}) {
+      const int beeps = Beeps();
+      Press(dialog, button);
+      EXPECT_EQ(Beeps(), beeps + 1) << button;
+    }
     EXPECT_EQ(Image(), Working());
     Press(dialog, IDCANCEL);
   });

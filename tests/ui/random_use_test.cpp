@@ -59,6 +59,25 @@ void TypeAny(HWND field) {
   SendMessageA(GetParent(field), WM_NEXTDLGCTL, 0, FALSE);
 }
 
+// A key that goes down in a list, with one held beside it or without. Ctrl+F opens a window: what
+// is held there is as the next key has it.
+void PressAnyKey(HWND list) {
+  static constexpr std::array kKeys = {VK_UP,    VK_DOWN,  VK_INSERT, VK_DELETE, VK_HOME,
+                                       VK_END,   VK_F3,    int{'A'},  int{'C'},  int{'F'},
+                                       int{'V'}, int{'X'}, int{'Y'},  int{'Z'}};
+  static constexpr std::array kHeld = {0, VK_SHIFT, VK_CONTROL, VK_CONTROL, VK_MENU};
+  const int key = kKeys[static_cast<std::size_t>(Below(kKeys.size()))];
+  const int held = kHeld[static_cast<std::size_t>(Below(kHeld.size()))];
+  BYTE keys[256] = {};
+  keys[held] = 0x80;
+  keys[0] = 0;
+  SetKeyboardState(keys);
+  SendMessageA(list, held == VK_MENU ? WM_SYSKEYDOWN : WM_KEYDOWN, static_cast<WPARAM>(key), 1);
+  SendMessageA(list, WM_CHAR, static_cast<WPARAM>('0' + Below(75)), 0);
+  keys[held] = 0;
+  SetKeyboardState(keys);
+}
+
 // One thing that a user can do with a control, by its kind.
 void Use(HWND control) {
   char kind[32] = "";
@@ -67,6 +86,8 @@ void Use(HWND control) {
     SendMessageA(control, BM_CLICK, 0, 0);
   } else if (lstrcmpiA(kind, "ComboBox") == 0) {
     ChooseAny(control, CB_GETCOUNT, CB_SETCURSEL, CBN_SELCHANGE);
+  } else if (lstrcmpiA(kind, "ListBox") == 0 && Below(2) == 0) {
+    PressAnyKey(control);
   } else if (lstrcmpiA(kind, "ListBox") == 0) {
     ChooseAny(control, LB_GETCOUNT, LB_SETCURSEL, Below(4) == 0 ? LBN_DBLCLK : LBN_SELCHANGE);
   } else if (lstrcmpiA(kind, "Edit") == 0) {
@@ -223,6 +244,7 @@ TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
     user.seen.clear();
     ASSERT_NO_FATAL_FAILURE(user.Act(kActions));
     EXPECT_GE(user.seen.size(), 12U) << "the user has seen too little";
+    EXPECT_EQ(user.seen.count("Find Channel"), 1U) << "no key of the memory list has worked";
   }
   EXPECT_TRUE(ComesBackTo(before));
   EXPECT_FALSE(before.gdi_objects.empty());

@@ -63,6 +63,23 @@ TEST_F(SelectionDialogTest, ListsTheRecordsUnderTheirHeading) {
   });
 }
 
+TEST_F(SelectionDialogTest, TellsUnderTheListWhatWasLeftOut) {
+  ImportText("RX Frequency,Town\n145.5,x\nCall,y\n", [](HWND dialog) {
+    EXPECT_EQ(TextOf(dialog, ID_IMPORT_DOUBTS),
+              "1 line left out: line 3, no receive frequency; line 1, of these columns no field is "
+              "known: \"Town\"");
+    SavePicture(dialog, "import_doubts");
+    CancelDialog(dialog);
+  });
+}
+
+TEST_F(SelectionDialogTest, TellsNothingWhereThereIsNoDoubt) {
+  ImportRows(3, [](HWND dialog) {
+    EXPECT_EQ(TextOf(dialog, ID_IMPORT_DOUBTS), "");
+    CancelDialog(dialog);
+  });
+}
+
 TEST_F(SelectionDialogTest, TheHeadingAndTheTemplatesCaptionAreThere) {
   const HWND dialog = CreateModelessDialog(
       "DlgSelectList", app.main_window, [](HWND, UINT, WPARAM, LPARAM) -> INT_PTR { return 0; },

@@ -1,3 +1,4 @@
+#include "core/link/port_setup.h"
 #include "desktop/about_dialog.h"
 #include "desktop/files/preferences_dialog.h"
 #include "desktop/files/template_dialog.h"
@@ -140,6 +141,22 @@ TEST_F(PortDialogTest, ListsNoneAndNinePorts) {
     Press(dialog, IDOK);
   });
   EXPECT_EQ(ShowPortDialog(4), 9);
+}
+
+TEST_F(PortDialogTest, SaysBesideTheChoiceWhetherThatPortExists) {
+  const DialogScript script([](HWND dialog) {
+    const auto note_of = [&](int index) {
+      Choose(dialog, ID_PORT, index);
+      SendMessageA(dialog, WM_COMMAND, MAKEWPARAM(ID_PORT, CBN_SELCHANGE), 0);
+      return TextOf(dialog, ID_PORT_NOTE);
+    };
+    const std::vector<PortInfo> ports = ListSerialPorts();
+    for (int index = 0; index <= kHighestPort; ++index) {
+      EXPECT_EQ(note_of(index), PortNote(index, ports));
+    }
+    Press(dialog, IDCANCEL);
+  });
+  EXPECT_EQ(ShowPortDialog(4), std::nullopt);
 }
 
 TEST_F(PortDialogTest, WithoutAChoiceItStaysOpen) {

@@ -180,7 +180,7 @@ TEST(Templates, AreThere) {
         "DLLDLGVORN",           "DLLDLGAUTODIAL",   "DLLDLGWXNAMES",    "DLLDLGICONSELECT",
         "DLLDLGLISTMEMORY",     "DLLDLGEDITMEMORY", "DLLDLGEDITVFO",    "DLLDLGGROUPLIST",
         "DLLDLGCOPYMANY",       "DLGPROCSETUPPORT", "DLGIMPORT",        "DLGIMPORTLIST",
-        "DLGSELECTLIST",        "DLGMERGEMEM"}) {
+        "DLGSELECTLIST",        "DLGMERGEMEM",      "DLLDLGFINDCHANNEL"}) {
     EXPECT_EQ(std::count(names.begin(), names.end(), name), 1) << name;
   }
 }

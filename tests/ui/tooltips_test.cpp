@@ -11,13 +11,13 @@ using Tooltips = WindowTest;
 TEST_F(Tooltips, OfTheMemoryListNameTheKeys) {
   const DialogScript script([](HWND dialog) {
     EXPECT_EQ(TooltipOf(dialog, ID_EDIT_CHANNEL), "Enter, or a double-click");
-    EXPECT_EQ(TooltipOf(dialog, ID_MOVE_UP), "Ctrl+Up");
-    EXPECT_EQ(TooltipOf(dialog, ID_MOVE_DOWN), "Ctrl+Down");
+    EXPECT_EQ(TooltipOf(dialog, ID_MOVE_UP), "Alt+Up");
+    EXPECT_EQ(TooltipOf(dialog, ID_MOVE_DOWN), "Alt+Down");
     EXPECT_EQ(TooltipOf(dialog, ID_INSERT_CHANNEL),
               "Insert key: an empty channel here, the others move down");
-    EXPECT_EQ(TooltipOf(dialog, ID_DELETE_CHANNEL), "The channels below move up");
+    EXPECT_EQ(TooltipOf(dialog, ID_DELETE_CHANNEL), "Delete key: the channels below move up");
     EXPECT_EQ(TooltipOf(dialog, ID_CLEAR_CHANNEL),
-              "Delete key: empties the channel, the others stay");
+              "Ctrl+Delete: empties the channel, the others stay");
     Press(dialog, IDCANCEL);
   });
   RunCommand(CM_VIEW);

@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <new>
 #include <string>
 #include <vector>
 
@@ -11,22 +10,6 @@
 
 namespace qz7 {
 
-bool nothrow_new_fails = false;
-
-}  // namespace qz7
-
-void* operator new(std::size_t size, const std::nothrow_t&) noexcept {
-  if (qz7::nothrow_new_fails) {
-    return nullptr;
-  }
-  try {
-    return ::operator new(size);
-  } catch (const std::bad_alloc&) {
-    return nullptr;
-  }
-}
-
-namespace qz7 {
 namespace {
 
 using CloneWriteWithoutMemory = OpenedWrite;

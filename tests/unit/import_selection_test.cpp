@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <new>
 #include <numeric>
 #include <string>
 #include <vector>
@@ -12,17 +11,6 @@
 #include "tests/unit/failing_new.h"
 #include "tests/unit/interchange_fixture.h"
 #include "tests/unit/seams.h"
-
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept {
-  if (qz7::nothrow_new_fails) {
-    return nullptr;
-  }
-  try {
-    return ::operator new[](size);
-  } catch (const std::bad_alloc&) {
-    return nullptr;
-  }
-}
 
 namespace qz7 {
 namespace {

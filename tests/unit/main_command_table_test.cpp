@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "desktop/command_table.h"
+#include "tests/unit/failing_new.h"
 #include "tests/unit/seams.h"
 
 namespace qz7 {
@@ -15,9 +16,12 @@ struct RanCommand {
   bool operator==(const RanCommand&) const = default;
 };
 std::vector<RanCommand> runs;
-bool collected = false;
+std::unique_ptr<Document> document;
 
-void Record(int id) { runs.push_back({id, collected}); }
+constexpr std::size_t kControl = 10240;
+bool IsCollected() { return document->image[kControl] == 3; }
+
+void Record(int id) { runs.push_back({id, IsCollected()}); }
 
 constexpr Command kTestCommands[] = {
     {7, false, Record},
@@ -29,11 +33,10 @@ class CommandTable : public testing::Test {
  protected:
   CommandTable() {
     runs.clear();
-    collected = false;
-    test_seams.controls = [](CloneImage&) { collected = true; };
+    document = std::make_unique<Document>();
+    test_seams.controls = [](CloneImage& image) { image[kControl] = 3; };
   }
   bool RunId(int id) { return RunCommand(kTestCommands, *document, id); }
-  std::unique_ptr<Document> document = std::make_unique<Document>();
 };
 
 TEST_F(CommandTable, CollectsTheMainDialogBeforeACommandThatWantsIt) {
@@ -53,12 +56,23 @@ TEST_F(CommandTable, TellsAFunctionOfSeveralCommandsWhichOneItIs) {
   EXPECT_EQ(runs, (std::vector<RanCommand>{{20, true}, {21, true}, {22, true}}));
 }
 
+TEST_F(CommandTable, SaysThatMemoryEndedWhereverItDid) {
+  bool failed = true;
+  for (std::size_t n = 1; failed; ++n) {
+    test_seams = TestSeams{};
+    const FailingNew failing(n);
+    EXPECT_TRUE(RunId(8));
+    failed = failing.HasFailed();
+    EXPECT_EQ(test_seams.messages.size(), failed ? 1U : 0U) << n;
+  }
+}
+
 TEST_F(CommandTable, DoesNothingForAnIdThatIsNone) {
   for (const int id : {0, 6, 9, 19, 23}) {
     EXPECT_FALSE(RunId(id)) << id;
   }
   EXPECT_TRUE(runs.empty());
-  EXPECT_FALSE(collected);
+  EXPECT_FALSE(IsCollected());
 }
 
 }  // namespace

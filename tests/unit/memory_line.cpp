@@ -62,8 +62,6 @@ void MemoryLine::Purge(Queues queues) {
 
 void MemoryLine::RestartEvents() { ++event_restarts; }
 
-std::size_t MemoryLine::UnsentBytes() { return 0; }
-
 bool MemoryLine::WaitForInput(std::size_t /*bytes*/, int /*milliseconds*/) {
   return !incoming.empty();
 }

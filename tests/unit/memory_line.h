@@ -24,7 +24,6 @@ class MemoryLine : public SerialPort {
   unsigned LineErrors() override;
   void Purge(Queues queues) override;
   void RestartEvents() override;
-  std::size_t UnsentBytes() override;
   bool WaitForInput(std::size_t bytes, int milliseconds) override;
 
   std::deque<std::uint8_t> incoming;

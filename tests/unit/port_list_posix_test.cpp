@@ -1,6 +1,9 @@
 #include "core/link/port_list_posix.h"
 
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <filesystem>
 #include <fstream>
@@ -39,8 +42,8 @@ class PortList : public testing::Test {
  protected:
   void SetUp() override { fs::create_directories(Top() / "class"); }
   fs::path Top() const { return folder_.path(); }
-  std::vector<PortInfo> List() const {
-    return ListSerialPortsUnder((Top() / "class").string(), "/nowhere");
+  std::vector<PortInfo> List(const std::string& devices = "/nowhere") const {
+    return ListSerialPortsUnder((Top() / "class").string(), devices);
   }
 
  private:
@@ -54,6 +57,37 @@ TEST_F(PortList, NamesAUsbAdapterByItsMakerAndProduct) {
   EXPECT_EQ("/nowhere/ttyUSB0", ports[0].name);
   EXPECT_EQ("Maker Serial Cable", ports[0].description);
   EXPECT_EQ(PortStatus::kAbsent, ports[0].status);
+}
+
+TEST_F(PortList, TellsAFreePortAndABusyOneWithoutOpeningEither) {
+  AddUsbPort(Top(), "ttyUSB0");
+  const fs::path device = Top() / "ttyUSB0";
+  ASSERT_EQ(0, mkfifo(device.c_str(), 0600));
+  EXPECT_EQ(PortStatus::kOpen, List(Top().string()).at(0).status);
+  const int handle = open(device.c_str(), O_RDWR | O_NONBLOCK);
+  ASSERT_GE(handle, 0);
+  EXPECT_EQ(PortStatus::kBusy, List(Top().string()).at(0).status);
+  close(handle);
+  EXPECT_EQ(PortStatus::kOpen, List(Top().string()).at(0).status);
+}
+
+TEST_F(PortList, TellsAPortThatIsClosedToTheUser) {
+  if (geteuid() == 0) {
+    GTEST_SKIP() << "nothing is closed to this user";
+  }
+  AddUsbPort(Top(), "ttyUSB0");
+  const fs::path device = Top() / "ttyUSB0";
+  ASSERT_EQ(0, mkfifo(device.c_str(), 0));
+  EXPECT_EQ(PortStatus::kDenied, List(Top().string()).at(0).status);
+}
+
+TEST_F(PortList, OpensAFreePortOnlyToProbeIt) {
+  AddUsbPort(Top(), "ttyUSB0");
+  ASSERT_EQ(0, mkfifo((Top() / "ttyUSB0").c_str(), 0600));
+  std::vector<PortInfo> ports = List(Top().string());
+  // A pipe is no terminal, which only opening it shows.
+  ProbePorts(ports);
+  EXPECT_EQ(PortStatus::kAbsent, ports.at(0).status);
 }
 
 TEST_F(PortList, LeavesOutUartPlacesWithoutAChip) {

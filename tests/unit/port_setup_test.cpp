@@ -60,6 +60,13 @@ TEST_F(PortSetupTest, AnOpenPortIsClosedBeforeAnotherIsOpened) {
   EXPECT_EQ(port.calls, (Names{"open COM1", "close", "open COM2"}));
 }
 
+TEST_F(PortSetupTest, TheChoiceIsExplained) {
+  const std::vector<PortInfo> ports = {{"COM3", "Maker Serial Cable", PortStatus::kOpen}};
+  EXPECT_EQ(PortNote(0, ports), "");
+  EXPECT_EQ(PortNote(3, ports), "Maker Serial Cable");
+  EXPECT_EQ(PortNote(4, ports), "There is no COM4 at present.");
+}
+
 TEST_F(PortSetupTest, CancelChangesNothing) {
   OpenChosenPort(port, 1);
   preferences.port_index = 1;

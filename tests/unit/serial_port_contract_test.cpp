@@ -141,7 +141,6 @@ TEST_P(SerialPortContract, FailsWhileItIsClosed) {
   EXPECT_EQ(std::nullopt, port_->Read(buffer));
   EXPECT_EQ(0U, port_->Write(buffer));
   EXPECT_EQ(0U, port_->LineErrors());
-  EXPECT_EQ(0U, port_->UnsentBytes());
   EXPECT_EQ(nullptr, port_->ArmReceiveEvent());
   EXPECT_FALSE(port_->IsLost());
 }

@@ -3,10 +3,14 @@
 #include <dlfcn.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <linux/serial.h>
+#include <sys/ioctl.h>
 #include <termios.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <chrono>
+#include <cstdarg>
 #include <cstdlib>
 #include <cstring>
 #include <memory>
@@ -17,9 +21,43 @@
 
 namespace {
 
+using Clock = std::chrono::steady_clock;
+
 bool settings_are_refused = false;
 
+// What a driver of a real port would tell, which no pseudo-terminal does, and when it was asked.
+struct Driver {
+  int full_answers = 0;    // so often the transmitter is not empty
+  int queued_answers = 0;  // so often a byte is in the queue
+  int asked = 0;
+  Clock::time_point dropped{};
+};
+Driver driver;
+
 }  // namespace
+
+extern "C" int ioctl(int handle, unsigned long request, ...) noexcept {
+  using Function = int (*)(int, unsigned long, void*);
+  static const auto own = reinterpret_cast<Function>(dlsym(RTLD_NEXT, "ioctl"));
+  va_list arguments;
+  va_start(arguments, request);
+  void* const argument = va_arg(arguments, void*);
+  va_end(arguments);
+  switch (request) {
+    case TIOCSERGETLSR:
+      ++driver.asked;
+      *static_cast<unsigned*>(argument) = driver.full_answers-- > 0 ? 0 : TIOCSER_TEMT;
+      return 0;
+    case TIOCOUTQ:
+      *static_cast<int*>(argument) = driver.queued_answers-- > 0 ? 1 : 0;
+      return 0;
+    case TIOCMBIC:
+      driver.dropped = Clock::now();
+      return 0;
+    default:
+      return own(handle, request, argument);
+  }
+}
 
 // Stands before the system's own, which no pseudo-terminal makes refuse.
 extern "C" int tcsetattr(int handle, int actions, const termios* settings) noexcept {
@@ -46,6 +84,7 @@ class SerialPortOnPosix : public testing::Test {
     // Kept open, so that the settings live while the port is closed.
     watcher_ = open(device_.c_str(), O_RDWR | O_NOCTTY);
     ASSERT_GE(watcher_, 0);
+    driver = Driver{};
   }
 
   void TearDown() override {
@@ -143,6 +182,53 @@ TEST_F(SerialPortOnPosix, ShowsNothingForAFailedWrite) {
 TEST_F(SerialPortOnPosix, ClosesTheOpenPortBeforeItOpensAnother) {
   ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
   EXPECT_EQ(PortStatus::kAbsent, port_->Open("/dev/none").status);
+  EXPECT_FALSE(port_->IsOpen());
+}
+
+// What 16 bytes of 11 bits take at 9600 baud.
+constexpr std::chrono::microseconds kBlockTime(18'333);
+
+TEST_F(SerialPortOnPosix, DropsTheLinesOnceTheLastStopBitHasLeft) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  const Clock::time_point sent = Clock::now();
+  ASSERT_EQ(16U, port_->Write(std::vector<std::uint8_t>(16, 0x55)));
+  port_->Close();
+  EXPECT_GE(driver.dropped - sent, kBlockTime);
+}
+
+TEST_F(SerialPortOnPosix, DoesNotWaitForWhatHasComeBack) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  std::vector<std::uint8_t> bytes(16, 0x55);
+  ASSERT_EQ(16U, port_->Write(bytes));
+  ASSERT_EQ(16, write(master_, bytes.data(), bytes.size()));
+  ASSERT_TRUE(port_->WaitForInput(16, 10'000));
+  ASSERT_EQ(16U, port_->Read(bytes));
+  port_->Close();
+  EXPECT_EQ(1, driver.asked);
+}
+
+TEST_F(SerialPortOnPosix, AsksTheDriverUntilItsTransmitterIsEmpty) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  driver.full_answers = 5;
+  port_->Close();
+  EXPECT_EQ(6, driver.asked);
+}
+
+TEST_F(SerialPortOnPosix, WaitsForTheQueueOfADriverThatDoesNotTell) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  driver.queued_answers = 5;
+  const Clock::time_point asked = Clock::now();
+  port_->Close();
+  EXPECT_GE(driver.asked, 6);
+  EXPECT_GE(driver.dropped - asked, 5 * kBlockTime / 16);
+}
+
+TEST_F(SerialPortOnPosix, IsClosedAfterASecondWhateverTheDriverTells) {
+  ASSERT_EQ(PortStatus::kOpen, port_->Open(device_).status);
+  driver.full_answers = 1'000'000;
+  const Clock::time_point asked = Clock::now();
+  port_->Close();
+  EXPECT_GE(driver.dropped - asked, std::chrono::seconds(1));
   EXPECT_FALSE(port_->IsOpen());
 }
 

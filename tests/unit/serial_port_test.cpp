@@ -190,11 +190,6 @@ TEST_F(MemoryLineTest, WaitsForInputWithoutTakingIt) {
   EXPECT_FALSE(line_.WaitForInput(1, 0));
 }
 
-TEST_F(MemoryLineTest, HasNothingLeftToSend) {
-  line_.Write(Bytes(16));
-  EXPECT_EQ(line_.UnsentBytes(), 0U);
-}
-
 TEST_F(MemoryLineTest, FailsWhenTold) {
   line_.incoming = {1, 2};
   line_.failed = true;

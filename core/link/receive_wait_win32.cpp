@@ -1,0 +1,92 @@
+#include "core/link/receive_wait_win32.h"
+
+#include <array>
+#include <string>
+
+namespace qz7 {
+namespace {
+
+constexpr UINT kFinestStepMilliseconds = 1;
+
+// By its full path, so that no other folder is looked into; and only now, because a program that
+// never needs it starts without it.
+HMODULE LoadTimerLibrary() {
+  std::array<char, MAX_PATH> folder{};
+  GetSystemDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
+  return LoadLibraryA((std::string(folder.data()) + "\\winmm.dll").c_str());
+}
+
+void CallTimer(HMODULE library, const char* function) {
+  using Function = UINT(WINAPI*)(UINT);
+  // NOLINTNEXTLINE(bugprone-casting-through-void): what the system returns has no type
+  const auto call =
+      reinterpret_cast<Function>(reinterpret_cast<void*>(GetProcAddress(library, function)));
+  if (call != nullptr) {
+    call(kFinestStepMilliseconds);
+  }
+}
+
+}  // namespace
+
+ReceiveWait::ReceiveWait() { operation_.hEvent = CreateEventA(nullptr, TRUE, FALSE, nullptr); }
+
+ReceiveWait::~ReceiveWait() { CloseHandle(operation_.hEvent); }
+
+HANDLE ReceiveWait::Arm(HANDLE port) {
+  if (waiting_ && IsPending(port)) {
+    return operation_.hEvent;
+  }
+  if (refused_) {
+    return nullptr;
+  }
+  ResetEvent(operation_.hEvent);
+  purged_ = false;
+  // The start of an exchange takes received bytes out of the events. A mask that is right is left
+  // alone: setting it forgets what has come since.
+  DWORD mask = 0;
+  waiting_ = GetCommMask(port, &mask) && (mask == EV_RXCHAR || SetCommMask(port, EV_RXCHAR)) &&
+             (WaitCommEvent(port, &events_, &operation_) || GetLastError() == ERROR_IO_PENDING);
+  if (!waiting_) {
+    Refuse();
+  }
+  return waiting_ ? operation_.hEvent : nullptr;
+}
+
+void ReceiveWait::End(HANDLE port) {
+  DWORD ignored = 0;
+  if (waiting_) {
+    SetCommMask(port, 0);
+    CancelIoEx(port, &operation_);
+    GetOverlappedResult(port, &operation_, &ignored, TRUE);
+  }
+  if (timer_library_ != nullptr) {
+    CallTimer(timer_library_, "timeEndPeriod");
+    FreeLibrary(timer_library_);
+    timer_library_ = nullptr;
+  }
+  waiting_ = false;
+  refused_ = false;
+}
+
+// An ended wait is taken: it waits no more, and may have been refused.
+bool ReceiveWait::IsPending(HANDLE port) {
+  DWORD ignored = 0;
+  if (WaitForSingleObject(operation_.hEvent, 0) != WAIT_OBJECT_0) {
+    return true;
+  }
+  waiting_ = false;
+  if (!GetOverlappedResult(port, &operation_, &ignored, FALSE) && !purged_) {
+    Refuse();
+  }
+  return false;
+}
+
+void ReceiveWait::Refuse() {
+  refused_ = true;
+  timer_library_ = LoadTimerLibrary();
+  if (timer_library_ != nullptr) {
+    CallTimer(timer_library_, "timeBeginPeriod");
+  }
+}
+
+}  // namespace qz7

@@ -1,0 +1,98 @@
+// What the user is told of an exchange that hears nothing, and how pauses are ended.
+
+#include "ctl/line_decorators.h"
+#include "resources/control_ids.h"
+#include "tests/model/exchange_model.h"
+
+namespace qz7::model {
+namespace {
+
+class SilentLine : public ExchangeModel {
+ protected:
+  SilentLine() { Open(); }
+
+  static void At(Time milliseconds, std::function<void()> look) {
+    TheWorld().After(milliseconds * kMillisecond, std::move(look));
+  }
+  static std::string Awaited() { return GetDlgItem(OpenDialog(), ID_AWAITED)->text; }
+};
+
+TEST_F(SilentLine, IsToldOnceByTheConsoleProgramAfterTenSeconds) {
+  At(9'900, [] { EXPECT_TRUE(told.empty()); });
+  At(10'100, [] { EXPECT_EQ(told.size(), 1U); });
+  GiveUpAfter(Program::kConsole, 40'000 * kMillisecond);
+  EXPECT_FALSE(Read(Program::kConsole));
+  EXPECT_EQ(told,
+            (std::vector<std::string>{
+                "Still waiting for the radio to start sending. Ctrl-C gives up.", "Given up."}));
+}
+
+TEST_F(SilentLine, IsToldByTheWindowUntilTheRadioStarts) {
+  SendingRadio radio;
+  radio.StartAfter(12'000 * kMillisecond);
+  At(9'900, [] { EXPECT_EQ(Awaited(), ""); });
+  At(10'100, [] { EXPECT_EQ(Awaited(), "Still waiting for the radio to start sending."); });
+  At(12'100, [] { EXPECT_EQ(Awaited(), ""); });
+  EXPECT_TRUE(Read(Program::kDesktop));
+}
+
+TEST_F(SilentLine, NamesTheAnswerThatAWriteWaitsFor) {
+  At(10'500, [] { EXPECT_EQ(Awaited(), "Still waiting for the radio's answer."); });
+  GiveUpAfter(Program::kDesktop, 11'000 * kMillisecond);
+  EXPECT_FALSE(Write(Program::kDesktop));
+}
+
+TEST_F(SilentLine, NamesTheCableThatGivesNothingBack) {
+  TheDevice().echoes = false;
+  GiveUpAfter(Program::kConsole, 11'000 * kMillisecond);
+  EXPECT_FALSE(Write(Program::kConsole));
+  EXPECT_EQ(told.at(0), "Still waiting for the cable to give back what was sent. Ctrl-C gives up.");
+}
+
+// Before the user has pressed OK.
+TEST_F(SilentLine, OfAWriteThatHasNotBegunWaitsForNothing) {
+  CloneImage image{};
+  CloneWrite write;
+  BeginCloneWrite(write, *port_, image);
+  Preferences preferences;
+  At(20'000, [] { EXPECT_EQ(Awaited(), ""); });
+  GiveUpAfter(Program::kDesktop, 20'001 * kMillisecond);
+  EXPECT_FALSE(ShowWriteDialog(write, *port_, preferences));
+}
+
+class Pausing : public ExchangeModel {
+ protected:
+  bool WriteWithPauses(int milliseconds) {
+    CloneImage image{};
+    PausingPort pausing(*port_, milliseconds);
+    CloneWrite write;
+    BeginCloneWrite(write, pausing, image);
+    CatchInterrupt();
+    StartCloneWrite(write, pausing, TemplateImage());
+    return RunCloneWrite(write, pausing, "COM3");
+  }
+};
+
+TEST_F(Pausing, PausesBeforeEachBlock) {
+  Open();
+  ReceivingRadio radio;
+  ASSERT_TRUE(WriteWithPauses(50));
+  const double pauses = 507 * 50.0 * kMillisecond;
+  EXPECT_GE(static_cast<double>(TheWorld().now - radio.started), kWire + pauses);
+  EXPECT_LE(static_cast<double>(TheWorld().now - radio.started), kWire + 1.4 * pauses);
+  port_->Close();
+  EXPECT_EQ(radio.received.size(), 8123U);
+}
+
+TEST_F(Pausing, IsGivenUpWithinATenthOfASecondInThePause) {
+  Open();
+  ReceivingRadio radio;
+  const Time given_up = TheWorld().now + 5'000 * kMillisecond;
+  GiveUpAfter(Program::kConsole, 5'000 * kMillisecond);
+  EXPECT_FALSE(WriteWithPauses(10'000));
+  EXPECT_GE(TheWorld().now, given_up);
+  EXPECT_LE(TheWorld().now - given_up, 100 * kMillisecond);
+}
+
+}  // namespace
+}  // namespace qz7::model
