@@ -39,15 +39,10 @@ bool CanWrite(const fs::path& path) {
   return true;
 }
 
-fs::path ChooseProfilePath() {
+fs::path WindowsFolder() {
   wchar_t folder[MAX_PATH] = L"";
   GetWindowsDirectoryW(folder, MAX_PATH);
-  const fs::path system_path = InFolder(folder, kProfileName);
-  if (CanWrite(system_path)) {
-    return system_path;
-  }
-  const fs::path user_folder = UserFolder();
-  return user_folder.empty() ? system_path : InFolder(user_folder, kProfileName);
+  return folder;
 }
 
 fs::path CurrentFolder() {
@@ -74,8 +69,14 @@ fs::path BesideProgram(const char* name) {
   return path.native().substr(0, NameOffset(path)) + fs::path(name).native();
 }
 
+fs::path ChooseProfilePath(const fs::path& system_folder, const fs::path& user_folder) {
+  const fs::path system_path = InFolder(system_folder, kProfileName);
+  return user_folder.empty() || CanWrite(system_path) ? system_path
+                                                      : InFolder(user_folder, kProfileName);
+}
+
 const fs::path& ProfilePath() {
-  static const fs::path path = ChooseProfilePath();
+  static const fs::path path = ChooseProfilePath(WindowsFolder(), UserFolder());
   return path;
 }
 

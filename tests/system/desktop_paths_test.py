@@ -174,5 +174,25 @@ class AnyLength(DesktopTest):
                          (self.preference("DataDir"), self.preference("DataDirUtf8")))
 
 
+class Profile(DesktopTest):
+    def test_is_the_users_own_where_the_systems_cannot_be_written(self):
+        users = os.path.join(self.desktop.prefix, "drive_c", "users")
+        os.unlink(self.preferences_path)
+        os.mkdir(self.preferences_path)  # a folder takes no text
+        try:
+            self.start()
+            self.answer(OK, desktop.ADVICE, TITLE, "OK")
+            self.leave()
+        finally:
+            os.rmdir(self.preferences_path)
+        own = [os.path.join(folder, name) for folder, _, names in os.walk(users)
+               for name in names if name == "Tamro.ini"]
+        self.assertEqual([os.path.join("AppData", "Roaming", "Tamro", "Tamro.ini")],
+                         [os.path.join(*path.split(os.sep)[-4:]) for path in own])
+        with open(own[0], encoding="cp1252") as file:
+            self.assertIn("DataDir=" + self.windows_path(), file.read().splitlines())
+        os.unlink(own[0])
+
+
 if __name__ == "__main__":
     desktop.main()

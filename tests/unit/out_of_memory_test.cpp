@@ -57,9 +57,12 @@ class OutOfMemory : public testing::Test {
     before->last_file_name = before->name;
   }
 
-  // Runs work on the document again and again; true while an allocation has failed.
+  // Runs work on the document again and again, an ever later allocation failing, until none does.
   void RunUntilEnough(
       const std::function<void(Document&)>& work, const std::function<void()>& prepare = [] {}) {
+    prepare();
+    auto wanted = std::make_unique<Document>(*before);
+    ASSERT_TRUE(RunWhole(*wanted, [&] { work(*wanted); }));
     for (std::size_t n = 1; n < 100'000; ++n) {
       test_seams = TestSeams{};
       prepare();
@@ -76,9 +79,10 @@ class OutOfMemory : public testing::Test {
         EXPECT_GT(n, 1U);
         return;
       }
-      ASSERT_TRUE(Tells(n));
+      // The standard library's own sorting asks for memory that it can do without.
+      ASSERT_TRUE(Tells(n) || (done && ShownTexts().empty() && Is(*wanted, n)));
       if (!done) {
-        ASSERT_TRUE(IsAsBefore(n));
+        ASSERT_TRUE(Is(*before, n));
       }
     }
     ADD_FAILURE() << "there is never enough";
@@ -93,18 +97,19 @@ class OutOfMemory : public testing::Test {
                       << "allocation " << n << " shows " << testing::PrintToString(texts);
   }
 
-  testing::AssertionResult IsAsBefore(std::size_t n) {
+  testing::AssertionResult Is(const Document& wanted, std::size_t n) {
     const bool same =
-        document->image == before->image && document->working_copy == before->working_copy &&
-        document->name == before->name && document->path == before->path &&
-        document->changed == before->changed && document->untitled == before->untitled &&
-        document->last_file_name == before->last_file_name &&
-        document->last_export_name == before->last_export_name &&
-        document->export_in_progress == before->export_in_progress &&
-        document->preferences.data_folder == before->preferences.data_folder &&
-        document->preferences.template_path == before->preferences.template_path;
+        document->image == wanted.image && document->working_copy == wanted.working_copy &&
+        document->name == wanted.name && document->path == wanted.path &&
+        document->changed == wanted.changed && document->untitled == wanted.untitled &&
+        document->last_file_name == wanted.last_file_name &&
+        document->last_export_name == wanted.last_export_name &&
+        document->export_in_progress == wanted.export_in_progress &&
+        document->preferences.data_folder == wanted.preferences.data_folder &&
+        document->preferences.template_path == wanted.preferences.template_path;
     return same ? testing::AssertionSuccess()
-                : testing::AssertionFailure() << "allocation " << n << " changes the document";
+                : testing::AssertionFailure()
+                      << "the document is another one after allocation " << n;
   }
 
   std::filesystem::path PutIntactFile(const char* name, std::string_view magic) {
@@ -232,7 +237,7 @@ TEST_F(OutOfMemory, AnyOtherExceptionSaysWhatItIs) {
   }));
   EXPECT_EQ(ShownTexts(), std::vector<std::string>{"the printer burns"});
   EXPECT_EQ(test_seams.messages[0].caption, "QZ-7H Programmer");
-  EXPECT_TRUE(IsAsBefore(0));
+  EXPECT_TRUE(Is(*before, 0));
   EXPECT_EQ(test_seams.titles.back(), "QZ-7H Programmer - a document with a long name.rdf");
 }
 
