@@ -34,7 +34,7 @@ endforeach()
 qz7_test(help_recorded 60 python3 ${CMAKE_CURRENT_SOURCE_DIR}/help/recorded.py ${records})
 set_tests_properties(help_recorded PROPERTIES FIXTURES_REQUIRED record)
 
-foreach(part desktop_test desktop_exchange_test desktop_faults_test desktop_help_test desktop_list_test
+foreach(part desktop_test desktop_exchange_test desktop_faults_test desktop_help_test
     desktop_paths_test desktop_printing_test desktop_session_test)
   qz7_wine_test(${part} 900 python3 ${system}/${part}.py ${programs} ${native})
   set_tests_properties(${part} PROPERTIES RESOURCE_LOCK desktop
