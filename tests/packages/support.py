@@ -63,12 +63,11 @@ def asked_of_the_system(program):
 
 
 class FreshDesktop(desktop.Desktop):
-    """With a prefix that nothing was ever installed into; names in it are any."""
+    """With a prefix that nothing was ever installed into."""
 
     def open(self, windows_programs):
         self.prefix = tempfile.mkdtemp()
         self.ends.append(lambda: shutil.rmtree(self.prefix, ignore_errors=True))
-        os.environ["LC_ALL"] = "C.UTF-8"
         super().open(windows_programs)
 
 

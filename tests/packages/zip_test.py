@@ -30,16 +30,19 @@ class Zip(PackageTest):
             with self.subTest(name):
                 self.assert_needs_windows_7_only(os.path.join(self.unpacked, name))
 
+    def files_of_the_system(self):
+        return files_below(os.path.join(self.desktop.prefix, "drive_c"))
+
     def test_starts_from_a_folder_of_any_name_and_opens_a_document_there(self):
         self.make_document("hill.rdf", comment="on the hill")
         name = os.path.join(OTHER_LETTERS, OTHER_LETTERS + ".rdf")
         os.rename(self.path("hill.rdf"), self.path(name))
-        before = files_below(self.folder)
+        before = files_below(self.folder), self.files_of_the_system()
         self.start_program(self.windows_path(OTHER_LETTERS, OTHER_LETTERS + ".rdf"),
                            program=os.path.join(self.unpacked, "qz7.exe"))
         self.assert_shows("on the hill")
         self.leave_and_wait()
-        self.assertEqual(before, files_below(self.folder))
+        self.assertEqual(before, (files_below(self.folder), self.files_of_the_system()))
 
     def test_its_console_program_runs_there(self):
         told = self.wine(os.path.join(self.unpacked, "qz7ctl.exe"), "--version")

@@ -24,6 +24,8 @@ NEW_NAME = "NONAME.RDF"
 ADVICE = ("One of the first things you should do\nis create a template file.\n"
           "Select Help|Contents for instructions.")
 LIMIT = 60  # seconds; far beyond what any step takes, for a machine under load
+# Wine offers to fetch the first two, and the third writes into the menus of the user's own desktop.
+OVERRIDES = "mscoree,mshtml,winemenubuilder.exe="
 PORT = 7  # real ports of the machine, if it has any, start at COM1
 
 OK, CANCEL, RETRY, YES, NO = 1, 2, 4, 6, 7
@@ -103,8 +105,7 @@ class Desktop:
         fcntl.flock(lock, fcntl.LOCK_EX)
         # Names are UTF-8 outside Wine, whatever this machine is set to, and 1252 inside.
         self.environment = dict(os.environ, WINEPREFIX=self.prefix, DISPLAY=self.open_screen(),
-                                LC_ALL="C.UTF-8",
-                                WINEDLLOVERRIDES="mscoree,mshtml=", WINEDEBUG="-all")
+                                LC_ALL="C.UTF-8", WINEDLLOVERRIDES=OVERRIDES, WINEDEBUG="-all")
         self.start("openbox")
         self.open_wine()
         self.driver = Driver(windows_programs, self.environment)
