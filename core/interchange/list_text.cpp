@@ -62,8 +62,8 @@ std::string Utf8OfUtf16(std::string_view bytes, Encoding encoding) {
   std::string text;
   std::uint32_t high = 0;
   for (std::size_t i = 0; i + 1 < bytes.size(); i += 2) {
-    const auto first = static_cast<unsigned char>(bytes[i]);
-    const auto second = static_cast<unsigned char>(bytes[i + 1]);
+    const std::uint32_t first = static_cast<unsigned char>(bytes[i]);
+    const std::uint32_t second = static_cast<unsigned char>(bytes[i + 1]);
     const std::uint32_t unit =
         encoding == Encoding::kUtf16Little ? first | second << 8 : first << 8 | second;
     if (unit >= 0xD800 && unit < 0xDC00) {
