@@ -44,6 +44,8 @@ void AddPortCommands(CLI::App& program, Arguments& args);
 void AddEditCommands(CLI::App& program, Arguments& args);
 void AddInterchangeCommands(CLI::App& program, Arguments& args);
 void AddCodeplugCommands(CLI::App& program, Arguments& args);
+// The commands that explain the others; they come last.
+void AddGuidance(CLI::App& program, Arguments& args);
 
 // Adds an argument or an option that names a file.
 CLI::Option* AddPath(CLI::App* sub, const char* name, std::filesystem::path& target,

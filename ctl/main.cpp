@@ -5,6 +5,7 @@
 
 #include "ctl/arguments.h"
 #include "ctl/console.h"
+#include "ctl/guidance.h"
 #include "ctl/process.h"
 #include "ctl/terminal.h"
 
@@ -20,7 +21,7 @@ int Explain(const CLI::App& program, const CLI::ParseError& error) {
   const CLI::App& app = chosen.empty() ? program : *chosen.front();
   const std::vector<std::string> unknown = program.remaining();
   if (chosen.empty() && !unknown.empty() && !unknown.front().starts_with("-")) {
-    std::cerr << "qz7ctl: there is no command \"" << unknown.front() << "\"\n";
+    std::cerr << "qz7ctl: " << NoSuchCommand(program, unknown.front()) << '\n';
   } else {
     std::cerr << "qz7ctl: " << error.what() << '\n';
   }
@@ -54,6 +55,11 @@ int RunProgram(const std::vector<std::string>& arguments) {
   AddInterchangeCommands(program, args);
   AddCodeplugCommands(program, args);
   AddPortCommands(program, args);
+  AddGuidance(program, args);
+  if (arguments.empty()) {
+    std::cerr << program.help();
+    return kWrongUsage;
+  }
   try {
     // The parser takes the words from the end.
     program.parse(std::vector<std::string>(arguments.rbegin(), arguments.rend()));

@@ -15,7 +15,8 @@ RUNNER = [sys.argv.pop(1)] if len(sys.argv) > 1 else []
 
 SAMPLES = set(os.listdir(os.path.join(TOP, "samples")))
 LINUX = {"bin/qz7ctl", "bin/qz7radio", "share/man/man1/qz7ctl.1", "share/man/man1/qz7radio.1",
-         "share/qz7/codeplug.schema.json",
+         "share/bash-completion/completions/qz7ctl", "share/zsh/site-functions/_qz7ctl",
+         "share/fish/vendor_completions.d/qz7ctl.fish", "share/qz7/codeplug.schema.json",
          *("share/doc/qz7/" + name
            for name in ("CHANGELOG.md", "README.md", "changelog", "copyright"))}
 WINDOWS = {"qz7.exe", "qz732.dll", "qz7.fon", "qz7.hlp", "qz7ctl.exe",

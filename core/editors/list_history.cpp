@@ -41,17 +41,20 @@ RowsChange Undo(ListHistory& history, CloneImage& image) {
   if (!CanUndo(history)) {
     return {.beep = true, .selection = {}};
   }
-  const std::vector<int>& rows = history.steps[history.at].rows_before;
+  RowsChange change =
+      Show(image, history.steps[history.at - 1].image, history.steps[history.at].rows_before);
   --history.at;
-  return Show(image, history.steps[history.at].image, rows);
+  return change;
 }
 
 RowsChange Redo(ListHistory& history, CloneImage& image) {
   if (!CanRedo(history)) {
     return {.beep = true, .selection = {}};
   }
+  const ListStep& next = history.steps[history.at + 1];
+  RowsChange change = Show(image, next.image, next.rows_after);
   ++history.at;
-  return Show(image, history.steps[history.at].image, history.steps[history.at].rows_after);
+  return change;
 }
 
 }  // namespace qz7

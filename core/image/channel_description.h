@@ -21,8 +21,8 @@ using NamedValue = std::pair<std::string, std::string>;
 std::vector<NamedValue> DescribeChannel(const CloneImage& image, int n,
                                         const RegionVariant& region);
 
-// Whether channel n can have that field: VFO slots lack the name, and special slots what only memory
-// channels have.
+// Whether channel n can have that field: VFO slots lack the name, and special slots what only
+// memory channels have.
 bool SlotHasField(int n, std::string_view field);
 
 // How the console program and the comparison name a slot: "channel 12", "channel L1",

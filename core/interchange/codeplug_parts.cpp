@@ -179,6 +179,7 @@ std::string StoreGroup(CloneImage& image, int g, const std::string& text) {
 
 CodeplugPart GroupsPart() {
   CodeplugPart part{.name = "groups", .rows = {}};
+  part.rows.reserve(kGroupCount);
   for (int g = 0; g < kGroupCount; ++g) {
     part.rows.push_back(
         {.name = std::to_string(g + 1),

@@ -104,7 +104,9 @@ void BuildPieces(const ValueTree& other, int n, const std::string& place, CloneI
   if (!HasMembers(other, place, errors)) {
     return;
   }
-  for (const auto& [name, value] : other.members) {
+  for (const ValueTree::Member& member : other.members) {
+    const std::string& name = member.name;
+    const ValueTree& value = member.value;
     const std::string piece_place = place + "/" + name;
     const auto* piece = std::find_if(
         kPieces.begin(), kPieces.end(),

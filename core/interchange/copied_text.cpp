@@ -3,15 +3,14 @@
 #include <algorithm>
 #include <iterator>
 #include <memory>
-#include <numeric>
+#include <utility>
 
 #include "core/files/csv_export.h"
 #include "core/image/derived_tables.h"
 #include "core/image/text_codec.h"
-#include "core/interchange/field_splitter.h"
-#include "core/interchange/import_columns.h"
 #include "core/interchange/import_placement.h"
 #include "core/interchange/import_selection.h"
+#include "core/interchange/list_recognition.h"
 
 namespace qz7 {
 namespace {
@@ -33,41 +32,41 @@ void AppendLine(std::string& text, const CsvFields& fields) {
 }
 
 // Tabs come from a spreadsheet's cells, semicolons from where the comma is the decimal point.
-char SeparatorIn(std::string_view first_line) {
+char SeparatorIn(std::string_view text) {
+  const std::string_view line = text.substr(0, text.find('\n'));
   for (const char separator : {'\t', ';'}) {
-    if (first_line.find(separator) != std::string_view::npos) {
+    if (line.find(separator) != std::string_view::npos) {
       return separator;
     }
   }
   return ',';
 }
 
-// Whether a cell names the receive frequency, without which no line can be read. A cell "Skip" may
-// as well be a channel's mark.
-bool HasTitles(ImportSession& session, std::string_view first_line) {
-  for (auto cell = FirstField(session, first_line); cell; cell = NextField(session)) {
-    if (FieldOfHeader(*cell) == kRxFrequency) {
-      return true;
-    }
-  }
-  return false;
+// A list that can be read: by the names in its header line, otherwise in the export's order.
+struct ReadyText {
+  std::string text;
+  char separator;
+};
+
+// Behind a line feed nothing of an earlier, longer line is read.
+ReadyText InExportsOrder(std::string_view text, char separator) {
+  return {.text = std::string(text) + "\n", .separator = separator};
 }
 
-// The session as the import's windows would leave it.
-ImportSession SessionFor(ImportLines& lines) {
-  ImportSession session;
-  ImportOptions options;
-  const std::string_view first_line = NextLine(lines).value_or("");
-  options.field_separator = SeparatorIn(first_line);
-  TakeImportOptions(session, options);
-  session.options.headers = HasTitles(session, first_line);
-  session.line_count = CountLines(lines);
-  ColumnDialog dialog = OpenColumnDialog(session, lines);
-  if (!session.options.headers) {
-    std::iota(dialog.columns.begin(), dialog.columns.end(), std::uint32_t{1});
+// What this program has copied keeps the tones that no tone mode uses: the recognition drops them.
+ReadyText ReadyToRead(std::string_view text) {
+  std::string titles = TextOfChannels({});
+  titles.erase(titles.find('\r'));
+  if (text.starts_with(titles)) {
+    return InExportsOrder(text.substr(titles.size()), '\t');
   }
-  AcceptColumns(session, dialog);
-  return session;
+  const std::string utf8 = "\xEF\xBB\xBF" + ToUtf8(text);
+  RecognisedList list =
+      RecogniseList({reinterpret_cast<const std::uint8_t*>(utf8.data()), utf8.size()});
+  if (list.is_recognised) {
+    return {.text = std::move(list.text), .separator = ','};
+  }
+  return InExportsOrder(text, SeparatorIn(text));
 }
 
 }  // namespace
@@ -90,10 +89,15 @@ std::string TextOfChannels(std::span<const ChannelCopy> channels) {
 std::vector<ChannelCopy> ChannelsOfText(const CloneImage& image, std::string_view text,
                                         const RegionVariant& region) {
   const auto room = std::make_unique<CloneImage>(image);
-  // Behind a line feed nothing of an earlier, longer line is read.
-  const std::string whole = std::string(text) + "\n";
-  ImportLines lines = LinesOf({reinterpret_cast<const std::uint8_t*>(whole.data()), whole.size()});
-  ImportSession session = SessionFor(lines);
+  const ReadyText ready = ReadyToRead(text);
+  ImportLines lines =
+      LinesOf({reinterpret_cast<const std::uint8_t*>(ready.text.data()), ready.text.size()});
+  ImportSession session;
+  ImportOptions options;
+  options.field_separator = ready.separator;
+  TakeImportOptions(session, options);
+  session.line_count = CountLines(lines);
+  session.columns = kRecognisedColumns;
   const std::optional<ImportList> list = OpenSelection(*room, session, lines);
   std::vector<ChannelCopy> channels;
   if (list) {

@@ -15,9 +15,9 @@ namespace qz7 {
 // by CR LF. A tab or a line end inside a name or a comment becomes a blank.
 std::string TextOfChannels(std::span<const ChannelCopy> channels);
 
-// The channels of such a text, or of any other that import reads, a list with commas or semicolons
-// too: by its titles where the first line names the receive frequency, otherwise in the export's
-// order. Lines whose receive frequency the image's radio does not accept are left out.
+// The channels of such a text, or of any other list: recognised by its header line where that names
+// a receive frequency, otherwise with the columns in the export's order between tabs, semicolons or
+// commas. Lines whose receive frequency the image's radio does not accept are left out.
 std::vector<ChannelCopy> ChannelsOfText(const CloneImage& image, std::string_view text,
                                         const RegionVariant& region);
 

@@ -38,7 +38,7 @@ class Key {
     }
   }
 
-  HKEY handle() const { return key_; }
+  HKEY Handle() const { return key_; }
 
   // A text value; empty where there is none.
   std::wstring Text(const wchar_t* name) const {
@@ -80,7 +80,7 @@ std::vector<std::wstring> NamesInRegistry() {
   const Key list(HKEY_LOCAL_MACHINE, L"HARDWARE\\DEVICEMAP\\SERIALCOMM");
   std::array<wchar_t, kLongestName> value{};
   DWORD size = kLongestName;
-  for (DWORD i = 0; RegEnumValueW(list.handle(), i, value.data(), &size, nullptr, nullptr, nullptr,
+  for (DWORD i = 0; RegEnumValueW(list.Handle(), i, value.data(), &size, nullptr, nullptr, nullptr,
                                   nullptr) == ERROR_SUCCESS;
        ++i) {
     names.push_back(list.Text(value.data()));
@@ -105,8 +105,8 @@ std::vector<std::wstring> NamesOfDevices() {
 // What a device calls itself, where it has a port. One that works now has a "Control" key; others
 // have only been here once.
 void NoteDevice(const Key& device, std::map<std::wstring, std::wstring>& descriptions) {
-  const std::wstring port = Key(device.handle(), L"Device Parameters").Text(L"PortName");
-  if (!IsPortName(port) || Key(device.handle(), L"Control").handle() == nullptr) {
+  const std::wstring port = Key(device.Handle(), L"Device Parameters").Text(L"PortName");
+  if (!IsPortName(port) || Key(device.Handle(), L"Control").Handle() == nullptr) {
     return;
   }
   std::wstring text = device.Text(L"FriendlyName");
@@ -119,7 +119,7 @@ void NoteDevice(const Key& device, std::map<std::wstring, std::wstring>& descrip
 
 void ForEachChild(const Key& key, const std::function<void(const Key&)>& visit) {
   for (const std::wstring& name : key.Children()) {
-    visit(Key(key.handle(), name));
+    visit(Key(key.Handle(), name));
   }
 }
 

@@ -15,7 +15,7 @@ std::string PortNote(int index, const std::vector<PortInfo>& ports) {
   const std::string name = PortName(index);
   const auto port = std::find_if(ports.begin(), ports.end(),
                                  [&](const PortInfo& info) { return info.name == name; });
-  return port == ports.end() ? "There is no " + name + " at present." : port->description;
+  return port == ports.end() ? "The system lists no " + name + " at present." : port->description;
 }
 
 bool OpenChosenPort(SerialPort& port, int index) {

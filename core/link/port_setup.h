@@ -13,8 +13,8 @@ inline constexpr int kHighestPort = 9;
 // "COM3"
 std::string PortName(int index);
 
-// What the port window says beside the choice: what the port is, or that there is none. In UTF-8;
-// empty for "None".
+// What the port window says beside the choice: what the port is, or that the system lists none. In
+// UTF-8; empty for "None".
 std::string PortNote(int index, const std::vector<PortInfo>& ports);
 
 // Opens the chosen port; an open one is closed first. False, with nothing shown, for no port.

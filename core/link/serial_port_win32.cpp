@@ -1,6 +1,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <cctype>
 #include <chrono>
 #include <string>
 
@@ -60,7 +61,10 @@ COMMTIMEOUTS NonWaitingReads() {
 // From 10 on a port has no name among the files.
 std::string DevicePath(const std::string& device) {
   constexpr std::size_t kShortName = sizeof "COM9" - 1;
-  const bool is_port = device.starts_with("COM") && device.size() > kShortName;
+  std::string start = device.substr(0, sizeof "COM" - 1);
+  std::transform(start.begin(), start.end(), start.begin(),
+                 [](unsigned char letter) { return static_cast<char>(std::toupper(letter)); });
+  const bool is_port = start == "COM" && device.size() > kShortName;
   return is_port ? R"(\\.\)" + device : device;
 }
 

@@ -57,7 +57,7 @@ std::optional<int> CommandOfKey(int key) {
 }
 
 void ShowListMenu(HWND dialog, POINT at, const ListHistory& history) {
-  const HMENU menu = LoadMenuA(dialog_modules.library, "DLLMenuListMemory");
+  const HMENU menu = LoadMenuA(dialog_modules.program, "MemoryListMenu");
   const auto enable = [&](UINT command, bool enabled) {
     EnableMenuItem(menu, command, enabled ? MF_ENABLED : MF_GRAYED);
   };

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "core/editors/memory_list.h"
+#include "core/files/unexpected.h"
 #include "desktop/editors/channel_rows_dialog.h"
 #include "desktop/editors/list_columns.h"
 #include "desktop/editors/list_commands.h"
@@ -66,7 +67,7 @@ void SelectUnder(HWND list, POINT at) {
 POINT PointOf(LPARAM l) { return {static_cast<short>(LOWORD(l)), static_cast<short>(HIWORD(l))}; }
 
 // What a list box does not tell its dialog.
-LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR) {
+void OnListMessage(HWND list, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_SYSKEYDOWN:
       RunKey(list, w);
@@ -77,11 +78,19 @@ LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM w, LPARAM l, UINT_PTR 
     case WM_RBUTTONDOWN:
       SelectUnder(list, PointOf(l));
       break;
-    case WM_NCDESTROY:
-      RemoveWindowSubclass(list, ListProc, id);
-      break;
     default:
       break;
+  }
+}
+
+LRESULT CALLBACK ListProc(HWND list, UINT message, WPARAM w, LPARAM l, UINT_PTR id, DWORD_PTR) {
+  try {
+    OnListMessage(list, message, w, l);
+  } catch (...) {
+    ShowUnexpected();
+  }
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(list, ListProc, id);
   }
   return DefSubclassProc(list, message, w, l);
 }

@@ -1,5 +1,7 @@
 #include "tests/model/device.h"
 
+#include <strings.h>
+
 #include <cstring>
 
 #include "tests/model/port.h"
@@ -69,7 +71,7 @@ HANDLE CreateFileA(LPCSTR name, DWORD /*access*/, DWORD /*share*/, void* /*secur
                    DWORD /*disposition*/, DWORD flags, HANDLE /*pattern*/) {
   EnterCall();
   Device& device = TheDevice();
-  const bool known = std::strcmp(name, "COM3") == 0 || std::strcmp(name, R"(\\.\COM12)") == 0;
+  const bool known = std::strcmp(name, "COM3") == 0 || strcasecmp(name, R"(\\.\COM12)") == 0;
   if (!known || !device.plugged || flags != FILE_FLAG_OVERLAPPED) {
     Fail(ERROR_FILE_NOT_FOUND);
     return INVALID_HANDLE_VALUE;

@@ -111,8 +111,9 @@ TEST_F(PortModel, KeepsLineErrorsThatAnotherQuestionCleared) {
   EXPECT_EQ(port_->LineErrors(), 0U);
 }
 
-TEST_F(PortModel, OpensPortsBeyondNine) {
+TEST_F(PortModel, OpensPortsBeyondNineHoweverTheyAreSpelt) {
   EXPECT_EQ(port_->Open("COM12").status, PortStatus::kOpen);
+  EXPECT_EQ(port_->Open("com12").status, PortStatus::kOpen);
   EXPECT_EQ(port_->Open("COM13").status, PortStatus::kAbsent);
 }
 

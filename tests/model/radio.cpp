@@ -64,7 +64,7 @@ void ReceivingRadio::Hear(std::uint8_t byte) {
   finished = TheWorld().now;
   const std::size_t count = received.size();
   if (count == kHeader || count == kFirstBlock || count == kMemory || count == kMemory + 1) {
-    Later(kReaction, [this] { TheDevice().RadioSends(kAcknowledge); });
+    Later(kReaction, [] { TheDevice().RadioSends(kAcknowledge); });
   }
 }
 

@@ -201,8 +201,8 @@ class Usage(SystemTest):
         for call in (["rowz"], ["rowz", "a.rdf"], ["rowz", "a.rdf", "--json"]):
             status, out, err = self.ctl(*call)
             self.assertEqual((2, ""), (status, out))
-            self.assertTrue(err.startswith("qz7ctl: there is no command \"rowz\"\nUsage: qz7ctl"),
-                            err)
+            self.assertTrue(err.startswith("qz7ctl: there is no command \"rowz\"; do you mean "
+                                           "\"rows\"?\nUsage: qz7ctl"), err)
 
     def test_help_and_version_go_to_standard_output(self):
         for call in (["--help"], ["read", "--help"], ["--version"]):

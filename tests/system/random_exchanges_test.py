@@ -1,18 +1,19 @@
 #!/usr/bin/env python3
-"""Exchanges in a row, each with random faults by its seed: random_exchanges_test.py FOLDER [COUNT]
+"""Exchanges in a row, each with random faults by its seed (1 to 16, if not told):
+random_exchanges_test.py FOLDER [FIRST LAST]
 
 Each ends as its faults say, leaves whole files or none, and no process or descriptor."""
 import collections
 import os
+import re
 import signal
-import subprocess
 import sys
 import time
 import unittest
 
 from qz7 import BLOCK, SystemTest
 
-COUNT = 16
+SEEDS = range(1, 17)
 # What ends an exchange.
 DONE, WAITS = "done", "Given up."
 TIMEOUT, CHECKSUM = "Receive Timeout", "Checksum Error"
@@ -28,6 +29,8 @@ READ_ENDS = {
     "stall": {TIMEOUT, WAITS}, "drop": {TIMEOUT, WAITS, CHECKSUM},
     "double": {CHECKSUM, ANSWER, WAITS}, "hangup": {GONE, DONE},
 }
+# A sum of eight bits does not see two of these that cancel each other.
+SUMMED = {"checksum", "flip", "double", "drop"}
 # The program sees no more of the radio than its echo and its answers; a byte that is echoed twice
 # moves all behind it, so that an echo is taken for the last answer.
 WRITE_ENDS = {
@@ -35,12 +38,33 @@ WRITE_ENDS = {
     "no-ack": {WAITS, DONE}, "no-echo": {WAITS, DONE}, "stall": {WAITS, DONE},
     "drop": {WAITS, DONE}, "hangup": {GONE, DONE}, "checksum": {DONE},
 }
-# So long nothing has to move before the user gives up.
-PATIENCE = 0.4
+# So often the program looks in vain, each 10 ms, before the user gives up.
+LOOKS = 40
 
 
 def descriptors():
     return len(os.listdir("/proc/self/fd"))
+
+
+def numbers(pid):
+    """What the system counts of a process; empty once it has ended."""
+    found = {}
+    try:
+        for name in ("io", "status"):
+            with open(f"/proc/{pid}/{name}", encoding="ascii", errors="replace") as file:
+                found.update(re.findall(r"^(rchar|voluntary_ctxt_switches):\s*(\d+)", file.read(),
+                                        re.MULTILINE))
+    except OSError:
+        return {}
+    return {name: int(value) for name, value in found.items()} if len(found) == 2 else {}
+
+
+def sleeps(pid):
+    try:
+        with open(f"/proc/{pid}/stat", encoding="ascii") as file:
+            return file.read().rsplit(")", 1)[1].split()[0] in "SZ"
+    except OSError:
+        return True
 
 
 class RandomExchanges(SystemTest):
@@ -53,31 +77,27 @@ class RandomExchanges(SystemTest):
         self.endings = collections.Counter()
         self.faults = collections.Counter()
 
-    def end(self, program):
+    def end(self, program, radio):
         """Gives up where nothing moves any more; returns the status and what was told."""
-        last, since = None, time.monotonic()
         while program.poll() is None:
-            trace = self.path("trace")
-            now = os.path.getsize(trace) if os.path.exists(trace) else 0
-            used = self.time_used(program.pid)
-            if (now, used) != last:
-                last, since = (now, used), time.monotonic()
-            if time.monotonic() - since > PATIENCE:
+            if self.stands_still(program, radio.process.pid):
                 program.send_signal(signal.SIGINT)
-                since = time.monotonic()
-            time.sleep(0.01)
         out, err = program.communicate()
         self.assertEqual(b"", out)
         return program.returncode, err.decode()
 
     @staticmethod
-    def time_used(pid):
-        """Processor time, in steps of which a waiting program makes none."""
-        try:
-            with open(f"/proc/{pid}/stat", encoding="ascii") as file:
-                return sum(map(int, file.read().rsplit(")", 1)[1].split()[11:13])) // 5
-        except OSError:
-            return 0
+    def stands_still(program, radio):
+        """The program has looked for bytes again and again, none came, and the radio sleeps."""
+        first = numbers(program.pid)
+        while program.poll() is None and sleeps(radio):
+            now = numbers(program.pid)
+            if not now or now["rchar"] != first.get("rchar"):
+                return False
+            if now["voluntary_ctxt_switches"] - first["voluntary_ctxt_switches"] > LOOKS:
+                return True
+            time.sleep(0.005)
+        return False
 
     def exchange(self, seed):
         sends = seed % 2 == 0
@@ -86,7 +106,7 @@ class RandomExchanges(SystemTest):
         arguments = (["read", "new.rdf"] if sends else
                      ["write", "--template", "t.tpl", "a.rdf"])
         program = self.start(*arguments, "--port", radio.port, "--trace", "trace")
-        status, err = self.end(program)
+        status, err = self.end(program, radio)
         told = radio.stop()
         self.radios.remove(radio)
         radio.process.stdout.close()
@@ -104,33 +124,37 @@ class RandomExchanges(SystemTest):
         self.endings[ending] += 1
         self.faults.update(fault.split("@")[0] for fault in faults)
         self.assertEqual(0 if ending == "done" else 1, status, err)
-        ends = [(READ_ENDS if sends else WRITE_ENDS)[fault.split("@")[0]] for fault in faults]
-        self.assertIn(ending, set().union({DONE} if not ends else set(), *ends), faults)
-        if ending == DONE:
+        kinds = {fault.split("@")[0] for fault in faults}
+        ends = [(READ_ENDS if sends else WRITE_ENDS)[kind] for kind in kinds]
+        # On a machine under load any stream may stand still for a quarter of a second.
+        always = ({TIMEOUT} if sends else set()) | (set() if ends else {DONE})
+        cancelled = sends and ending == DONE and len(kinds & SUMMED) > 1
+        self.assertTrue(cancelled or ending in always.union(*ends), (ending, faults))
+        if ending == DONE and not cancelled:
             self.assertTrue(all(DONE in end for end in ends), faults)
         self.assertEqual(self.document, self.read_bytes("a.rdf"))
         new = os.path.exists(self.path("new.rdf"))
         self.assertEqual(sends and status == 0, new)
         # A file is there only where nothing of it is wrong.
-        if new:
+        if new and not cancelled:
             self.assertEqual(self.document[BLOCK], self.read_bytes("new.rdf")[BLOCK])
         if os.path.exists(self.path("got")):
-            self.assertEqual(self.document[BLOCK][14:], self.read_bytes("got")[BLOCK][14:])
+            self.assertEqual(self.document[BLOCK][14:], self.read_bytes("got")[14:], faults)
 
     def test_each_ends_as_its_faults_say_and_leaves_nothing(self):
         before = descriptors()
-        for seed in range(1, COUNT + 1):
+        for seed in SEEDS:
             with self.subTest(seed=seed):
                 self.exchange(seed)
         self.assertEqual(before, descriptors())
         self.assertEqual(self.files, set(os.listdir(self.folder)))
         with self.assertRaises(ChildProcessError):
             os.waitpid(-1, os.WNOHANG)
-        print(f"{COUNT} exchanges:", dict(self.endings), "faults:", dict(self.faults))
+        print(f"{len(SEEDS)} exchanges:", dict(self.endings), "faults:", dict(self.faults))
 
 
 if __name__ == "__main__":
     SystemTest.programs = os.path.abspath(sys.argv.pop(1))
-    if len(sys.argv) > 1 and sys.argv[1].isdigit():
-        COUNT = int(sys.argv.pop(1))
+    if len(sys.argv) > 2:
+        SEEDS = range(int(sys.argv.pop(1)), int(sys.argv.pop(1)) + 1)
     unittest.main()

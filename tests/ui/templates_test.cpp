@@ -284,16 +284,17 @@ TEST(Templates, EveryPopupHasADefaultButton) {
 }
 
 BOOL CALLBACK AddType(HMODULE, LPSTR type, LONG_PTR types) {
-  reinterpret_cast<std::vector<LPSTR>*>(types)->push_back(type);
+  reinterpret_cast<std::vector<ULONG_PTR>*>(types)->push_back(reinterpret_cast<ULONG_PTR>(type));
   return TRUE;
 }
 
 TEST(ResourceLibrary, HoldsTemplatesAndBitmapsAlone) {
   const HMODULE library = LoadLibraryW(BesideProgram("qz732.dll").c_str());
-  std::vector<LPSTR> types;
+  std::vector<ULONG_PTR> types;  // no texts: their numbers
   EnumResourceTypesA(library, AddType, reinterpret_cast<LONG_PTR>(&types));
   std::sort(types.begin(), types.end());
-  EXPECT_EQ(types, (std::vector<LPSTR>{RT_BITMAP, RT_DIALOG}));
+  EXPECT_EQ(types, (std::vector{reinterpret_cast<ULONG_PTR>(RT_BITMAP),
+                                reinterpret_cast<ULONG_PTR>(RT_DIALOG)}));
   FreeLibrary(library);
 }
 

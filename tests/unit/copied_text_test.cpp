@@ -66,10 +66,34 @@ TEST(CopiedText, ComesBackAsTheExportComesBackThroughImport) {
   EXPECT_EQ(CsvFieldsOf(*image, 9), CsvFieldsOf(*image, 5));
 }
 
+// Shift and tone mode, power, skip: all that the columns hold. 0 is Low1, which import does not
+// know.
+TEST(CopiedText, ComesBackForEveryKindOfChannel) {
+  for (int kind = 0; kind < 4 * 3 * 2 * 2; ++kind) {
+    SCOPED_TRACE(kind);
+    auto image = BerlinImage();
+    const int shift = kind % 4;
+    const int tone_mode = kind / 4 % 3;
+    const int power = kind / 12 % 2 == 0 ? 2 : 3;
+    const std::size_t record = RecordPlace(5);
+    (*image)[record + 17] = static_cast<std::uint8_t>(tone_mode << 4 | power << 2 | shift);
+    if (shift == 3) {
+      PutBytes(*image, record + 14, {0x43, 0x90, 0x12});
+    }
+    SetSkip(*image, 5, kind / 24 == 1);
+    RebuildDerivedTables(*image);
+    const auto back = ChannelsOfText(*image, TextOf(*image, 5), test_region);
+    ASSERT_EQ(back.size(), 1U);
+    PlaceCopy(*image, 9, back[0]);
+    RebuildDerivedTables(*image);
+    EXPECT_EQ(CsvFieldsOf(*image, 9), CsvFieldsOf(*image, 5));
+  }
+}
+
 TEST(CopiedText, OfAnySpreadsheetIsReadByItsTitles) {
   const auto back = ChannelsOfText(*BerlinImage(),
                                    "Call Sign\tNumber\tOutput Frequency\n"
-                                   "DB0X\t1\t439.1\nnone\t2\t9999\nDB0Y\t3\t438.8",
+                                   "DB0X\t1\t439.1\nnone\t2\tunknown\nDB0Y\t3\t438.8",
                                    test_region);
   ASSERT_EQ(back.size(), 2U);
   EXPECT_EQ(RecordName(back[0].record), "DB0X    ");

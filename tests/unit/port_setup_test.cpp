@@ -64,7 +64,7 @@ TEST_F(PortSetupTest, TheChoiceIsExplained) {
   const std::vector<PortInfo> ports = {{"COM3", "Maker Serial Cable", PortStatus::kOpen}};
   EXPECT_EQ(PortNote(0, ports), "");
   EXPECT_EQ(PortNote(3, ports), "Maker Serial Cable");
-  EXPECT_EQ(PortNote(4, ports), "There is no COM4 at present.");
+  EXPECT_EQ(PortNote(4, ports), "The system lists no COM4 at present.");
 }
 
 TEST_F(PortSetupTest, CancelChangesNothing) {
