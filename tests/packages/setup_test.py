@@ -237,6 +237,19 @@ class Using(SetupTest):
         self.assertEqual(before, self.files())
         self.leave_and_wait()
 
+    def test_a_console_program_that_runs_is_told_as_well(self):
+        self.install("CurrentUser")
+        before = self.files()
+        console = subprocess.Popen(
+            ["wine", self.installed_path("CurrentUser", "qz7ctl.exe"), "info", "-"], text=True,
+            env=self.desktop.environment, stdin=subprocess.PIPE, stdout=subprocess.DEVNULL,
+            stderr=subprocess.DEVNULL)
+        wait_for(lambda: self.is_running("qz7ctl.exe"), "the console program")
+        self.wine(SETUP, "/S", "/CurrentUser", status=REFUSED)
+        self.assertIsNone(console.poll())
+        self.assertEqual(before, self.files())
+        console.communicate("")
+
 
 class Upgrading(SetupTest):
     def older_setup(self):

@@ -62,6 +62,14 @@ def asked_of_the_system(program):
     return {name.lower() for name in re.findall(r"DLL Name: (\S+)", told)}, tuple(oldest)
 
 
+def read_of_process(process, name):
+    try:
+        with open(f"/proc/{process}/{name}", "rb") as file:
+            return file.read()
+    except OSError:  # ended, or another user's
+        return b""
+
+
 class FreshDesktop(desktop.Desktop):
     """With a prefix that nothing was ever installed into."""
 
@@ -113,7 +121,14 @@ class PackageTest(DesktopTest):
     def leave_and_wait(self):
         self.main.command(desktop.EXIT)
         self.main.wait_until_gone()
-        wait_for(lambda: "qz7.exe" not in self.wine("tasklist"), "the program's end")
+        wait_for(lambda: not self.is_running("qz7.exe"), "the program's end")
+
+    def is_running(self, program):
+        """In this Wine."""
+        prefix = ("WINEPREFIX=" + self.desktop.prefix).encode()
+        return any(program.encode() in read_of_process(process, "cmdline").split(b"\0")[0]
+                   and prefix in read_of_process(process, "environ").split(b"\0")
+                   for process in os.listdir("/proc") if process.isdigit())
 
 
 def main():
