@@ -177,25 +177,29 @@ std::string StoreGroup(CloneImage& image, int g, const std::string& text) {
   return {};
 }
 
+CodeplugRow GroupRowOf(int g) {
+  return {.name = std::to_string(g + 1),
+          .bytes = {GroupEntries(g), {.offset = GroupStateOffset(g), .size = 1}},
+          .show = [=](const CloneImage& image) { return ShowGroup(image, g); },
+          .store = [=](CloneImage& image,
+                       const std::string& text) { return StoreGroup(image, g, text); },
+          .form = {.pattern = "^ *((([1-9][0-9]*)|([LU][0-9]+)) *)*$"}};
+}
+
 CodeplugPart GroupsPart() {
-  CodeplugPart part{.name = "groups", .rows = {}};
-  part.rows.reserve(kGroupCount);
+  std::vector<CodeplugRow> rows;
+  rows.reserve(kGroupCount);
   for (int g = 0; g < kGroupCount; ++g) {
-    part.rows.push_back(
-        {.name = std::to_string(g + 1),
-         .bytes = {GroupEntries(g), {.offset = GroupStateOffset(g), .size = 1}},
-         .show = [=](const CloneImage& image) { return ShowGroup(image, g); },
-         .store = [=](CloneImage& image,
-                      const std::string& text) { return StoreGroup(image, g, text); },
-         .form = {.pattern = "^ *((([1-9][0-9]*)|([LU][0-9]+)) *)*$"}});
+    rows.push_back(GroupRowOf(g));
   }
-  return part;
+  return {.name = "groups", .rows = std::move(rows)};
 }
 
 // Settings: the rows of the screens.
 
 std::vector<std::string> ChoiceTexts(const Setting& row) {
   std::vector<std::string> texts;
+  texts.reserve(static_cast<std::size_t>(row.choices.count));
   for (int i = 0; i < row.choices.count; ++i) {
     texts.push_back(WithoutLeadingBlanks(row.choices.text(i)));
   }
