@@ -122,6 +122,8 @@ class PackageTest(DesktopTest):
         self.main.command(desktop.EXIT)
         self.main.wait_until_gone()
         wait_for(lambda: not self.is_running("qz7.exe"), "the program's end")
+        for program in self.programs_started:
+            program.wait(LIMIT)
 
     def is_running(self, program):
         """In this Wine."""
