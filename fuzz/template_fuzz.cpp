@@ -46,8 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     std::abort();
   }
   if (accepted) {
-    CloneImage document;
-    MakeNewImage(document);
+    CloneImage document = NewImage();
     MergeTemplate(std::span(document).subspan(kRadioBlock.offset, kRadioBlock.size),
                   std::span(*image).subspan(kRadioBlock.offset, kRadioBlock.size));
   }
