@@ -18,7 +18,7 @@ std::wstring FilterText(const FileBox& box) {
 }
 
 // "C:" alone would be the current folder of that drive.
-std::wstring WithRoot(std::wstring folder) {
+std::wstring WithRoot(const std::wstring& folder) {
   return folder.ends_with(L':') ? folder + L'\\' : folder;
 }
 

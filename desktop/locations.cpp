@@ -24,7 +24,7 @@ fs::path UserFolder() {
                        folder) != S_OK) {
     return {};
   }
-  const fs::path path = InFolder(folder, kUserFolder);
+  fs::path path = InFolder(folder, kUserFolder);
   CreateDirectoryW(SystemPath(path).c_str(), nullptr);
   return path;
 }
