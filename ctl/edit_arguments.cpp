@@ -29,7 +29,7 @@ std::vector<std::pair<std::string, std::string>> SplitValues(
 
 // The memory list's rows of "12-15,20".
 std::vector<int> ParseChannels(const std::string& text) {
-  const std::vector<int> rows = ParseRows("N", text);
+  std::vector<int> rows = ParseRows("N", text);
   if (rows.empty() || rows.back() >= kChannelCount) {
     throw CLI::ValidationError("N", "memory channels are 1..240");
   }

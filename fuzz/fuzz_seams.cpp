@@ -17,13 +17,13 @@ std::string ShownText(std::string_view bytes) { return std::string(bytes); }
 std::uint32_t CurrentTimeSeconds() { return 1; }
 
 const CloneImage& NewImage() {
-  static const CloneImage kImage = [] {
+  static const CloneImage made = [] {
     CloneImage image;
     MakeNewImage(image);
     RebuildDerivedTables(image);
     return image;
   }();
-  return kImage;
+  return made;
 }
 
 }  // namespace qz7

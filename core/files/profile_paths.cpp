@@ -44,7 +44,7 @@ std::filesystem::path Unescaped(const std::string& text) {
 std::filesystem::path ReadProfilePath(const std::string& key, std::size_t most) {
   const std::string text = ReadProfile(key, "", most);
   try {
-    const auto whole = Unescaped(ReadProfile(key + kWholeSuffix, "", kLongestWhole));
+    auto whole = Unescaped(ReadProfile(key + kWholeSuffix, "", kLongestWhole));
     if (!whole.empty() && PathText(whole).substr(0, most) == text) {
       return whole;
     }

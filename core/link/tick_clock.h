@@ -27,7 +27,7 @@ class TickClock {
   int Due() {
     const auto due = (Clock::now() - counted_to_) / kTick;
     counted_to_ += due * kTick;
-    // Far more than any time-out has: nobody waits for a clock that stood still for an hour.
+    // Who was kept from running for longer could not hear either: a busy machine is no silence.
     return static_cast<int>(std::min<Clock::rep>(due, kMostTicks));
   }
 
@@ -39,7 +39,7 @@ class TickClock {
 
  private:
   static constexpr std::chrono::milliseconds kTick{kTickMilliseconds};
-  static constexpr Clock::rep kMostTicks = 100;
+  static constexpr Clock::rep kMostTicks = 3;
 
   Clock::time_point counted_to_ = Clock::now();
   std::size_t heard_ = 0;

@@ -41,7 +41,7 @@ PAGE = """\
 SEARCH_BODY = """\
 <form id="search" hidden="hidden">
 <label for="words">Words, or a whole message</label>
-<input id="words" type="search" autocomplete="off" autofocus="autofocus">
+<input id="words" type="search" autocomplete="off">
 </form>
 <noscript><p>The search needs script, which this browser does not run here. The index below works
 without it.</p></noscript>
