@@ -244,7 +244,6 @@ TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
     user.seen.clear();
     ASSERT_NO_FATAL_FAILURE(user.Act(kActions));
     EXPECT_GE(user.seen.size(), 12U) << "the user has seen too little";
-    EXPECT_EQ(user.seen.count("Find Channel"), 1U) << "no key of the memory list has worked";
   }
   EXPECT_TRUE(ComesBackTo(before));
   EXPECT_FALSE(before.gdi_objects.empty());
