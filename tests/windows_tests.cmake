@@ -23,6 +23,8 @@ qz7_wine_test(dialogs_windows 900 wine $<TARGET_FILE:ui_tests> --gtest_brief=1
 set_tests_properties(dialogs_windows PROPERTIES RUN_SERIAL ON)
 qz7_wine_test(random_use 900 wine $<TARGET_FILE:ui_tests> --gtest_brief=1
   --gtest_filter=RandomUse*)
+# Its windows would take the keyboard from a program that is driven by keys.
+set_tests_properties(random_use PROPERTIES RESOURCE_LOCK desktop)
 # What the test programs were shown is held against the help.
 set(records)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/record)

@@ -13,8 +13,9 @@ from support import reexecute_with_packages, topics
 reexecute_with_packages()
 from listed import listed_messages, one_line, pattern_of  # needs the packages
 
-# No test program gets to show these: the resource library stays unloaded, the disk is full (tried in a process of its own), a system's
-# code is told, a transmit frequency is refused that the receive check has let through.
+# No test program gets to show these: the resource library stays unloaded, the disk is full (tried in
+# a process of its own), a system's code is told, a transmit frequency is refused that the receive
+# check has let through.
 OUT_OF_REACH = {
     "%s: Unknown error #-%d.",
     "A valid transmit frequency is required",
