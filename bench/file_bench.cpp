@@ -13,24 +13,10 @@
 #include "core/files/file_output.h"
 #include "core/files/new_document.h"
 #include "core/files/radio_data_file.h"
-#include "core/files/seams.h"
 #include "core/image/channel_record.h"
 #include "core/image/derived_tables.h"
 
 namespace qz7 {
-
-Answer ShowMessage(const std::string& text, const std::string& /*caption*/, Buttons /*buttons*/,
-                   Icon /*icon*/) {
-  std::fprintf(stderr, "%s\n", text.c_str());
-  return Answer::kCancel;
-}
-
-std::string PathText(const std::filesystem::path& path) { return path.string(); }
-
-std::string ShownText(std::string_view bytes) { return std::string(bytes); }
-
-std::uint32_t CurrentTimeSeconds() { return 1; }
-
 namespace {
 
 template <typename Work>

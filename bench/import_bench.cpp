@@ -12,25 +12,11 @@
 #include <string>
 
 #include "core/files/new_document.h"
-#include "core/files/seams.h"
 #include "core/interchange/import_columns.h"
 #include "core/interchange/import_lines.h"
 #include "core/interchange/import_selection.h"
 
 namespace qz7 {
-
-Answer ShowMessage(const std::string& text, const std::string& /*caption*/, Buttons /*buttons*/,
-                   Icon /*icon*/) {
-  std::fprintf(stderr, "%s\n", text.c_str());
-  return Answer::kCancel;
-}
-
-std::string PathText(const std::filesystem::path& path) { return path.string(); }
-
-std::string ShownText(std::string_view bytes) { return std::string(bytes); }
-
-std::uint32_t CurrentTimeSeconds() { return 1; }
-
 namespace {
 
 constexpr int kRounds = 7;

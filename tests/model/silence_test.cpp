@@ -1,5 +1,6 @@
 // What the user is told of an exchange that hears nothing, and how pauses are ended.
 
+#include "core/link/tick_clock.h"
 #include "ctl/line_decorators.h"
 #include "resources/control_ids.h"
 #include "tests/model/exchange_model.h"
@@ -92,6 +93,16 @@ TEST_F(Pausing, IsGivenUpWithinATenthOfASecondInThePause) {
   EXPECT_FALSE(WriteWithPauses(10'000));
   EXPECT_GE(TheWorld().now, given_up);
   EXPECT_LE(TheWorld().now - given_up, 100 * kMillisecond);
+}
+
+// A program that was kept from running could not hear either.
+TEST_F(SilentLine, IsNoLongerThanTheTurnsInWhichSomebodyListened) {
+  TickClock clock;
+  TheWorld().Pass(20 * kMillisecond);
+  EXPECT_EQ(clock.Due(), 2);
+  TheWorld().Pass(1'000 * kMillisecond);
+  EXPECT_EQ(clock.Due(), 3);
+  EXPECT_EQ(clock.Due(), 0);
 }
 
 }  // namespace
