@@ -96,6 +96,7 @@ int RunProgram(HINSTANCE instance, std::wstring_view command_line, int show_stat
   ShowWindow(app.main_dialog, SW_SHOW);
   ShowWindow(app.main_window, show_state);
   StartDocument(app.document, *app.port, FileOfCommandLine(command_line), app.defaults_file);
+  RefreshStatusLine();
   InstallFont();
   RunMessageLoop();
   app.port->Close();
