@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <memory>
+#include <string>
 
 #include "core/editors/autodial.h"
 #include "core/files/document.h"
@@ -20,8 +21,10 @@ struct AppState {
   ImportSession import_session;
   MergeOptions merge_options;
   DtmfDisplay dtmf_display = DtmfDisplay::kSymbols;  // of the autodial numbers
+  std::string note;  // what the last command did, for the status line
   HWND main_window = nullptr;
   HWND main_dialog = nullptr;  // null once the dialog is destroyed
+  HWND status_line = nullptr;  // of the main window
 };
 extern AppState app;
 

@@ -7,11 +7,18 @@
 
 namespace qz7 {
 
+// Ctrl and a letter, with Shift or without; a letter of 0 is no key.
+struct CommandKey {
+  char letter = 0;
+  bool shift = false;
+};
+
 // A command of the main menu, or several that one function serves.
 struct Command {
   int id;
   bool collects_first;  // the main dialog's controls go into the document before it runs
   void (*run)(int id);
+  CommandKey key = {};
   int count = 1;  // of ids, from `id` on
 };
 

@@ -3,6 +3,8 @@
 #include <windows.h>
 
 #include "core/editors/launcher.h"
+#include "core/files/paths.h"
+#include "core/files/seams.h"
 #include "core/image/operating_state.h"
 #include "core/interchange/import_lines.h"
 #include "core/interchange/merge_source.h"
@@ -24,8 +26,10 @@
 #include "desktop/interchange/selection_dialog.h"
 #include "desktop/link/clone_dialogs.h"
 #include "desktop/locations.h"
+#include "desktop/main_window.h"
 #include "desktop/menu_channels.h"
 #include "desktop/printing/printing.h"
+#include "desktop/status_line.h"
 #include "desktop/toolkit/help.h"
 
 namespace qz7 {
@@ -58,11 +62,37 @@ bool SendWorkingCopy() {
   });
 }
 
-void GetData(int) { ReadRadioIntoDocument(app.document, *app.port, ReadIntoWorkingCopy); }
-void CreateTemplateFromRadio(int) {
-  ReadRadioIntoDocument(app.document, *app.port, ReadIntoTemplate);
+std::string Transferred(const char* how) {
+  return std::to_string(kRadioBlock.size) + how + PortName(app.document.preferences.port_index);
 }
-void SendData(int) { SendDocumentToRadio(app.document, *app.port, SendWorkingCopy); }
+
+void GetData(int) {
+  app.note = ReadRadioIntoDocument(app.document, *app.port, ReadIntoWorkingCopy)
+                 ? Transferred(" bytes read from ")
+                 : "Nothing read from the radio";
+}
+
+void CreateTemplateFromRadio(int) {
+  app.note = ReadRadioIntoDocument(app.document, *app.port, ReadIntoTemplate)
+                 ? "Template created"
+                 : "No template created";
+}
+
+void SendData(int) {
+  app.note = SendDocumentToRadio(app.document, *app.port, SendWorkingCopy)
+                 ? Transferred(" bytes sent to ")
+                 : "Nothing sent to the radio";
+}
+
+// Files.
+
+void Save(int) { app.note = SaveDocument(app.document) ? "" : "Nothing saved"; }
+void SaveAs(int) { app.note = SaveDocumentAs(app.document) ? "" : "Nothing saved"; }
+
+void Export(int) {
+  app.note = ExportChannels(app.document) ? "Exported to " + PathText(app.document.last_export_name)
+                                          : "Nothing exported";
+}
 
 // Channels.
 
@@ -91,23 +121,27 @@ void EditGroups(int) {
 
 // Interchange.
 
-void ImportFile(CloneImage& image) {
+std::optional<PlacedChannels> ImportFile(CloneImage& image) {
   auto lines = OpenImportFile(app.import_session);
-  if (lines && ShowImportColumnsDialog(app.import_session, *lines)) {
-    ShowSelectionDialog(image, app.import_session, *lines, app.document.region);
+  if (!lines || !ShowImportColumnsDialog(app.import_session, *lines)) {
+    return std::nullopt;
   }
+  return ShowSelectionDialog(image, app.import_session, *lines, app.document.region);
 }
 
 // A document that only took channels from a file does not count as changed: so it is meant.
 void ImportChannels(int) {
   CloneImage& working_copy = BeginWorkingCopy(app.document);
+  app.note = "Import cancelled";
   if (ShowImportDialog(app.import_session)) {
-    ImportFile(working_copy);
+    const auto placed = ImportFile(working_copy);
     TakeWorkingCopy(app.document);
+    app.note = placed ? ImportedNote(*placed) : app.note;
   }
 }
 
 void MergeFromFile(int) {
+  app.note = "Merge cancelled";
   Document& document = app.document;
   const auto file = ShowOpenBox(MergeFileBox(document.preferences.data_folder));
   MergeSource source;
@@ -117,6 +151,7 @@ void MergeFromFile(int) {
   source.region = document.region;
   if (ShowMergeDialog(document.image, document.working_copy, source, app.merge_options)) {
     document.changed = true;
+    app.note = "Merged from " + PathText(file->name);
   }
 }
 
@@ -146,23 +181,24 @@ constexpr bool kCollects = true;
 // Saving asks or collects by itself where it has to.
 constexpr bool kAsItIs = false;
 
+// No key is one of those that a field has itself: Ctrl and A, C, V, X, Y or Z.
 constexpr Command kCommands[] = {
-    {CM_NEW, kAsItIs, [](int) { StartNewFile(app.document); }},
-    {CM_OPEN, kAsItIs, [](int) { OpenRadioFile(app.document); }},
-    {CM_SAVE, kAsItIs, [](int) { SaveDocument(app.document); }},
-    {CM_SAVE_AS, kAsItIs, [](int) { SaveDocumentAs(app.document); }},
-    {CM_IMPORT, kCollects, ImportChannels},
-    {CM_EXPORT, kCollects, [](int) { ExportChannels(app.document); }},
-    {CM_PRINT, kAsItIs, [](int) { PrintDocument(app.document, app.dtmf_display); }},
+    {CM_NEW, kAsItIs, [](int) { StartNewFile(app.document); }, {'N'}},
+    {CM_OPEN, kAsItIs, [](int) { OpenRadioFile(app.document); }, {'O'}},
+    {CM_SAVE, kAsItIs, Save, {'S'}},
+    {CM_SAVE_AS, kAsItIs, SaveAs, {'S', true}},
+    {CM_IMPORT, kCollects, ImportChannels, {'I'}},
+    {CM_EXPORT, kCollects, Export, {'E'}},
+    {CM_PRINT, kAsItIs, [](int) { PrintDocument(app.document, app.dtmf_display); }, {'P'}},
     {CM_EXIT, kAsItIs, [](int) { PostMessageA(app.main_window, WM_CLOSE, 0, 0); }},
-    {CM_GET_DATA, kAsItIs, GetData},
-    {CM_SEND_DATA, kCollects, SendData},
+    {CM_GET_DATA, kAsItIs, GetData, {'G'}},
+    {CM_SEND_DATA, kCollects, SendData, {'T'}},
     {CM_PORT_SETUP, kAsItIs, [](int) { SetUpPort(*app.port, app.document.preferences); }},
     {CM_CREATE_TEMPLATE, kAsItIs, CreateTemplateFromRadio},
-    {CM_VIEW, kCollects, ViewMemory},
+    {CM_VIEW, kCollects, ViewMemory, {'M'}},
     {CM_GROUP, kCollects, EditGroups},
     {CM_MERGE, kCollects, MergeFromFile},
-    {CM_VFO_A_FIRST, kCollects, EditSlot, kSlotCommands},
+    {CM_VFO_A_FIRST, kCollects, EditSlot, {}, kSlotCommands},
     {CM_AUTODIAL, kCollects, EditAutodial},
     {CM_SETTINGS, kCollects, EditSettings},
     {CM_VORN, kCollects, EditVorn},
@@ -180,6 +216,11 @@ constexpr Command kCommands[] = {
 
 std::span<const Command> Commands() { return kCommands; }
 
-bool RunCommand(int command) { return RunCommand(kCommands, app.document, command); }
+bool RunCommand(int command) {
+  app.note.clear();
+  const bool known = RunCommand(kCommands, app.document, command);
+  RefreshStatusLine();
+  return known;
+}
 
 }  // namespace qz7

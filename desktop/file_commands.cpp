@@ -20,17 +20,19 @@ void OpenRadioFile(Document& document) {
   }
 }
 
-void ExportChannels(Document& document) {
+bool ExportChannels(Document& document) {
   RebuildDerivedTables(document.image);
   AcceptImage(document);
   document.export_in_progress = true;
   const auto file =
       ShowSaveBox(ExportFileBox(document.preferences.data_folder, document.last_export_name));
+  bool written = false;
   if (file) {
     document.last_export_name = file->name;
-    WriteCsvFile(document.working_copy, file->path);
+    written = WriteCsvFile(document.working_copy, file->path);
   }
   document.export_in_progress = false;
+  return written;
 }
 
 }  // namespace qz7

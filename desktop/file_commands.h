@@ -12,7 +12,7 @@ void StartNewFile(Document& document);
 void OpenRadioFile(Document& document);
 
 // File, Export, of what the main dialog was collected into: marks the document as changed, whether
-// or not a file is written.
-void ExportChannels(Document& document);
+// or not a file is written. Returns whether one is.
+bool ExportChannels(Document& document);
 
 }  // namespace qz7

@@ -10,6 +10,7 @@
 #include "desktop/app_state.h"
 #include "desktop/editors/setting_controls.h"
 #include "desktop/locations.h"
+#include "desktop/main_window.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
 
@@ -46,8 +47,17 @@ const std::vector<SettingField>& Fields() {
   return fields;
 }
 
+// The status line in the dialog's font; returns its height.
+int FitStatusLine(HWND dialog) {
+  SendMessageA(app.status_line, WM_SETFONT, SendMessageA(dialog, WM_GETFONT, 0, 0), FALSE);
+  SendMessageA(app.status_line, WM_SIZE, 0, 0);
+  RECT line{};
+  GetWindowRect(app.status_line, &line);
+  return line.bottom - line.top;
+}
+
 // The frame, where the template has one, lies outside the main window's client area; the main
-// window takes the dialog's size.
+// window takes the dialog's size, with the status line below it.
 void FillMainWindow(HWND dialog) {
   const HWND parent = GetParent(dialog);
   RECT client;
@@ -60,9 +70,11 @@ void FillMainWindow(HWND dialog) {
   SetWindowPos(dialog, nullptr, own.left - origin.x, own.top - origin.y, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   RECT frame = client;
+  frame.bottom += FitStatusLine(dialog);
   AdjustWindowRect(&frame, static_cast<DWORD>(GetWindowLongPtrA(parent, GWL_STYLE)), TRUE);
   SetWindowPos(parent, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
+  SendMessageA(app.status_line, WM_SIZE, 0, 0);
 }
 
 BOOL OnInit(HWND dialog, LPARAM state) {
@@ -84,6 +96,7 @@ bool TouchesDefaults(int control) {
 
 void OnUseDefaults(HWND dialog) {
   ApplyMainDefaults(app.document);
+  RefreshStatusLine();
   DisableDefaultsButtons(dialog, ID_FILE_COMMENT);
 }
 
@@ -114,6 +127,7 @@ void OnCommand(HWND dialog, int control, int notification) {
     default:
       if (TouchesDefaults(control)) {
         EnableDefaultsButtons(dialog);
+        RefreshStatusLine();
       }
       break;
   }

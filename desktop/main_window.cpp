@@ -1,10 +1,16 @@
 #include "desktop/main_window.h"
 
+// Behind <windows.h>.
+#include <commctrl.h>
+
+#include <memory>
+
 #include "core/files/seams.h"
 #include "core/files/unexpected.h"
 #include "desktop/app_state.h"
 #include "desktop/command_table.h"
 #include "desktop/commands.h"
+#include "desktop/status_line.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help.h"
 
@@ -28,8 +34,22 @@ void OnClose(HWND window) {
 }
 
 void OnDestroy() {
+  app.status_line = nullptr;
   UnloadResourceLibrary();
   PostQuitMessage(0);
+}
+
+constexpr UINT kShowStatus = WM_APP + 1;
+
+void ShowStatus() {
+  try {
+    auto shown = std::make_unique<CloneImage>(app.document.image);
+    ReadMainControls(*shown);
+    SetWindowTextA(app.status_line, StatusText(app.document, *shown, *app.port, app.note).c_str());
+  } catch (...) {
+    // What it says stays behind until the next time.
+    return;
+  }
 }
 
 // The control of the main dialog that had the keyboard when the main window lost it.
@@ -50,6 +70,9 @@ LRESULT HandleMainMessage(HWND window, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_COMMAND:
       return RunCommand(LOWORD(w)) ? 0 : DefWindowProcA(window, message, w, l);
+    case kShowStatus:
+      ShowStatus();
+      return 0;
     case WM_CLOSE:
       OnClose(window);
       return 0;
@@ -127,8 +150,12 @@ HWND CreateMainWindow() {
                       WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
                       CW_USEDEFAULT, 0, 0, 0, nullptr, nullptr, dialog_modules.program, nullptr);
   dialog_modules.main_window = app.main_window;
+  app.status_line = CreateWindowExA(0, STATUSCLASSNAMEA, nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
+                                    app.main_window, nullptr, dialog_modules.program, nullptr);
   return app.main_window;
 }
+
+void RefreshStatusLine() { PostMessageA(app.main_window, kShowStatus, 0, 0); }
 
 void BringToFront(HWND main_window) {
   if (IsIconic(main_window)) {

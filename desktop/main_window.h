@@ -7,8 +7,12 @@ namespace qz7 {
 inline constexpr const char* kMainWindowClass = "QZ7HMainWin";
 
 bool RegisterMainWindow();
-// Not yet shown; the main dialog gives it its size. Null when it cannot be created.
+// With the status line, not yet shown; the main dialog gives it its size. Null when it cannot be
+// created.
 HWND CreateMainWindow();
+
+// The status line says anew where things are, once the messages before this one are handled.
+void RefreshStatusLine();
 
 // The program of this main window, whichever process it is, comes to the front. With a pop-up open
 // the main window is disabled and is not activated: it would take the keyboard for nothing.

@@ -7,6 +7,7 @@
 #include "desktop/locations.h"
 #include "desktop/main_dialog.h"
 #include "desktop/main_window.h"
+#include "desktop/message_loop.h"
 #include "desktop/named_file.h"
 #include "desktop/start_up.h"
 #include "desktop/toolkit/dialog_support.h"
@@ -67,17 +68,6 @@ void RemoveFont() {
   }
 }
 
-int RunMessageLoop() {
-  MSG message;
-  while (GetMessageA(&message, nullptr, 0, 0) > 0) {
-    if (app.main_dialog == nullptr || !IsDialogMessageA(app.main_dialog, &message)) {
-      TranslateMessage(&message);
-      DispatchMessageA(&message);
-    }
-  }
-  return 0;
-}
-
 }  // namespace
 
 int RunProgram(HINSTANCE instance, std::wstring_view command_line, int show_state) {
@@ -106,12 +96,13 @@ int RunProgram(HINSTANCE instance, std::wstring_view command_line, int show_stat
   ShowWindow(app.main_dialog, SW_SHOW);
   ShowWindow(app.main_window, show_state);
   StartDocument(app.document, *app.port, FileOfCommandLine(command_line), app.defaults_file);
+  RefreshStatusLine();
   InstallFont();
-  const int exit_code = RunMessageLoop();
+  RunMessageLoop();
   app.port->Close();
   RemoveFont();
   UnloadResourceLibrary();
-  return exit_code;
+  return 0;
 }
 
 }  // namespace qz7

@@ -1,5 +1,8 @@
 #include "core/files/document.h"
 
+#include <algorithm>
+
+#include "core/files/document_header.h"
 #include "core/files/file_output.h"
 #include "core/files/new_document.h"
 #include "core/files/paths.h"
@@ -50,6 +53,7 @@ bool OpenFile(Document& document, const ChosenFile& file) {
     return false;
   }
   TakeWorkingCopy(document);
+  document.in_file = document.image;
   BecomeFile(document, file);
   return true;
 }
@@ -94,6 +98,11 @@ void StoreMainDefaults(Document& document) {
   CopyMainDefaultsToRecord(document.image, document.defaults);
 }
 
+bool DiffersFromFile(const Document& document, const CloneImage& image) {
+  return !std::equal(image.begin() + kFileComment.offset, image.end(),
+                     document.in_file.begin() + kFileComment.offset);
+}
+
 void NewDocument(Document& document) {
   MakeNewImage(document.image);
   document.name = kNewDocumentName;
@@ -101,6 +110,7 @@ void NewDocument(Document& document) {
   document.changed = false;
   document.untitled = true;
   RefreshDocument(document);
+  document.in_file = document.image;
 }
 
 void RefreshDocument(Document& document) {
@@ -151,6 +161,7 @@ bool SaveDocument(Document& document) {
   if (!WriteRadioDataFile(document.image, document.path)) {
     return false;
   }
+  document.in_file = document.image;
   ClearFlags(document);
   return true;
 }
@@ -168,6 +179,7 @@ bool SaveDocumentAs(Document& document) {
   if (!WriteFileOrShow(file->path, document.image)) {
     return false;
   }
+  document.in_file = document.image;
   BecomeFile(document, *file);
   return true;
 }

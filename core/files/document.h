@@ -22,6 +22,9 @@ struct Document {
   std::filesystem::path path;  // what Save writes to
   bool changed = false;
   bool untitled = false;
+  // The image as the file has it, or as the new document began. Nothing but DiffersFromFile reads
+  // it: whether a command asks about changes is the changed flag's business.
+  CloneImage in_file{};
   std::filesystem::path last_file_name;    // of the last file chosen in a file box; never reset
   std::filesystem::path last_export_name;  // the same for the box of Export
   bool export_in_progress = false;
@@ -50,6 +53,9 @@ bool CollectMainDialog(Document& document);
 void ApplyMainDefaults(Document& document);
 // The other way; the defaults file is the caller's business.
 void StoreMainDefaults(Document& document);
+
+// Whether an image holds anything that the file does not; the header is made anew by every save.
+bool DiffersFromFile(const Document& document, const CloneImage& image);
 
 void NewDocument(Document& document);
 // Makes the image current: defaults, working copy, main dialog, title.

@@ -39,6 +39,12 @@ std::optional<ImportList> OpenSelection(const CloneImage& image, ImportSession& 
 // The row of a record, its columns separated by tabs. The odd-split mark is the byte 0xB1.
 std::string FormatImportRow(const ImportRecord& record);
 
+// The channels that an import has written, from the first on without a gap.
+struct PlacedChannels {
+  int first = 0;
+  int count = 0;
+};
+
 enum class ImportAnswer {
   kPlaced,
   kTooMany,       // shown; the dialog stays

@@ -31,6 +31,7 @@ struct SelectionWindow {
   ImportLines& lines;
   const RegionVariant& region;
   ImportList list;
+  PlacedChannels placed{};
   HFONT row_font = nullptr;
 };
 
@@ -141,8 +142,10 @@ std::vector<int> SelectedRows(HWND dialog) {
 void OnOk(HWND dialog) {
   auto& window = StateOf<SelectionWindow>(dialog);
   const int start = DecimalValue(ControlText(dialog, ID_START_MEMORY));
-  switch (AcceptSelection(window.image, window.list, SelectedRows(dialog), start, window.region)) {
+  const std::vector<int> rows = SelectedRows(dialog);
+  switch (AcceptSelection(window.image, window.list, rows, start, window.region)) {
     case ImportAnswer::kPlaced:
+      window.placed = {.first = start, .count = static_cast<int>(rows.size())};
       EndDialog(dialog, kPlaced);
       break;
     case ImportAnswer::kIllegalStart:
@@ -182,13 +185,13 @@ extern "C" INT_PTR CALLBACK DlgProcSelectList(HWND dialog, UINT message, WPARAM 
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
-bool ShowSelectionDialog(CloneImage& image, ImportSession& session, ImportLines& lines,
-                         const RegionVariant& region) {
+std::optional<PlacedChannels> ShowSelectionDialog(CloneImage& image, ImportSession& session,
+                                                  ImportLines& lines, const RegionVariant& region) {
   SelectionWindow window{
       .image = image, .session = session, .lines = lines, .region = region, .list = {}};
   const INT_PTR end = RunDialog("DlgSelectList", DlgProcSelectList, &window);
   DeleteObject(window.row_font);
-  return end == kPlaced;
+  return end == kPlaced ? std::optional(window.placed) : std::nullopt;
 }
 
 }  // namespace qz7

@@ -12,7 +12,13 @@ CloneImage& Image() { return app.document.image; }
 
 void Command(int command) { SendMessageA(app.main_window, WM_COMMAND, MAKEWPARAM(command, 0), 0); }
 
-TEST_F(MainDialogTest, FillsTheMainWindow) {
+int HeightOf(HWND window) {
+  RECT area;
+  GetWindowRect(window, &area);
+  return area.bottom - area.top;
+}
+
+TEST_F(MainDialogTest, FillsTheMainWindowDownToTheStatusLine) {
   RECT client;
   RECT dialog;
   GetClientRect(app.main_window, &client);
@@ -22,7 +28,13 @@ TEST_F(MainDialogTest, FillsTheMainWindow) {
   EXPECT_EQ(dialog.left, origin.x);
   EXPECT_EQ(dialog.top, origin.y);
   EXPECT_EQ(dialog.right - dialog.left, client.right);
-  EXPECT_EQ(dialog.bottom - dialog.top, client.bottom);
+  EXPECT_EQ(dialog.bottom - dialog.top + HeightOf(app.status_line), client.bottom);
+  RECT line;
+  GetWindowRect(app.status_line, &line);
+  EXPECT_GT(HeightOf(app.status_line), 10);
+  EXPECT_EQ(line.top, dialog.bottom);
+  EXPECT_EQ(line.left, dialog.left);
+  EXPECT_EQ(line.right, dialog.right);
   SavePicture(app.main_window, "main");
 }
 

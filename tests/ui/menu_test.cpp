@@ -41,15 +41,20 @@ std::vector<Item> BandItems(int first) {
 TEST_F(MenuTest, HasItsItemsInOrder) {
   const HMENU menu = GetMenu(app.main_window);
   ASSERT_EQ(GetMenuItemCount(menu), 5);
-  const std::vector<Item> file = {{"&New", 100},        {"&Open...", 101},   {"&Save", 102},
-                                  {"Save &As...", 103}, {"&Import...", 149}, {"&Export...", 150},
-                                  {"&Print", 104},      {"E&xit", 105}};
-  const std::vector<Item> radio = {{"&Get data from...", 106},
-                                   {"&Send data to...", 107},
+  const std::vector<Item> file = {{"&New\tCtrl+N", 100},       {"&Open...\tCtrl+O", 101},
+                                  {"&Save\tCtrl+S", 102},      {"Save &As...\tCtrl+Shift+S", 103},
+                                  {"&Import...\tCtrl+I", 149}, {"&Export...\tCtrl+E", 150},
+                                  {"&Print\tCtrl+P", 104},     {"E&xit", 105}};
+  const std::vector<Item> radio = {{"&Get data from...\tCtrl+G", 106},
+                                   {"&Send data to...\tCtrl+T", 107},
                                    {"&Com port setup...", 108},
                                    {"Create &Template...", 109}};
-  const std::vector<Item> memory = {{"&View...", 110}, {"&Group...", 111}, {"&Merge from...", 112},
-                                    {"VFO A", -1},     {"VFO B", -1},      {"Home", -1}};
+  const std::vector<Item> memory = {{"&View...\tCtrl+M", 110},
+                                    {"&Group...", 111},
+                                    {"&Merge from...", 112},
+                                    {"VFO A", -1},
+                                    {"VFO B", -1},
+                                    {"Home", -1}};
   const std::vector<Item> other = {{"&Autodial...", 144}, {"&Settings...", 152},
                                    {"V&ORN", 153},        {"&WX Names...", 155},
                                    {"&Icon Select", 156}, {"&Preferences...", 154}};
@@ -121,6 +126,22 @@ TEST_F(MenuTest, HasAnItemForEveryCommandAndACommandForEveryItem) {
     expected.push_back(id);
   }
   EXPECT_EQ(ids, expected);
+}
+
+// "\tCtrl+Shift+S", or nothing for a command without a key.
+std::string KeyInMenu(CommandKey key) {
+  return key.letter == 0 ? "" : std::string("\tCtrl+") + (key.shift ? "Shift+" : "") + key.letter;
+}
+
+TEST_F(MenuTest, ShowsTheKeyOfEachCommandBehindATabAndNoOther) {
+  const HMENU menu = GetMenu(app.main_window);
+  for (const Command& command : Commands()) {
+    char text[100] = "";
+    GetMenuStringA(menu, static_cast<UINT>(command.id), text, sizeof text, MF_BYCOMMAND);
+    const std::string shown = text;
+    const std::size_t tab = shown.find('\t');
+    EXPECT_EQ(tab == std::string::npos ? "" : shown.substr(tab), KeyInMenu(command.key)) << shown;
+  }
 }
 
 TEST_F(MenuTest, LeavesIdsWithoutAnItemToTheSystem) {

@@ -69,6 +69,7 @@ WindowTest::WindowTest() {
   dialog_modules.library = LoadLibraryW(BesideProgram("qz732.dll").c_str());
   EXPECT_NE(dialog_modules.library, nullptr);
   app.document = Document{};
+  app.note.clear();
   app.document.preferences.data_folder = folder.path().string();
   app.defaults_file = {.path = folder.File("qz7.def"), .fallback_path = ""};
   UsePort<MemoryLine>();
@@ -77,6 +78,7 @@ WindowTest::WindowTest() {
   ShowWindow(app.main_dialog, SW_SHOW);
   ShowWindow(app.main_window, SW_SHOW);
   NewDocument(app.document);
+  RefreshStatusLine();
   HandleMessages();
 }
 

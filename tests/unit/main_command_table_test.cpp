@@ -26,7 +26,7 @@ void Record(int id) { runs.push_back({id, IsCollected()}); }
 constexpr Command kTestCommands[] = {
     {7, false, Record},
     {8, true, Record},
-    {20, true, Record, 3},
+    {20, true, Record, {}, 3},
 };
 
 class CommandTable : public testing::Test {

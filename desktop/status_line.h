@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "core/files/document.h"
+#include "core/interchange/import_selection.h"
+#include "core/link/serial_port.h"
+
+namespace qz7 {
+
+// What the lower edge of the main window says: what the last command did, if `note` tells, then
+// where things are. `shown` is the document's image with what the main dialog's controls hold.
+std::string StatusText(const Document& document, const CloneImage& shown, const SerialPort& port,
+                       const std::string& note);
+
+// "16 channels imported to 2-17, not saved"
+std::string ImportedNote(const PlacedChannels& placed);
+
+}  // namespace qz7
