@@ -155,6 +155,11 @@ class Desktop:
         for option in ("-k", "-w"):
             subprocess.run(["wineserver", option], env=self.environment, check=False)
 
+    def xdotool(self, *arguments):
+        """Works the screen's own keyboard and mouse; what it says."""
+        return subprocess.run(["xdotool", *arguments], env=self.environment, check=True,
+                              stdout=subprocess.PIPE, text=True).stdout.strip()
+
     def close(self):
         while self.ends:
             self.ends.pop()()
@@ -163,8 +168,9 @@ class Desktop:
 class Window:
     """A top-level window of the program."""
 
-    def __init__(self, driver, handle, title):
-        self.driver = driver
+    def __init__(self, desktop, handle, title):
+        self.desktop = desktop
+        self.driver = desktop.driver
         self.handle = handle
         self.title = title
 
@@ -181,6 +187,16 @@ class Window:
 
     def wait_until_in_front(self):
         self.driver("front", self.handle, LIMIT * 1000)
+
+    def press_keys(self, *keys):
+        """Keys of the screen's keyboard, under xdotool's names, once Wine's own keyboard and the
+        screen's are both this window's: the screen follows Wine, later."""
+        self.wait_until_in_front()
+        self.driver("focus", self.handle, LIMIT * 1000)
+        there = self.driver("screen_window", self.handle)[0]
+        wait_for(lambda: self.desktop.xdotool("getwindowfocus", "-f") == there,
+                 "the screen's keyboard")
+        self.desktop.xdotool("key", *keys)
 
     def command(self, identifier):
         self.driver("command", self.handle, identifier)
@@ -290,7 +306,7 @@ class DesktopTest(SystemTest):
 
     def window(self, title, class_name=DIALOG_CLASS):
         handle = self.driver("wait", class_name, title, LIMIT * 1000)[0]
-        return Window(self.driver, handle, title)
+        return Window(self.desktop, handle, title)
 
     def assert_title(self, name):
         title = (MAIN_CLASS, f"{TITLE} - {name}")

@@ -69,11 +69,6 @@ class HelpTest(DesktopTest):
         wait_for(lambda: len(self.opened()) >= len(self.expected), f"{page} to be opened")
         self.assertEqual(self.expected, self.opened())
 
-    def press_f1(self, window):
-        window.wait_until_in_front()
-        self.driver("focus", window.handle, desktop.LIMIT * 1000)
-        subprocess.run(["xdotool", "key", "F1"], env=self.desktop.environment, check=True)
-
     def assert_says(self, page):
         self.answer(OK, f"Cannot open help page: help\\{page}.html", TITLE, "OK")
 
@@ -85,7 +80,7 @@ class Pages(HelpTest):
                               (HELP_ON_HELP, "searching")):
             self.main.command(command)
             self.assert_opens(page)
-        self.press_f1(self.main)
+        self.main.press_keys("F1")
         self.assert_opens("contents")
         self.leave()
 
@@ -97,12 +92,12 @@ class Pages(HelpTest):
                 dialog = self.window("", DIALOG_CLASS)
                 dialog.press(HELP_BUTTON)
                 self.assert_opens(page)
-                self.press_f1(dialog)
+                dialog.press_keys("F1")
                 self.assert_opens(page)
                 dialog.finish(CANCEL)
         self.main.command(PORT_SETUP)
         dialog = self.window("", DIALOG_CLASS)
-        self.press_f1(dialog)
+        dialog.press_keys("F1")
         self.assert_opens("com_port")
         dialog.finish(CANCEL)
         self.leave()

@@ -10,6 +10,7 @@
 //   gone WINDOW LIMIT           until it is destroyed
 //   front WINDOW LIMIT          until it is the foreground window
 //   focus WINDOW LIMIT          until the keyboard is its own or one of its controls'
+//   screen_window WINDOW        its number on the screen that Wine shows it on
 //   windows                     every visible top-level window: window, class, title
 //   controls WINDOW             every visible control: identifier, class, text, 1 if enabled
 //   enabled WINDOW              1 or 0
@@ -28,6 +29,7 @@
 #include <windows.h>
 
 #include <array>
+#include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <functional>
@@ -257,6 +259,12 @@ Fields Focus(const Fields& fields) {
   return {};
 }
 
+// Wine keeps the number in a property, which it sets when it makes the screen's window.
+Fields ScreenWindow(const Fields& fields) {
+  const HANDLE number = GetPropW(WindowOf(fields[1]), L"__wine_x11_whole_window");
+  return {std::to_string(reinterpret_cast<std::uintptr_t>(number))};
+}
+
 Fields ListWindows(const Fields&) {
   Fields result;
   for (const HWND window : VisibleWindows()) {
@@ -382,13 +390,16 @@ struct Action {
 };
 
 constexpr Action kActions[] = {
-    {"wait", 4, Wait},       {"gone", 3, Gone},           {"front", 3, Front},
-    {"focus", 3, Focus},     {"windows", 1, ListWindows}, {"controls", 2, ListControls},
-    {"enabled", 2, Enabled}, {"command", 3, Command},     {"press", 3, Press},
-    {"checked", 3, Checked}, {"text", 3, Text},           {"set", 4, Set},
-    {"choose", 4, Choose},   {"chosen", 3, Chosen},       {"close", 2, Close},
-    {"tab_to", 3, TabTo},    {"focused", 2, Focused},     {"end_session", 2, EndSession},
-    {"may_end", 2, MayEnd},
+    {"wait", 4, Wait},           {"gone", 3, Gone},
+    {"front", 3, Front},         {"focus", 3, Focus},
+    {"windows", 1, ListWindows}, {"controls", 2, ListControls},
+    {"enabled", 2, Enabled},     {"command", 3, Command},
+    {"press", 3, Press},         {"checked", 3, Checked},
+    {"text", 3, Text},           {"set", 4, Set},
+    {"choose", 4, Choose},       {"chosen", 3, Chosen},
+    {"close", 2, Close},         {"tab_to", 3, TabTo},
+    {"focused", 2, Focused},     {"end_session", 2, EndSession},
+    {"may_end", 2, MayEnd},      {"screen_window", 2, ScreenWindow},
 };
 
 Fields Run(const Fields& fields) {
