@@ -36,7 +36,7 @@ LRESULT CALLBACK FrequencyProc(HWND edit, UINT message, WPARAM w, LPARAM l, UINT
   switch (message) {
     case WM_CHAR:
       if (w == ',') {
-        w = static_cast<WPARAM>(FrequencyCharacter(','));
+        w = static_cast<unsigned char>(FrequencyCharacter(','));
       }
       break;
     case WM_PASTE:
