@@ -46,7 +46,7 @@ class DesktopBench(ExchangeTest):
     def test_start_and_memory(self):
         self.make_template_file("MY.TPL")
         self.set_preferences(DataDir=self.windows_path(), TemplateFile=self.template_path)
-        self.run_bench("start_bench.exe", "qz7.exe", "notepad.exe")
+        self.run_bench("start_bench.exe", "qz7.exe", "bare_program.exe", "notepad.exe")
 
     def test_list(self):
         self.run_bench("list_bench.exe")
