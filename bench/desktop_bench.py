@@ -2,8 +2,9 @@
 """The desktop program under Wine: desktop_bench.py WINDOWS_PROGRAMS NATIVE_PROGRAMS
 
 Prints how long its exchanges take as ratios to the wire's own time (driven by the timer alone: a
-pseudo-terminal gives no notifications under Wine), its start and its memory as ratios to notepad's,
-and the filling of the memory list as a part of a frame.
+pseudo-terminal gives no notifications under Wine), its start and its memory as ratios to those of a
+bare program with the same window and of notepad, and the filling of the memory list as a part of a
+frame.
 """
 import os
 import re
