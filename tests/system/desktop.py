@@ -215,12 +215,10 @@ class Window:
         screen's are both this window's: the screen follows Wine, later."""
         self.wait_until_in_front()
         self.driver("focus", self.handle, LIMIT * 1000)
-        wait_for(lambda: self.desktop.xdotool("getwindowfocus", "-f") == self.screen_window(),
+        there = self.driver("screen_window", self.handle)[0]
+        wait_for(lambda: self.desktop.xdotool("getwindowfocus", "-f") == there,
                  "the screen's keyboard")
         self.desktop.xdotool("key", *keys)
-
-    def screen_window(self):
-        return self.driver("screen_window", self.handle)[0]
 
     def click(self, place, *, button=1, times=1):
         """A real click on a place of the screen, once the window is in front."""

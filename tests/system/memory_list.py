@@ -45,26 +45,36 @@ class MemoryList(Window):
         self.click(middle(self.area(control)))
 
     def drag_title(self, right, down):
-        left, top, width, _ = self.on_screen()
-        self.drag((left + width // 2, top - 8), right, down)
+        left, top, end, _ = self.inside()
+        self.drag(((left + end) // 2, top - 8), (right, down), (right, down, 0, 0))
 
     def drag_corner(self, right, down):
-        left, top, width, height = self.on_screen()
-        self.drag((left + width - 4, top + height + 2), right, down)
+        _, _, end, bottom = self.inside()
+        self.drag((end - 4, bottom + 2), (right, down), (0, 0, right, down))
+
+    def inside(self):
+        """What the window manager draws its frame around."""
+        return list(map(int, self.driver("inside", self.handle)))
+
+    def drag(self, start, way, change):
+        """The window manager looks at the pointer now and then: it is moved until it has."""
+        self.wait_until_in_front()
+        wanted = [now + more for now, more in zip(self.on_screen(), change)]
+        self.desktop.xdotool("mousemove", *map(str, start), "mousedown", "1")
+        end = [str(from_ + by) for from_, by in zip(start, way)]
+
+        def is_there():
+            self.desktop.xdotool("mousemove", *map(str, start), "mousemove", *end)
+            return self.on_screen() == wanted
+        wait_for(is_there, "the window to follow the pointer")
+        self.desktop.xdotool("mouseup", "1")
 
     def on_screen(self):
-        """What the window manager draws its frame around: left, top, width, height."""
-        there = self.desktop.xdotool("getwindowgeometry", "--shell", self.screen_window())
-        values = dict(line.split("=") for line in there.splitlines())
+        """A place that moves with the window, its width and height, as the screen has them."""
+        number = self.driver("screen_window", self.handle)[0]
+        told = self.desktop.xdotool("getwindowgeometry", "--shell", number).splitlines()
+        values = dict(line.split("=") for line in told)
         return [int(values[key]) for key in ("X", "Y", "WIDTH", "HEIGHT")]
-
-    def drag(self, start, right, down):
-        """Farther than the window manager takes for a click."""
-        self.wait_until_in_front()
-        moves = [("mousemove_relative", "--", str(part), str(whole))
-                 for part, whole in ((right // 2, down // 2), (right - right // 2, down - down // 2))]
-        self.desktop.xdotool("mousemove", *map(str, start), "mousedown", "1", *moves[0], *moves[1],
-                             "mouseup", "1")
 
     def wait_for_names(self, names):
         self.wait_to_be(names, self.names)

@@ -28,6 +28,7 @@
 //   selected_rows WINDOW CONTROL  the places selected in it
 //   row_area WINDOW CONTROL N   left, top, right, bottom on the screen
 //   area WINDOW CONTROL         the same of a control or, without one, of the window
+//   inside WINDOW               the same of the window without its frame
 //   said WINDOW                 the text that the window itself gives
 //   clipboard                   the text on the clipboard
 //   set_clipboard TEXT          puts a text there
@@ -276,33 +277,20 @@ struct Action {
 };
 
 constexpr Action kActions[] = {
-    {"wait", 4, Wait},
-    {"gone", 3, Gone},
-    {"front", 3, Front},
-    {"focus", 3, Focus},
-    {"windows", 1, ListWindows},
-    {"controls", 2, ListControls},
-    {"enabled", 2, Enabled},
-    {"command", 3, Command},
-    {"press", 3, Press},
-    {"checked", 3, Checked},
-    {"text", 3, Text},
-    {"set", 4, Set},
-    {"choose", 4, Choose},
-    {"chosen", 3, Chosen},
-    {"close", 2, Close},
-    {"tab_to", 3, TabTo},
-    {"focused", 2, Focused},
-    {"end_session", 2, EndSession},
-    {"may_end", 2, MayEnd},
-    {"screen_window", 2, ScreenWindow},
-    {"rows", 3, Rows},
-    {"selected_rows", 3, SelectedRows},
-    {"row_area", 4, RowArea},
-    {"area", 3, Area},
-    {"said", 2, Said},
-    {"clipboard", 1, Clipboard},
-    {"set_clipboard", 2, SetClipboard},
+    {"wait", 4, Wait},           {"gone", 3, Gone},
+    {"front", 3, Front},         {"focus", 3, Focus},
+    {"windows", 1, ListWindows}, {"controls", 2, ListControls},
+    {"enabled", 2, Enabled},     {"command", 3, Command},
+    {"press", 3, Press},         {"checked", 3, Checked},
+    {"text", 3, Text},           {"set", 4, Set},
+    {"choose", 4, Choose},       {"chosen", 3, Chosen},
+    {"close", 2, Close},         {"tab_to", 3, TabTo},
+    {"focused", 2, Focused},     {"end_session", 2, EndSession},
+    {"may_end", 2, MayEnd},      {"screen_window", 2, ScreenWindow},
+    {"rows", 3, Rows},           {"selected_rows", 3, SelectedRows},
+    {"row_area", 4, RowArea},    {"area", 3, Area},
+    {"inside", 2, Inside},       {"said", 2, Said},
+    {"clipboard", 1, Clipboard}, {"set_clipboard", 2, SetClipboard},
 };
 
 Fields Run(const Fields& fields) {

@@ -70,6 +70,14 @@ Fields Area(const Fields& fields) {
   return FieldsOf(area);
 }
 
+Fields Inside(const Fields& fields) {
+  const HWND window = WindowOf(fields[1]);
+  RECT area{};
+  GetClientRect(window, &area);
+  MapWindowPoints(window, nullptr, reinterpret_cast<POINT*>(&area), 2);
+  return FieldsOf(area);
+}
+
 Fields Said(const Fields& fields) { return {TextOf(WindowOf(fields[1]))}; }
 
 Fields Clipboard(const Fields& /*fields*/) {

@@ -8,6 +8,7 @@ Fields Rows(const Fields& fields);
 Fields SelectedRows(const Fields& fields);
 Fields RowArea(const Fields& fields);
 Fields Area(const Fields& fields);
+Fields Inside(const Fields& fields);
 Fields Said(const Fields& fields);
 Fields Clipboard(const Fields& fields);
 Fields SetClipboard(const Fields& fields);
