@@ -112,6 +112,7 @@ TEST_F(MainDialogTest, EveryNotificationOfAValueEnablesTheDefaultsButtons) {
 }
 
 TEST_F(MainDialogTest, WhatNothingTellsShowsItsPlaceAsATooltip) {
+  ASSERT_TRUE(HandleMessagesUntil([] { return !TooltipOf(app.main_dialog, 105).empty(); }));
   EXPECT_EQ(TooltipOf(app.main_dialog, 105), "Byte 10504, bit 7");
   EXPECT_EQ(TooltipOf(app.main_dialog, 134), "Byte 10201");
   EXPECT_EQ(TooltipOf(app.main_dialog, 127), "Byte 10506, bit 5");
