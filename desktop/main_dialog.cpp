@@ -72,13 +72,15 @@ void FillMainWindow(HWND dialog) {
 HWND status_tip = nullptr;
 
 void AddStatusTip(HWND dialog) {
-  const Tooltip nothing_yet{.control = ID_STATUS_LINE, .text = ""};
-  app.status_line = GetDlgItem(dialog, ID_STATUS_LINE);
-  status_tip = AddTooltips(dialog, {&nothing_yet, 1});
+  const Tooltip tip{.control = ID_STATUS_LINE, .text = ControlText(dialog, ID_STATUS_LINE)};
+  status_tip = AddTooltips(dialog, {&tip, 1});
   RECT line;
   GetClientRect(app.status_line, &line);
   SendMessageA(status_tip, TTM_SETMAXTIPWIDTH, 0, line.right);
 }
+
+// The tooltips come when the first picture is there: timers wait for everything else.
+constexpr UINT_PTR kTooltipsTimer = 1;
 
 BOOL OnInit(HWND dialog, LPARAM state) {
   FillMainWindow(dialog);
@@ -86,9 +88,16 @@ BOOL OnInit(HWND dialog, LPARAM state) {
     SetUpField(dialog, field);
   }
   LimitText(dialog, ID_FILE_COMMENT, kLongestFileComment);
-  SetUpDialog(dialog, state, PlaceTooltips(Fields()));
-  AddStatusTip(dialog);
+  app.status_line = GetDlgItem(dialog, ID_STATUS_LINE);
+  SetUpDialog(dialog, state);
+  SetTimer(dialog, kTooltipsTimer, USER_TIMER_MINIMUM, nullptr);
   return TRUE;
+}
+
+void OnTimer(HWND dialog) {
+  KillTimer(dialog, kTooltipsTimer);
+  AddTooltips(dialog, PlaceTooltips(Fields()));
+  AddStatusTip(dialog);
 }
 
 // Any notification of a field or the comment, the arriving focus too.
@@ -147,6 +156,10 @@ extern "C" INT_PTR CALLBACK DlgProcMain(HWND dialog, UINT message, WPARAM w, LPA
     case WM_DESTROY:
       app.main_dialog = nullptr;
       app.status_line = nullptr;
+      status_tip = nullptr;
+      return TRUE;
+    case WM_TIMER:
+      OnTimer(dialog);
       return TRUE;
     default:
       return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);

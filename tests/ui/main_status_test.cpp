@@ -151,6 +151,7 @@ TEST_F(MainStatus, SaysThatNothingWasReadWhenTheReadIsCancelled) {
 
 // What has no room is replaced by three points, and the pointer tells it.
 TEST_F(MainStatus, IsWholeInItsTooltip) {
+  ASSERT_TRUE(HandleMessagesUntil([] { return !TooltipOf(app.main_dialog, 105).empty(); }));
   app.note = std::string(80, 'n');
   RefreshStatusLine();
   HandleMessages();
