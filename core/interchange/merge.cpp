@@ -107,6 +107,11 @@ std::optional<ChannelRecord> MergedRecord(const CloneImage& working_copy, const 
   return record;
 }
 
+bool IsAvailable(const MergeSource& source, const std::optional<ChannelSummary>& channel) {
+  return channel && channel->in_use &&
+         BandOf(TensOfHertz(channel->receive_10hz), source.region) <= Band::kAir;
+}
+
 }  // namespace
 
 void SetMergeKey(MergeOptions& options, std::string_view text) {
@@ -115,16 +120,12 @@ void SetMergeKey(MergeOptions& options, std::string_view text) {
 }
 
 bool IsAvailable(const MergeSource& source, int s) {
-  const std::optional<ChannelSummary> channel = SourceSummary(source, s);
-  return channel && channel->in_use &&
-         BandOf(TensOfHertz(channel->receive_10hz), source.region) <= Band::kAir;
+  return IsAvailable(source, SourceSummary(source, s));
 }
 
 bool IsSelectedForMerge(const MergeSource& source, const MergeOptions& options, int s) {
-  if (!IsAvailable(source, s)) {
-    return false;
-  }
-  if (options.only_ham && !IsHam(SourceSummary(source, s)->receive_10hz)) {
+  const std::optional<ChannelSummary> channel = SourceSummary(source, s);
+  if (!IsAvailable(source, channel) || (options.only_ham && !IsHam(channel->receive_10hz))) {
     return false;
   }
   return !options.use_key || options.upper_key.empty() || MatchesKey(source, options, s);
