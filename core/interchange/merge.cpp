@@ -133,7 +133,7 @@ bool IsSelectedForMerge(const MergeSource& source, const MergeOptions& options, 
 
 int CountAvailable(const MergeSource& source) {
   int count = 0;
-  for (int s = 1; s <= SourceChannelCount(source); ++s) {
+  for (int s = 1; s <= SourceSummaryCount(source); ++s) {
     count += IsAvailable(source, s) ? 1 : 0;
   }
   return count;
@@ -141,7 +141,7 @@ int CountAvailable(const MergeSource& source) {
 
 int CountSelected(const MergeSource& source, const MergeOptions& options) {
   int count = 0;
-  for (int s = 1; s <= SourceChannelCount(source); ++s) {
+  for (int s = 1; s <= SourceSummaryCount(source); ++s) {
     count += IsSelectedForMerge(source, options, s) ? 1 : 0;
   }
   return count;
@@ -150,7 +150,7 @@ int CountSelected(const MergeSource& source, const MergeOptions& options) {
 void MergeChannels(CloneImage& image, const CloneImage& working_copy, const MergeSource& source,
                    const MergeOptions& options) {
   int t = options.start;
-  for (int s = 1; s <= SourceChannelCount(source); ++s) {
+  for (int s = 1; s <= SourceSummaryCount(source); ++s) {
     if (!IsSelectedForMerge(source, options, s)) {
       continue;
     }
