@@ -16,6 +16,8 @@ TEST(SystemLibrary, HasEachFunctionThatTheProgramLoadsLater) {
   EXPECT_NE(FindSystemFunction("comdlg32.dll", "PrintDlgA"), nullptr);
   EXPECT_NE(FindSystemFunction("shell32.dll", "ShellExecuteW"), nullptr);
   EXPECT_NE(FindSystemFunction("shell32.dll", "SHGetFolderPathW"), nullptr);
+  EXPECT_NE(FindSystemFunction("shell32.dll", "DragQueryFileW"), nullptr);
+  EXPECT_NE(FindSystemFunction("shell32.dll", "DragFinish"), nullptr);
 }
 
 // A library beside the program is not the system's.
