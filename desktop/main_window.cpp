@@ -6,7 +6,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <type_traits>
 #include <vector>
 
 #include "core/files/seams.h"
@@ -44,26 +43,24 @@ void OnDestroy() {
   PostQuitMessage(0);
 }
 
-constexpr const char* kShell = "shell32.dll";
-
-using Drop = std::unique_ptr<std::remove_pointer_t<HDROP>, decltype(&DragFinish)>;
-
-std::vector<std::filesystem::path> FilesOf(const Drop& drop) {
-  const auto query = SystemFunction<decltype(&DragQueryFileW)>(kShell, "DragQueryFileW");
+// The paths of a drop, which goes back to the system.
+std::vector<std::filesystem::path> TakeFiles(HDROP drop) {
+  constexpr const char* kShell = "shell32.dll";
+  const auto ask = SystemFunction<decltype(&DragQueryFileW)>(kShell, "DragQueryFileW");
   constexpr UINT kAll = 0xFFFFFFFF;
-  std::vector<std::filesystem::path> files(query(drop.get(), kAll, nullptr, 0));
+  std::vector<std::filesystem::path> files(ask(drop, kAll, nullptr, 0));
   for (UINT n = 0; n < files.size(); ++n) {
-    std::wstring path(query(drop.get(), n, nullptr, 0), L'\0');
-    query(drop.get(), n, path.data(), static_cast<UINT>(path.size()) + 1);
+    std::wstring path(ask(drop, n, nullptr, 0), L'\0');
+    ask(drop, n, path.data(), static_cast<UINT>(path.size()) + 1);
     files[n] = path;
   }
+  SystemFunction<decltype(&DragFinish)>(kShell, "DragFinish")(drop);
   return files;
 }
 
 // A drop that was on its way when a dialog opened comes too late.
-void OnDrop(HWND window, HDROP dropped) {
-  const Drop drop(dropped, SystemFunction<decltype(&DragFinish)>(kShell, "DragFinish"));
-  const std::vector<std::filesystem::path> files = FilesOf(drop);
+void OnDrop(HWND window, HDROP drop) {
+  const std::vector<std::filesystem::path> files = TakeFiles(drop);
   if (IsWindowEnabled(window) && !files.empty()) {
     // Whoever the files come from has the keyboard; the questions about them are asked here.
     SetForegroundWindow(window);

@@ -24,32 +24,31 @@
 //   close WINDOW                asks it to close
 //   tab_to WINDOW CONTROL       the keyboard goes there, as with the Tab key
 //   focused WINDOW              the control that has the keyboard
+//   rows WINDOW CONTROL         the texts of a list box
+//   selected_rows WINDOW CONTROL  the places selected in it
+//   row_area WINDOW CONTROL N   left, top, right, bottom on the screen
+//   area WINDOW CONTROL         the same of a control or, without one, of the window
+//   inside WINDOW               the same of the window without its frame
+//   said WINDOW                 the text that the window itself gives
+//   clipboard                   the text on the clipboard
+//   set_clipboard TEXT          puts a text there
 //   end_session WINDOW          asks whether the session may end; the answer can take its time
 //   may_end LIMIT               that answer: 1 or 0
 #include <windows.h>
 
-#include <array>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <functional>
 #include <iostream>
-#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "tests/system/window_rows_win32.h"
+
 namespace {
 
-using Fields = std::vector<std::string>;
-
-constexpr UINT kLongestAnswer = 10'000;
 constexpr DWORD kLookInterval = 5;
-
-// The reason for a "no".
-struct Refused : std::runtime_error {
-  using std::runtime_error::runtime_error;
-};
 
 std::string Unescaped(std::string_view text) {
   std::string plain;
@@ -87,118 +86,6 @@ Fields SplitLine(std::string_view line) {
     }
     line.remove_prefix(end + 1);
   }
-}
-
-std::string NumberOf(HWND window) { return std::to_string(reinterpret_cast<ULONG_PTR>(window)); }
-
-LONG_PTR Number(const std::string& text) {
-  char* end = nullptr;
-  const LONG_PTR number = std::strtoll(text.c_str(), &end, 10);
-  if (text.empty() || *end != '\0') {
-    throw Refused("not a number: " + text);
-  }
-  return number;
-}
-
-HWND WindowOf(const std::string& text) {
-  // NOLINTNEXTLINE(performance-no-int-to-ptr): a handle is a number between two programs
-  const HWND window = reinterpret_cast<HWND>(Number(text));
-  if (!IsWindow(window)) {
-    throw Refused("no such window: " + text);
-  }
-  return window;
-}
-
-LRESULT Ask(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
-  DWORD_PTR result = 0;
-  if (SendMessageTimeoutW(window, message, w, l, SMTO_NORMAL, kLongestAnswer, &result) == 0) {
-    throw Refused("the window does not answer");
-  }
-  return static_cast<LRESULT>(result);
-}
-
-void Post(HWND window, UINT message, WPARAM w = 0, LPARAM l = 0) {
-  if (!PostMessageW(window, message, w, l)) {
-    throw Refused("the window takes no message");
-  }
-}
-
-std::string Utf8(std::wstring_view text) {
-  const auto size = static_cast<int>(text.size());
-  const int needed =
-      WideCharToMultiByte(CP_UTF8, 0, text.data(), size, nullptr, 0, nullptr, nullptr);
-  std::string bytes(static_cast<std::size_t>(needed), '\0');
-  WideCharToMultiByte(CP_UTF8, 0, text.data(), size, bytes.data(), needed, nullptr, nullptr);
-  return bytes;
-}
-
-std::wstring Wide(std::string_view text) {
-  const auto size = static_cast<int>(text.size());
-  const int needed = MultiByteToWideChar(CP_UTF8, 0, text.data(), size, nullptr, 0);
-  std::wstring letters(static_cast<std::size_t>(needed), L'\0');
-  MultiByteToWideChar(CP_UTF8, 0, text.data(), size, letters.data(), needed);
-  return letters;
-}
-
-std::string ClassOf(HWND window) {
-  std::array<wchar_t, 256> name{};
-  GetClassNameW(window, name.data(), static_cast<int>(name.size()));
-  return Utf8(name.data());
-}
-
-std::string TitleOf(HWND window) {
-  std::array<wchar_t, 1024> title{};
-  GetWindowTextW(window, title.data(), static_cast<int>(title.size()));
-  return Utf8(title.data());
-}
-
-std::string TextOf(HWND control) {
-  std::wstring text(static_cast<std::size_t>(Ask(control, WM_GETTEXTLENGTH)) + 1, L'\0');
-  const LRESULT size = Ask(control, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()));
-  text.resize(static_cast<std::size_t>(size));
-  return Utf8(text);
-}
-
-BOOL CALLBACK TakeWindow(HWND window, LPARAM list) {
-  if (IsWindowVisible(window)) {
-    reinterpret_cast<std::vector<HWND>*>(list)->push_back(window);
-  }
-  return TRUE;
-}
-
-std::vector<HWND> VisibleWindows() {
-  std::vector<HWND> windows;
-  EnumWindows(TakeWindow, reinterpret_cast<LPARAM>(&windows));
-  return windows;
-}
-
-std::vector<HWND> VisibleControls(HWND window) {
-  std::vector<HWND> controls;
-  EnumChildWindows(window, TakeWindow, reinterpret_cast<LPARAM>(&controls));
-  return controls;
-}
-
-// Of the window itself or of a dialog inside it. The file boxes give one number to several controls
-// of different classes.
-HWND ControlOf(const std::string& window, const std::string& identifier,
-               const std::string& class_name = "") {
-  const LONG_PTR wanted = Number(identifier);
-  for (const HWND control : VisibleControls(WindowOf(window))) {
-    if (GetDlgCtrlID(control) == wanted && (class_name.empty() || ClassOf(control) == class_name)) {
-      return control;
-    }
-  }
-  throw Refused("no such control: " + class_name + " " + identifier);
-}
-
-// A user can do nothing with a disabled control.
-HWND UsableControlOf(const std::string& window, const std::string& identifier,
-                     const std::string& class_name = "") {
-  const HWND control = ControlOf(window, identifier, class_name);
-  if (!IsWindowEnabled(control) || !IsWindowEnabled(WindowOf(window))) {
-    throw Refused("disabled: " + identifier);
-  }
-  return control;
 }
 
 void WaitUntil(const std::function<bool()>& condition, const std::string& limit,
@@ -400,6 +287,10 @@ constexpr Action kActions[] = {
     {"close", 2, Close},         {"tab_to", 3, TabTo},
     {"focused", 2, Focused},     {"end_session", 2, EndSession},
     {"may_end", 2, MayEnd},      {"screen_window", 2, ScreenWindow},
+    {"rows", 3, Rows},           {"selected_rows", 3, SelectedRows},
+    {"row_area", 4, RowArea},    {"area", 3, Area},
+    {"inside", 2, Inside},       {"said", 2, Said},
+    {"clipboard", 1, Clipboard}, {"set_clipboard", 2, SetClipboard},
 };
 
 Fields Run(const Fields& fields) {
@@ -429,6 +320,7 @@ std::string AnswerTo(const std::string& line) {
 }  // namespace
 
 int main() {
+  SetProcessDPIAware();  // so that its places are those of the screen
   std::string line;
   while (std::getline(std::cin, line)) {
     if (line.ends_with('\r')) {
