@@ -120,7 +120,7 @@ BOOL CALLBACK CountWithChildren(HWND window, LPARAM count) {
 // tells how deep painting has been nested so far. With this many always kept, it only tells how many
 // were never given back.
 void KeepManyContexts() {
-  std::array<HDC, 24> contexts{};
+  std::array<HDC, 100> contexts{};
   for (HDC& context : contexts) {
     context = GetDC(app.main_window);
   }
