@@ -3,11 +3,11 @@
 desktop_list_test.py WINDOWS_PROGRAMS NATIVE_PROGRAMS"""
 import desktop
 import memory_list
-from desktop import CANCEL, NO, OK, SAVE, TITLE, YES, DesktopTest
-from memory_list import LAST_ROW, MemoryList
+from desktop import TITLE, YES, DesktopTest
+from driven_window import Refused
+from memory_list import MemoryList
 from qz7 import fields, wait_for
 
-VIEW = 110
 MOVE_DOWN = 105
 DOUBTFUL = "Cancel all changes to memory channels?"
 CITIES = {2: "BERLIN", 3: "BREMEN", 4: "KOELN", 12: "ULM"}
@@ -41,7 +41,7 @@ class ListTest(DesktopTest):
     def clipboard(self):
         try:
             return self.driver("clipboard")[0]
-        except desktop.Refused:  # the program has it just now
+        except Refused:  # the program has it just now
             return ""
 
     def end(self):
