@@ -2,8 +2,9 @@
 """The desktop program under Wine: desktop_bench.py WINDOWS_PROGRAMS NATIVE_PROGRAMS
 
 Prints how long its exchanges take as ratios to the wire's own time (driven by the timer alone: a
-pseudo-terminal gives no notifications under Wine), its start and its memory as ratios to notepad's,
-and the filling of the memory list as a part of a frame.
+pseudo-terminal gives no notifications under Wine), its start and its memory as ratios to those of a
+bare program with the same window and of notepad, and the filling of the memory list as a part of a
+frame.
 """
 import os
 import re
@@ -46,7 +47,7 @@ class DesktopBench(ExchangeTest):
     def test_start_and_memory(self):
         self.make_template_file("MY.TPL")
         self.set_preferences(DataDir=self.windows_path(), TemplateFile=self.template_path)
-        self.run_bench("start_bench.exe", "qz7.exe", "notepad.exe")
+        self.run_bench("start_bench.exe", "qz7.exe", "bare_program.exe", "notepad.exe")
 
     def test_list(self):
         self.run_bench("list_bench.exe")

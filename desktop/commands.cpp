@@ -13,6 +13,7 @@
 #include "core/link/radio_transfer.h"
 #include "desktop/about_dialog.h"
 #include "desktop/app_state.h"
+#include "desktop/dropped_file.h"
 #include "desktop/editors/channel_editor_dialog.h"
 #include "desktop/editors/feature_dialogs.h"
 #include "desktop/editors/groups_dialog.h"
@@ -86,6 +87,9 @@ void SendData(int) {
 
 // Files.
 
+constexpr const char* kNothingOpened = "Nothing opened";
+
+void Open(int) { app.note = OpenRadioFile(app.document) ? "" : kNothingOpened; }
 void Save(int) { app.note = SaveDocument(app.document) ? "" : "Nothing saved"; }
 void SaveAs(int) { app.note = SaveDocumentAs(app.document) ? "" : "Nothing saved"; }
 
@@ -121,39 +125,56 @@ void EditGroups(int) {
 
 // Interchange.
 
-std::optional<PlacedChannels> ImportFile(CloneImage& image) {
-  auto lines = OpenImportFile(app.import_session);
-  if (!lines || !ShowImportColumnsDialog(app.import_session, *lines)) {
-    return std::nullopt;
+constexpr const char* kImportCancelled = "Import cancelled";
+
+std::string ImportFile(CloneImage& image) {
+  ImportSession& session = app.import_session;
+  auto lines = OpenImportFile(session);
+  if (!lines) {
+    return "Nothing imported";
   }
-  return ShowSelectionDialog(image, app.import_session, *lines, app.document.region);
+  const auto placed = ShowImportColumnsDialog(session, *lines)
+                          ? ShowSelectionDialog(image, session, *lines, app.document.region)
+                          : std::nullopt;
+  if (placed) {
+    return ImportedNote(*placed);
+  }
+  // An empty file ends the selection by itself.
+  return session.line_count == 0 ? "Nothing imported" : kImportCancelled;
 }
 
 // A document that only took channels from a file does not count as changed: so it is meant.
-void ImportChannels(int) {
+std::string Import(const std::optional<ChosenFile>& chosen) {
   CloneImage& working_copy = BeginWorkingCopy(app.document);
-  app.note = "Import cancelled";
-  if (ShowImportDialog(app.import_session)) {
-    const auto placed = ImportFile(working_copy);
-    TakeWorkingCopy(app.document);
-    app.note = placed ? ImportedNote(*placed) : app.note;
+  if (!ShowImportDialog(app.import_session, chosen)) {
+    return kImportCancelled;
   }
+  const std::string note = ImportFile(working_copy);
+  TakeWorkingCopy(app.document);
+  return note;
 }
 
-void MergeFromFile(int) {
-  app.note = "Merge cancelled";
-  Document& document = app.document;
+void ImportChannels(int) { app.note = Import(std::nullopt); }
+
+std::string Merge(Document& document) {
+  constexpr const char* kCancelled = "Merge cancelled";
   const auto file = ShowOpenBox(MergeFileBox(document.preferences.data_folder));
+  if (!file) {
+    return kCancelled;
+  }
   MergeSource source;
-  if (!file || !ReadMergeSource(source, document.working_copy, file->path)) {
-    return;
+  if (!ReadMergeSource(source, document.working_copy, file->path)) {
+    return "Nothing merged";
   }
   source.region = document.region;
-  if (ShowMergeDialog(document.image, document.working_copy, source, app.merge_options)) {
-    document.changed = true;
-    app.note = "Merged from " + PathText(file->name);
+  if (!ShowMergeDialog(document.image, document.working_copy, source, app.merge_options)) {
+    return kCancelled;
   }
+  document.changed = true;
+  return "Merged from " + PathText(file->name);
 }
+
+void MergeFromFile(int) { app.note = Merge(app.document); }
 
 // The radio's settings. `starts_from_defaults` is the editor's preference.
 void EditFeature(bool (*show)(const FeatureEditor&), bool Preferences::*starts_from_defaults) {
@@ -184,7 +205,7 @@ constexpr bool kAsItIs = false;
 // No key is one of those that a field has itself: Ctrl and A, C, V, X, Y or Z.
 constexpr Command kCommands[] = {
     {CM_NEW, kAsItIs, [](int) { StartNewFile(app.document); }, {'N'}},
-    {CM_OPEN, kAsItIs, [](int) { OpenRadioFile(app.document); }, {'O'}},
+    {CM_OPEN, kAsItIs, Open, {'O'}},
     {CM_SAVE, kAsItIs, Save, {'S'}},
     {CM_SAVE_AS, kAsItIs, SaveAs, {'S', true}},
     {CM_IMPORT, kCollects, ImportChannels, {'I'}},
@@ -212,6 +233,23 @@ constexpr Command kCommands[] = {
     {CM_ABOUT, kAsItIs, [](int) { ShowAboutDialog(ProgramPath()); }},
 };
 
+std::string TakeDropped(const std::filesystem::path& path) {
+  Document& document = app.document;
+  const std::string name = PathText(NamePart(path));
+  switch (KindOfDropped(path)) {
+    case DroppedKind::kRadioFile:
+      return OpenRadioFile(document, path) ? "" : kNothingOpened;
+    case DroppedKind::kList:
+      CollectMainDialog(document);
+      return Import(FileAt(path));
+    case DroppedKind::kTemplate:
+      return name + (TakeTemplate(document.preferences, path) ? " is the template"
+                                                              : " did not become the template");
+    default:
+      return name + " is no radio file, list or template";
+  }
+}
+
 }  // namespace
 
 std::span<const Command> Commands() { return kCommands; }
@@ -221,6 +259,12 @@ bool RunCommand(int command) {
   const bool known = RunCommand(kCommands, app.document, command);
   RefreshStatusLine();
   return known;
+}
+
+void RunDrop(std::span<const std::filesystem::path> files) {
+  app.note.clear();
+  RunWhole(app.document, [&] { app.note = DroppedNote(TakeDropped(files.front()), files.size()); });
+  RefreshStatusLine();
 }
 
 }  // namespace qz7

@@ -5,6 +5,7 @@
 #include <shlobj.h>
 
 #include "core/files/paths.h"
+#include "desktop/toolkit/system_library.h"
 
 namespace qz7 {
 
@@ -17,11 +18,34 @@ constexpr const char* kProfileName = "Tamro.ini";
 constexpr const char* kDefaultsName = "qz7.def";
 constexpr const char* kUserFolder = "Tamro";
 
+std::wstring Variable(const wchar_t* name) {
+  std::wstring value(GetEnvironmentVariableW(name, nullptr, 0), L'\0');
+  value.resize(GetEnvironmentVariableW(name, value.data(), static_cast<DWORD>(value.size())));
+  return value;
+}
+
+fs::path FolderOfShell() {
+  const auto ask = SystemFunction<decltype(&SHGetFolderPathW)>("shell32.dll", "SHGetFolderPathW");
+  wchar_t folder[MAX_PATH] = L"";
+  return ask(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT, folder) ==
+                 S_OK
+             ? fs::path(folder)
+             : fs::path();
+}
+
+// The shell, a large library, is asked only where the session does not say.
+fs::path ApplicationDataFolder() {
+  const fs::path folder = Variable(L"APPDATA");
+  const DWORD found = GetFileAttributesW(SystemPath(folder).c_str());
+  const bool is_folder =
+      found != INVALID_FILE_ATTRIBUTES && (found & FILE_ATTRIBUTE_DIRECTORY) != 0;
+  return folder.is_absolute() && is_folder ? folder : FolderOfShell();
+}
+
 // The user's own folder for this program, made when it is not there; empty where there is none.
 fs::path UserFolder() {
-  wchar_t folder[MAX_PATH] = L"";
-  if (SHGetFolderPathW(nullptr, CSIDL_APPDATA | CSIDL_FLAG_CREATE, nullptr, SHGFP_TYPE_CURRENT,
-                       folder) != S_OK) {
+  const fs::path folder = ApplicationDataFolder();
+  if (folder.empty()) {
     return {};
   }
   fs::path path = InFolder(folder, kUserFolder);

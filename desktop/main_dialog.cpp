@@ -77,14 +77,23 @@ void FillMainWindow(HWND dialog) {
   SendMessageA(app.status_line, WM_SIZE, 0, 0);
 }
 
+// The tooltips come when the first picture is there: timers wait for everything else.
+constexpr UINT_PTR kTooltipsTimer = 1;
+
 BOOL OnInit(HWND dialog, LPARAM state) {
   FillMainWindow(dialog);
   for (const SettingField& field : Fields()) {
     SetUpField(dialog, field);
   }
   LimitText(dialog, ID_FILE_COMMENT, kLongestFileComment);
-  SetUpDialog(dialog, state, PlaceTooltips(Fields()));
+  SetUpDialog(dialog, state);
+  SetTimer(dialog, kTooltipsTimer, USER_TIMER_MINIMUM, nullptr);
   return TRUE;
+}
+
+void OnTimer(HWND dialog) {
+  KillTimer(dialog, kTooltipsTimer);
+  AddTooltips(dialog, PlaceTooltips(Fields()));
 }
 
 // Any notification of a field or the comment, the arriving focus too.
@@ -142,6 +151,9 @@ extern "C" INT_PTR CALLBACK DlgProcMain(HWND dialog, UINT message, WPARAM w, LPA
       return TRUE;
     case WM_DESTROY:
       app.main_dialog = nullptr;
+      return TRUE;
+    case WM_TIMER:
+      OnTimer(dialog);
       return TRUE;
     default:
       return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);

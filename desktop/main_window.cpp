@@ -2,8 +2,12 @@
 
 // Behind <windows.h>.
 #include <commctrl.h>
+#include <shellapi.h>
 
+#include <filesystem>
 #include <memory>
+#include <type_traits>
+#include <vector>
 
 #include "core/files/seams.h"
 #include "core/files/unexpected.h"
@@ -39,6 +43,30 @@ void OnDestroy() {
   PostQuitMessage(0);
 }
 
+using Drop = std::unique_ptr<std::remove_pointer_t<HDROP>, decltype(&DragFinish)>;
+
+std::vector<std::filesystem::path> FilesOf(const Drop& drop) {
+  constexpr UINT kAll = 0xFFFFFFFF;
+  std::vector<std::filesystem::path> files(DragQueryFileW(drop.get(), kAll, nullptr, 0));
+  for (UINT n = 0; n < files.size(); ++n) {
+    std::wstring path(DragQueryFileW(drop.get(), n, nullptr, 0), L'\0');
+    DragQueryFileW(drop.get(), n, path.data(), static_cast<UINT>(path.size()) + 1);
+    files[n] = path;
+  }
+  return files;
+}
+
+// A drop that was on its way when a dialog opened comes too late.
+void OnDrop(HWND window, HDROP dropped) {
+  const Drop drop(dropped, DragFinish);
+  const std::vector<std::filesystem::path> files = FilesOf(drop);
+  if (IsWindowEnabled(window) && !files.empty()) {
+    // Whoever the files come from has the keyboard; the questions about them are asked here.
+    SetForegroundWindow(window);
+    RunDrop(files);
+  }
+}
+
 constexpr UINT kShowStatus = WM_APP + 1;
 
 void ShowStatus() {
@@ -70,6 +98,10 @@ LRESULT HandleMainMessage(HWND window, UINT message, WPARAM w, LPARAM l) {
   switch (message) {
     case WM_COMMAND:
       return RunCommand(LOWORD(w)) ? 0 : DefWindowProcA(window, message, w, l);
+    case WM_DROPFILES:
+      // NOLINTNEXTLINE(performance-no-int-to-ptr): the system passes the handle as a number
+      OnDrop(window, reinterpret_cast<HDROP>(w));
+      return 0;
     case kShowStatus:
       ShowStatus();
       return 0;
@@ -150,6 +182,7 @@ HWND CreateMainWindow() {
                       WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
                       CW_USEDEFAULT, 0, 0, 0, nullptr, nullptr, dialog_modules.program, nullptr);
   dialog_modules.main_window = app.main_window;
+  DragAcceptFiles(app.main_window, TRUE);
   app.status_line = CreateWindowExA(0, STATUSCLASSNAMEA, nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
                                     app.main_window, nullptr, dialog_modules.program, nullptr);
   return app.main_window;

@@ -13,6 +13,7 @@
 #include "desktop/printing/printing.h"
 #include "desktop/toolkit/ansi_text.h"
 #include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/system_library.h"
 
 // What the core asks of its program, answered with the system's own boxes and files.
 namespace qz7 {
@@ -40,8 +41,10 @@ Answer AnswerOf(int button) {
   }
 }
 
-std::optional<ChosenFile> RunFileBox(const FileBox& box, FileBoxKind kind,
-                                     decltype(&GetOpenFileNameW) show) {
+constexpr const char* kBoxLibrary = "comdlg32.dll";
+
+std::optional<ChosenFile> RunFileBox(const FileBox& box, FileBoxKind kind, const char* function) {
+  const auto show = SystemFunction<decltype(&GetOpenFileNameW)>(kBoxLibrary, function);
   SystemFileBox system_box(box, kind, DialogOwner());
   return show(&system_box.open) ? std::optional(system_box.Chosen()) : std::nullopt;
 }
@@ -68,16 +71,17 @@ std::string ShownText(std::string_view bytes) { return std::string(bytes); }
 std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }
 
 std::optional<ChosenFile> ShowOpenBox(const FileBox& box) {
-  return RunFileBox(box, FileBoxKind::kOpen, GetOpenFileNameW);
+  return RunFileBox(box, FileBoxKind::kOpen, "GetOpenFileNameW");
 }
 
 std::optional<ChosenFile> ShowSaveBox(const FileBox& box) {
-  return RunFileBox(box, FileBoxKind::kSave, GetSaveFileNameW);
+  return RunFileBox(box, FileBoxKind::kSave, "GetSaveFileNameW");
 }
 
 std::optional<ChosenPrinter> ShowPrintBox() {
   PRINTDLGA box = MakePrintBox(DialogOwner());
-  if (!PrintDlgA(&box)) {
+  const auto show = SystemFunction<decltype(&PrintDlgA)>(kBoxLibrary, "PrintDlgA");
+  if (!show(&box)) {
     return std::nullopt;
   }
   return ChosenPrinter{

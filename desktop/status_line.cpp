@@ -62,4 +62,12 @@ std::string ImportedNote(const PlacedChannels& placed) {
   }
 }
 
+std::string DroppedNote(const std::string& note, std::size_t files) {
+  if (files == 1) {
+    return note;
+  }
+  return (note.empty() ? "" : note + "; ") + "the first of " + std::to_string(files) +
+         " files was taken";
+}
+
 }  // namespace qz7

@@ -16,4 +16,7 @@ std::string StatusText(const Document& document, const CloneImage& shown, const 
 // "16 channels imported to 2-17, not saved"
 std::string ImportedNote(const PlacedChannels& placed);
 
+// What came of dropped files, of which only the first counts, from what came of that.
+std::string DroppedNote(const std::string& note, std::size_t files);
+
 }  // namespace qz7

@@ -17,14 +17,13 @@ set_tests_properties(clang_tidy_windows PROPERTIES COST 90)
 
 qz7_wine_test(unit_windows 600 python3 ${system}/with_echo_line.py --wine
   wine $<TARGET_FILE:unit_tests> --gtest_brief=1)
-qz7_wine_test(dialogs_windows 900 wine $<TARGET_FILE:ui_tests> --gtest_brief=1
+# The focus is one for a whole display: these windows have one of their own.
+qz7_test(dialogs_windows 900 env WINEPREFIX=${CMAKE_SOURCE_DIR}/build/dialogs-prefix
+  ${CMAKE_SOURCE_DIR}/tools/with-wine wine $<TARGET_FILE:ui_tests> --gtest_brief=1
   --gtest_filter=-RandomUse*)
-# The focus is one for the whole display.
-set_tests_properties(dialogs_windows PROPERTIES RUN_SERIAL ON)
+set_tests_properties(dialogs_windows PROPERTIES COST 85)
 qz7_wine_test(random_use 900 wine $<TARGET_FILE:ui_tests> --gtest_brief=1
   --gtest_filter=RandomUse*)
-# Its windows would take the keyboard from a program that is driven by keys.
-set_tests_properties(random_use PROPERTIES RESOURCE_LOCK desktop)
 # What the test programs were shown is held against the help.
 set(records)
 file(MAKE_DIRECTORY ${CMAKE_BINARY_DIR}/record)

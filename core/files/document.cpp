@@ -58,6 +58,12 @@ bool OpenFile(Document& document, const ChosenFile& file) {
   return true;
 }
 
+// Save As proposes its name from then on.
+bool OpenProposed(Document& document, const ChosenFile& file) {
+  document.last_file_name = file.name;
+  return OpenFile(document, file);
+}
+
 }  // namespace
 
 CloneImage& BeginWorkingCopy(Document& document) {
@@ -144,11 +150,15 @@ bool OpenDocument(Document& document) {
     return false;
   }
   const auto file = ShowOpenBox(RadioFileBox(document, "Open Radio File"));
-  if (!file) {
-    return false;
-  }
-  document.last_file_name = file->name;
-  return OpenFile(document, *file);
+  return file && OpenProposed(document, *file);
+}
+
+ChosenFile FileAt(const std::filesystem::path& full_path) {
+  return {.path = full_path, .name = NamePart(full_path), .name_offset = NameOffset(full_path)};
+}
+
+bool OpenChosenDocument(Document& document, const std::filesystem::path& full_path) {
+  return AskSaveChanges(document) && OpenProposed(document, FileAt(full_path));
 }
 
 // The title, the working copy and the data folder stay as they were. A save changes the checksums
@@ -185,9 +195,7 @@ bool SaveDocumentAs(Document& document) {
 }
 
 bool OpenNamedDocument(Document& document, const std::filesystem::path& full_path) {
-  return OpenFile(
-      document,
-      {.path = full_path, .name = NamePart(full_path), .name_offset = NameOffset(full_path)});
+  return OpenFile(document, FileAt(full_path));
 }
 
 bool CreateTemplate(Document& document, const std::string& name) {

@@ -5,6 +5,7 @@
 
 #include "core/files/defaults_record.h"
 #include "core/files/preferences.h"
+#include "core/files/seams.h"
 #include "core/image/clone_image.h"
 #include "core/image/region_variant.h"
 
@@ -69,6 +70,10 @@ bool AskSaveChanges(Document& document);
 bool OpenDocument(Document& document);
 bool SaveDocument(Document& document);
 bool SaveDocumentAs(Document& document);
+// The file of this full path as a box would report it.
+ChosenFile FileAt(const std::filesystem::path& full_path);
+// As OpenDocument, the question about changes included, for a file that was chosen without its box.
+bool OpenChosenDocument(Document& document, const std::filesystem::path& full_path);
 // Opens the file that the command line names, by its full path.
 bool OpenNamedDocument(Document& document, const std::filesystem::path& full_path);
 

@@ -47,7 +47,7 @@ void Finish(HWND dialog, const RowsChange& change, const std::vector<int>& rows_
     }
   });
   ForgetTip(window);
-  RecordStep(window.history, document.image, rows_before, change.selection);
+  RecordStep(window.history, document, rows_before, change.selection);
 }
 
 void RunOnSelection(HWND dialog, RowsCommand command) {
@@ -55,10 +55,10 @@ void RunOnSelection(HWND dialog, RowsCommand command) {
   Finish(dialog, command(StateOf<ListWindow>(dialog).document.image, rows), rows);
 }
 
-void TakeStep(HWND dialog, RowsChange (*step)(ListHistory& history, CloneImage& image)) {
+void TakeStep(HWND dialog, RowsChange (*step)(ListHistory& history, Document& document)) {
   auto& window = StateOf<ListWindow>(dialog);
   const std::vector<int> rows = SelectedRows(ListOf(dialog));
-  Finish(dialog, step(window.history, window.document.image), rows);
+  Finish(dialog, step(window.history, window.document), rows);
 }
 
 bool CopySelection(HWND dialog) {
@@ -152,7 +152,7 @@ void Edit(HWND dialog) {
     });
     const int row = n - 1;
     ForgetTip(window);
-    RecordStep(window.history, window.document.image, {&row, 1}, {&row, 1});
+    RecordStep(window.history, window.document, {&row, 1}, {&row, 1});
   };
   const auto shown = [&](int n) { GoToRow(dialog, n - 1); };
   ShowChannelEditorDialog(window.document, edit.channel, {.written = written, .shown = shown});

@@ -222,7 +222,7 @@ extern "C" INT_PTR CALLBACK DlgProcListMemory(HWND dialog, UINT message, WPARAM 
 bool ShowMemoryListDialog(Document& document) {
   TakeWorkingCopy(document);
   ListWindow window{.document = document};
-  window.history = StartHistory(document.image);
+  window.history = StartHistory(document);
   return RunDialog("DLLDlgListMemory", DlgProcListMemory, &window) == 0;
 }
 

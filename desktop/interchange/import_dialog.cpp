@@ -22,9 +22,23 @@ void ShowSeparator(HWND dialog, int control, char separator) {
   SetDlgItemTextA(dialog, control, text);
 }
 
+struct ImportWindow {
+  ImportSession& session;
+  const std::optional<ChosenFile>& chosen;
+};
+
+void TakeFile(HWND dialog, const ChosenFile& file) {
+  ChooseImportFile(StateOf<ImportWindow>(dialog).session, file);
+  SetDlgItemTextA(dialog, ID_IMPORT_FILE, PathText(file.path).c_str());
+  const std::filesystem::path folder = ImportFolder(file);
+  if (!folder.empty()) {
+    WriteProfilePath(kFolderKey, folder, kLongestFolder);
+  }
+}
+
 BOOL OnInit(HWND dialog, LPARAM state) {
   SetUpDialog(dialog, state);
-  auto& session = StateOf<ImportSession>(dialog);
+  const auto& [session, chosen] = StateOf<ImportWindow>(dialog);
   OpenImportDialog(session);
   const ImportOptions& options = session.options;
   LimitText(dialog, ID_IMPORT_FILE, kLongestFileName);
@@ -33,26 +47,23 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   ShowSeparator(dialog, ID_FIELD_SEPARATOR, options.field_separator);
   ShowSeparator(dialog, ID_TEXT_SEPARATOR, options.text_separator);
   Check(dialog, ID_HEADERS, options.headers);
-  SetFocus(GetDlgItem(dialog, ID_BROWSE_IMPORT));
+  if (chosen) {
+    TakeFile(dialog, *chosen);
+  }
+  SetFocus(GetDlgItem(dialog, chosen ? IDOK : ID_BROWSE_IMPORT));
   return FALSE;
 }
 
 void OnBrowse(HWND dialog) {
   const auto file = ShowOpenBox(ImportFileBox(ReadProfilePath(kFolderKey, kLongestFolder)));
-  if (!file) {
-    return;
-  }
-  ChooseImportFile(StateOf<ImportSession>(dialog), *file);
-  SetDlgItemTextA(dialog, ID_IMPORT_FILE, PathText(file->path).c_str());
-  const std::filesystem::path folder = ImportFolder(*file);
-  if (!folder.empty()) {
-    WriteProfilePath(kFolderKey, folder, kLongestFolder);
+  if (file) {
+    TakeFile(dialog, *file);
   }
 }
 
 // Without a chosen file, too: that the file cannot be opened is said when it is tried.
 void OnOk(HWND dialog) {
-  auto& session = StateOf<ImportSession>(dialog);
+  ImportSession& session = StateOf<ImportWindow>(dialog).session;
   ImportOptions options = session.options;
   options.field_separator = SeparatorOf(ControlText(dialog, ID_FIELD_SEPARATOR));
   options.text_separator = SeparatorOf(ControlText(dialog, ID_TEXT_SEPARATOR));
@@ -89,8 +100,9 @@ extern "C" INT_PTR CALLBACK DlgProcImport(HWND dialog, UINT message, WPARAM w, L
   return HandleDialogMessage({OnInit, OnCommand}, dialog, message, w, l);
 }
 
-bool ShowImportDialog(ImportSession& session) {
-  return RunDialog("DlgImport", DlgProcImport, &session) == 0;
+bool ShowImportDialog(ImportSession& session, const std::optional<ChosenFile>& chosen) {
+  ImportWindow window{.session = session, .chosen = chosen};
+  return RunDialog("DlgImport", DlgProcImport, &window) == 0;
 }
 
 }  // namespace qz7

@@ -12,6 +12,7 @@
 #include "desktop/toolkit/ansi_text.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help_viewer.h"
+#include "desktop/toolkit/system_library.h"
 
 namespace qz7 {
 namespace {
@@ -66,8 +67,9 @@ bool UsesViewer() {
 void OpenPage(const char* name) {
   const std::filesystem::path below = std::filesystem::path("help") / (name + std::string(".html"));
   const std::filesystem::path page = dialog_modules.help_path.parent_path() / below;
-  const HINSTANCE opened = ShellExecuteW(dialog_modules.main_window, L"open", page.c_str(), nullptr,
-                                         nullptr, SW_SHOWNORMAL);
+  const auto open = SystemFunction<decltype(&ShellExecuteW)>("shell32.dll", "ShellExecuteW");
+  const HINSTANCE opened =
+      open(dialog_modules.main_window, L"open", page.c_str(), nullptr, nullptr, SW_SHOWNORMAL);
   constexpr INT_PTR kLastError = 32;
   if (reinterpret_cast<INT_PTR>(opened) <= kLastError) {
     ShowFileError("Cannot open help page: " + below.string());

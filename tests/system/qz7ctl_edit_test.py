@@ -280,6 +280,14 @@ class Moving(EditTest):
         self.ok("move", "b.rdf", "b.rdf", "insert", "2,40")
         self.assertEqual([names[0], "", names[2]], [self.name_of("b.rdf", n) for n in (1, 2, 3)])
 
+    def test_clears_several_channels_and_no_other(self):
+        self.ok("move", "a.rdf", "b.rdf", "clear", "12-15,2")
+        cleared = [2, 12, 13, 14, 15]
+        self.assertTrue(all(self.name_of("a.rdf", n) for n in cleared))
+        self.assertEqual([self.name_of("a.rdf", n) if n not in cleared else ""
+                          for n in range(1, 20)],
+                         [self.name_of("b.rdf", n) for n in range(1, 20)])
+
     def test_does_all_of_several_channels_or_none(self):
         self.refused("One of the channels does not allow up: nothing is changed.",
                      "move", "a.rdf", "b.rdf", "up", "1,5")

@@ -91,14 +91,16 @@ TEST_F(MainDialogTest, EveryBoxAndPairShowsAndStoresItsBitAlone) {
 
 TEST_F(MainDialogTest, EveryNotificationOfAValueEnablesTheDefaultsButtons) {
   std::vector<int> enabling;
+  Press(app.main_dialog, ID_USE_DEFAULTS);
   for (int control = 10; control < 300; ++control) {
     if (control == ID_USE_DEFAULTS || control == ID_STORE_DEFAULTS) {
       continue;
     }
-    Press(app.main_dialog, ID_USE_DEFAULTS);
     SendMessageA(app.main_dialog, WM_COMMAND, MAKEWPARAM(control, 7), 0);
     if (IsEnabled(app.main_dialog, ID_STORE_DEFAULTS)) {
       enabling.push_back(control);
+      Press(app.main_dialog, ID_USE_DEFAULTS);
+      ASSERT_FALSE(IsEnabled(app.main_dialog, ID_STORE_DEFAULTS));
     }
   }
   std::vector<int> wanted(18);
@@ -110,6 +112,7 @@ TEST_F(MainDialogTest, EveryNotificationOfAValueEnablesTheDefaultsButtons) {
 }
 
 TEST_F(MainDialogTest, WhatNothingTellsShowsItsPlaceAsATooltip) {
+  ASSERT_TRUE(HandleMessagesUntil([] { return !TooltipOf(app.main_dialog, 105).empty(); }));
   EXPECT_EQ(TooltipOf(app.main_dialog, 105), "Byte 10504, bit 7");
   EXPECT_EQ(TooltipOf(app.main_dialog, 134), "Byte 10201");
   EXPECT_EQ(TooltipOf(app.main_dialog, 127), "Byte 10506, bit 5");

@@ -162,8 +162,10 @@ TEST_F(MemoryListKeys, WhatTheEditorWroteIsTakenBackChannelByChannel) {
     Type(dialog, ID_RECEIVE, "145.7");
     Press(dialog, IDOK);
   });
+  app.document.changed = false;
   ShowMemoryListDialog(app.document);
   EXPECT_TRUE(test_seams.messages.empty());
+  EXPECT_FALSE(app.document.changed) << "nothing is left of what the editor wrote";
 }
 
 // As typed: each character to the list that has the keyboard.

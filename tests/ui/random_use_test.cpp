@@ -4,8 +4,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdio>
+#include <cstdlib>
 #include <random>
 #include <set>
+#include <string_view>
 
 #include "core/files/radio_data_file.h"
 #include "desktop/commands.h"
@@ -14,13 +17,13 @@
 #include "tests/ui/window_fixture.h"
 
 // A user without a plan: any menu command, any control of the window on top, any answer to a box.
-// The seed is always the same.
+// The seed is always the same; "--steps N" makes it N steps instead of ten thousand.
 namespace qz7 {
 namespace {
 
 constexpr int kWarmUp = 5'000;  // what the system keeps for good (fonts, marks) is there then
 constexpr unsigned kSeed = 8;
-constexpr int kActions = 10'000;
+constexpr int kRound = 10'000;  // steps after which everything is closed and counted
 constexpr UINT kNextAction = WM_APP + 1;
 
 std::mt19937 random_source;
@@ -231,6 +234,30 @@ class RandomUse : public WindowTest {
   char before_[MAX_PATH] = "";
 };
 
+int StepsOfCommandLine() {
+  for (int i = 1; i + 1 < __argc; ++i) {
+    if (std::string_view(__argv[i]) == "--steps") {
+      return std::atoi(__argv[i + 1]);
+    }
+  }
+  return kRound;
+}
+
+void Tell(int steps, ULONGLONG milliseconds, const ProcessObjects& objects) {
+  int gdi_objects = 0;
+  int handles = 0;
+  for (const auto& [kind, count] : objects.gdi_objects) {
+    gdi_objects += count;
+  }
+  for (const auto& [kind, count] : objects.handles) {
+    handles += count;
+  }
+  std::printf("%d steps, %llu s: %d GDI objects, %zu windows, %d handles\n", steps,
+              static_cast<unsigned long long>(milliseconds / 1000), gdi_objects, objects.windows,
+              handles);
+  std::fflush(stdout);
+}
+
 TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
   // The system keeps the pictures of its visual styles from the first use on.
   SetThemeAppProperties(0);
@@ -242,7 +269,14 @@ TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
     ASSERT_NO_FATAL_FAILURE(user.Act(kWarmUp));
     before = CountObjects();
     user.seen.clear();
-    ASSERT_NO_FATAL_FAILURE(user.Act(kActions));
+    const int steps = StepsOfCommandLine();
+    const ULONGLONG began = GetTickCount64();
+    Tell(0, 0, before);
+    for (int done = 0; done < steps; done += kRound) {
+      ASSERT_NO_FATAL_FAILURE(user.Act(std::min(kRound, steps - done)));
+      ASSERT_TRUE(ComesBackTo(before)) << "after " << done << " steps and a round";
+      Tell(std::min(done + kRound, steps), GetTickCount64() - began, CountObjects());
+    }
     EXPECT_GE(user.seen.size(), 12U) << "the user has seen too little";
   }
   EXPECT_TRUE(ComesBackTo(before));
