@@ -158,5 +158,61 @@ class Windows(Keys):
         self.leave_unsaved("A.RDF")
 
 
+class TabKey(Keys):
+    """From control to control as the eye goes, and back to the first."""
+
+    def tab_through(self, window):
+        """The controls in the order of the Tab key, and where each is."""
+        first = window.focused()
+        seen = {first: window.area(first)}
+        while True:
+            before = window.focused()
+            window.press_keys("Tab")
+            wait_for(lambda: window.focused() != before, "the next control")
+            control = window.focused()
+            if control == first:
+                return seen
+            self.assertNotIn(control, seen)
+            seen[control] = window.area(control)
+
+    def assert_goes_everywhere(self, window):
+        places = self.tab_through(window)
+        fields = {int(control) for control, kind, _, enabled in window.controls()
+                  if kind == "Edit" and enabled == "1"}
+        self.assertLessEqual(fields, set(places))
+        in_order = list(places.items())
+        turns = 0  # from the last one to the first
+        for (one, before), (other, area) in zip(in_order, in_order[1:] + in_order[:1]):
+            if not (area[1] >= before[3] or area[0] >= before[2]):
+                turns += 1
+                self.assertEqual(1, turns, f"from {one} to {other}")
+
+    def test_goes_through_the_main_window(self):
+        self.start("a.rdf", name="A.RDF")
+        self.assert_goes_everywhere(self.main)
+        self.leave()
+
+    def test_goes_through_the_list_and_the_editor(self):
+        self.start("a.rdf", name="A.RDF")
+        self.keys("ctrl+m")
+        rows = self.window("Memory Channels")
+        self.assert_goes_everywhere(rows)
+        rows.press_keys("Down", "Return")
+        editor = self.window("Edit Memory Channel  2")
+        self.assert_goes_everywhere(editor)
+        editor.press_keys("Escape")
+        editor.wait_until_gone()
+        self.dialog("Memory Channels", "Escape")
+        self.leave()
+
+    def test_goes_through_import(self):
+        self.start("a.rdf", name="A.RDF")
+        self.keys("ctrl+i")
+        window = self.window("Import")
+        self.assert_goes_everywhere(window)
+        self.dialog("Import", "Escape")
+        self.leave()
+
+
 if __name__ == "__main__":
     desktop.main()

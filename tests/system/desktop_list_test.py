@@ -114,8 +114,7 @@ class Rows(ListTest):
         self.list.wait_for_keyboard()
         self.keys("ctrl+z")
         self.assert_channels(CITIES)
-        self.end_list()
-        self.leave_unsaved("LIST.RDF")
+        self.end_unchanged()
 
     def test_a_button_gives_the_keyboard_back_to_the_list(self):
         self.keys("Down")
