@@ -6,7 +6,6 @@
 
 #include <filesystem>
 #include <memory>
-#include <type_traits>
 #include <vector>
 
 #include "core/files/seams.h"
@@ -17,6 +16,7 @@
 #include "desktop/status_line.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help.h"
+#include "desktop/toolkit/system_library.h"
 
 namespace qz7 {
 namespace {
@@ -43,23 +43,24 @@ void OnDestroy() {
   PostQuitMessage(0);
 }
 
-using Drop = std::unique_ptr<std::remove_pointer_t<HDROP>, decltype(&DragFinish)>;
-
-std::vector<std::filesystem::path> FilesOf(const Drop& drop) {
+// The paths of a drop, which goes back to the system.
+std::vector<std::filesystem::path> TakeFiles(HDROP drop) {
+  constexpr const char* kShell = "shell32.dll";
+  const auto ask = SystemFunction<decltype(&DragQueryFileW)>(kShell, "DragQueryFileW");
   constexpr UINT kAll = 0xFFFFFFFF;
-  std::vector<std::filesystem::path> files(DragQueryFileW(drop.get(), kAll, nullptr, 0));
+  std::vector<std::filesystem::path> files(ask(drop, kAll, nullptr, 0));
   for (UINT n = 0; n < files.size(); ++n) {
-    std::wstring path(DragQueryFileW(drop.get(), n, nullptr, 0), L'\0');
-    DragQueryFileW(drop.get(), n, path.data(), static_cast<UINT>(path.size()) + 1);
+    std::wstring path(ask(drop, n, nullptr, 0), L'\0');
+    ask(drop, n, path.data(), static_cast<UINT>(path.size()) + 1);
     files[n] = path;
   }
+  SystemFunction<decltype(&DragFinish)>(kShell, "DragFinish")(drop);
   return files;
 }
 
 // A drop that was on its way when a dialog opened comes too late.
-void OnDrop(HWND window, HDROP dropped) {
-  const Drop drop(dropped, DragFinish);
-  const std::vector<std::filesystem::path> files = FilesOf(drop);
+void OnDrop(HWND window, HDROP drop) {
+  const std::vector<std::filesystem::path> files = TakeFiles(drop);
   if (IsWindowEnabled(window) && !files.empty()) {
     // Whoever the files come from has the keyboard; the questions about them are asked here.
     SetForegroundWindow(window);
@@ -178,11 +179,10 @@ bool RegisterMainWindow() {
 
 HWND CreateMainWindow() {
   app.main_window =
-      CreateWindowExA(0, kMainWindowClass, kProgramTitle,
+      CreateWindowExA(WS_EX_ACCEPTFILES, kMainWindowClass, kProgramTitle,
                       WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
                       CW_USEDEFAULT, 0, 0, 0, nullptr, nullptr, dialog_modules.program, nullptr);
   dialog_modules.main_window = app.main_window;
-  DragAcceptFiles(app.main_window, TRUE);
   app.status_line = CreateWindowExA(0, STATUSCLASSNAMEA, nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
                                     app.main_window, nullptr, dialog_modules.program, nullptr);
   return app.main_window;

@@ -15,6 +15,8 @@ TEST(SystemLibrary, HasEachFunctionThatTheProgramLoadsLater) {
   EXPECT_NE(FindSystemFunction("comdlg32.dll", "GetSaveFileNameW"), nullptr);
   EXPECT_NE(FindSystemFunction("comdlg32.dll", "PrintDlgA"), nullptr);
   EXPECT_NE(FindSystemFunction("shell32.dll", "ShellExecuteW"), nullptr);
+  EXPECT_NE(FindSystemFunction("shell32.dll", "DragQueryFileW"), nullptr);
+  EXPECT_NE(FindSystemFunction("shell32.dll", "DragFinish"), nullptr);
   EXPECT_NE(FindSystemFunction("shell32.dll", "SHGetFolderPathW"), nullptr);
 }
 
