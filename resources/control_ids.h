@@ -35,12 +35,14 @@
 #define ID_OPTION_A_THIRD 134
 #define ID_OPTION_C_FIRST 135
 #define ID_OPTION_C_SECOND 136
+#define ID_STATUS_LINE 140
 
 // DLLDlgReadRadio, DLLDlgWriteRadio
 #define ID_METER 103
 #define ID_TEMPLATE_NAME 104
 #define ID_BROWSE_TEMPLATE 105
 #define ID_AWAITED 106
+#define ID_TRANSFER 107
 
 // DLLDlgCreateTemplate
 #define ID_CREATE 101

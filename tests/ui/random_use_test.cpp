@@ -6,14 +6,17 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <random>
 #include <set>
 #include <string_view>
 
 #include "core/files/radio_data_file.h"
 #include "desktop/commands.h"
+#include "desktop/message_loop.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "resources/control_ids.h"
+#include "tests/ui/dropping.h"
 #include "tests/ui/window_fixture.h"
 
 // A user without a plan: any menu command, any control of the window on top, any answer to a box.
@@ -81,6 +84,41 @@ void PressAnyKey(HWND list) {
   SetKeyboardState(keys);
 }
 
+// A key of the main window's, as its message loop takes it.
+void PressAnyCommandKey() {
+  std::vector<ACCEL> keys = Accelerators(Commands());
+  const HACCEL table = CreateAcceleratorTableA(keys.data(), static_cast<int>(keys.size()));
+  const ACCEL& key = keys[static_cast<std::size_t>(Below(static_cast<int>(keys.size())))];
+  BYTE held[256] = {};
+  held[VK_CONTROL] = 0x80;
+  held[VK_SHIFT] = (key.fVirt & FSHIFT) != 0 ? 0x80 : 0;
+  SetKeyboardState(held);
+  MSG message{};
+  message.hwnd = GetFocus();
+  message.message = WM_KEYDOWN;
+  message.wParam = key.key;
+  // The command begins while it is held, and the next one has keys of its own.
+  EXPECT_NE(TranslateAcceleratorA(app.main_window, table, &message), 0);
+  SetKeyboardState(std::array<BYTE, 256>{}.data());
+  DestroyAcceleratorTable(table);
+}
+
+// What another program has copied: nothing, a list, or no list at all.
+void PutAnyTextOnClipboard() {
+  static constexpr std::array kTexts = {"", "RX Frequency\tName\r\n145.5\tAnna\r\n433.5\tBert\r\n",
+                                        "145.5,Anna\n", "a shopping list\n", "\xFF\xFE\x01"};
+  const std::string text = kTexts[static_cast<std::size_t>(Below(kTexts.size()))];
+  if (!OpenClipboard(app.main_window)) {
+    return;
+  }
+  EmptyClipboard();
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+  std::memcpy(GlobalLock(memory), text.c_str(), text.size() + 1);
+  GlobalUnlock(memory);
+  SetClipboardData(CF_TEXT, memory);
+  CloseClipboard();
+}
+
 // One thing that a user can do with a control, by its kind.
 void Use(HWND control) {
   char kind[32] = "";
@@ -144,7 +182,8 @@ class RandomUser {
                                     600'000));
   }
 
-  std::set<std::string> seen;  // the captions of the dialogs that were used
+  std::set<std::string> seen;   // the captions of the dialogs that were used
+  std::set<std::string> notes;  // what came of the commands and drops
 
  private:
   static LRESULT CALLBACK Procedure(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -173,6 +212,7 @@ class RandomUser {
     }
     --left_;
     test_seams.messages.clear();
+    notes.insert(app.note);
     OneAction(DialogOwner());
   }
 
@@ -183,8 +223,11 @@ class RandomUser {
       seen.insert(caption);
     }
     if (top == app.main_window && Below(3) == 0) {
-      UseMenu();
+      Below(2) == 0 ? UseMenu() : UseMainWindow();
       return;
+    }
+    if (Below(20) == 0) {
+      PutAnyTextOnClipboard();
     }
     if (top != app.main_window && Below(40) == 0) {
       SendMessageA(top, WM_CLOSE, 0, 0);
@@ -205,14 +248,25 @@ class RandomUser {
     }
   }
 
-  std::optional<ChosenFile> AnyFile() const {
-    static constexpr std::array kNames = {"one.rdf",  "two.rdf", "list.txt",
-                                          "list.csv", "my.tpl",  "absent.rdf"};
-    if (Below(4) == 0) {
-      return std::nullopt;
+  // One of its keys, or files dropped on it.
+  void UseMainWindow() {
+    if (Below(2) == 0) {
+      PressAnyCommandKey();
+      return;
     }
-    return Chosen(folder_.path().string() + "\\" +
-                  kNames[static_cast<std::size_t>(Below(kNames.size()))]);
+    std::vector<std::filesystem::path> files(static_cast<std::size_t>(1 + Below(2)));
+    std::generate(files.begin(), files.end(), [this] { return AnyPath(); });
+    PostDrop(MakeDrop(files));
+  }
+
+  std::optional<ChosenFile> AnyFile() const {
+    return Below(4) == 0 ? std::nullopt : std::optional(Chosen(AnyPath()));
+  }
+
+  std::filesystem::path AnyPath() const {
+    static constexpr std::array kNames = {"one.rdf", "two.rdf",    "list.txt", "list.csv",
+                                          "my.tpl",  "absent.rdf", "photo.jpg"};
+    return folder_.path().string() + "\\" + kNames[static_cast<std::size_t>(Below(kNames.size()))];
   }
 
   static inline RandomUser* user_ = nullptr;
@@ -261,6 +315,10 @@ void Tell(int steps, ULONGLONG milliseconds, const ProcessObjects& objects) {
 TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
   // The system keeps the pictures of its visual styles from the first use on.
   SetThemeAppProperties(0);
+  // It makes the brush of each of its colours at its first use.
+  for (int colour = 0; colour <= COLOR_MENUBAR; ++colour) {
+    GetSysColorBrush(colour);
+  }
   random_source.seed(kSeed);
   UsePort<MemoryLine>().echo = true;
   ProcessObjects before;
@@ -278,6 +336,7 @@ TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
       Tell(std::min(done + kRound, steps), GetTickCount64() - began, CountObjects());
     }
     EXPECT_GE(user.seen.size(), 12U) << "the user has seen too little";
+    EXPECT_TRUE(user.notes.contains("photo.jpg is no radio file, list or template"));
   }
   EXPECT_TRUE(ComesBackTo(before));
   EXPECT_FALSE(before.gdi_objects.empty());
