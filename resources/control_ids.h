@@ -164,6 +164,10 @@
 #define ID_OPTION_FLAG 123
 #define ID_PREVIOUS 124
 #define ID_NEXT 125
+#define ID_RECEIVE_READING 126
+#define ID_OFFSET_READING 127
+#define ID_TRANSMIT_READING 128
+#define ID_TONE_USE 129
 
 // DLLDlgGroupList
 #define ID_GROUP 101
@@ -178,7 +182,8 @@
 #define ID_COPY_OPTION_A 103
 #define ID_COPY_OPTION_B 104
 
-// The feature editors. ID_USE_DEFAULTS and ID_STORE_DEFAULTS are in each of them.
+// The feature editors. ID_USE_DEFAULTS, ID_STORE_DEFAULTS and this note are in each of them.
+#define ID_DEFAULTS_NOTE 124
 // DLLDlgSetting
 #define ID_LEVEL_A 101
 #define ID_LEVEL_B 102

@@ -203,12 +203,15 @@ INT_PTR HandleDialogMessage(const DialogActions& actions, HWND dialog, UINT mess
   }
 }
 
-std::string ControlText(HWND dialog, int control) {
-  const HWND window = GetDlgItem(dialog, control);
+std::string WindowText(HWND window) {
   std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
   text.resize(
       static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
   return text;
+}
+
+std::string ControlText(HWND dialog, int control) {
+  return WindowText(GetDlgItem(dialog, control));
 }
 
 void LimitText(HWND dialog, int control, std::size_t characters) {

@@ -74,6 +74,7 @@ State& StateOf(HWND dialog) {
   return *reinterpret_cast<State*>(GetWindowLongPtrA(dialog, DWLP_USER));
 }
 
+std::string WindowText(HWND window);
 std::string ControlText(HWND dialog, int control);
 void LimitText(HWND dialog, int control, std::size_t characters);
 // Adds texts to a list, and chooses one; nothing for a position outside the list.

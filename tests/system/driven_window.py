@@ -8,7 +8,7 @@ from qz7 import wait_for
 
 LIMIT = 60  # seconds; far beyond what any step takes, for a machine under load
 FRAME = "-1"  # around a group of controls
-STATUS_LINE = "msctls_statusbar32"
+STATUS_LINE = 140
 
 
 class Refused(AssertionError):
@@ -96,7 +96,8 @@ class Window:
         return list(map(int, self.driver("area", self.handle, control)))
 
     def status(self):
-        return next(text for _, kind, text, _ in self.controls() if kind == STATUS_LINE)
+        """The line at the main window's lower edge."""
+        return self.text(STATUS_LINE)
 
     def wait_to_be(self, wanted, look):
         wait_for(lambda: look() == wanted, lambda: f"{wanted}; it is {look()}")
