@@ -41,6 +41,15 @@ foreach(part desktop_test desktop_exchange_test desktop_faults_test desktop_help
   set_tests_properties(${part} PROPERTIES RESOURCE_LOCK desktop
     FIXTURES_REQUIRED native_programs COST 80)
 endforeach()
+# What is worked by the screen's own keyboard and mouse, on a usual and on a finer one.
+foreach(part desktop_drop_test desktop_keys_test desktop_list_test)
+  foreach(dpi 96 144)
+    qz7_wine_test(${part}_${dpi} 900 ${CMAKE_COMMAND} -E env QZ7_DPI=${dpi}
+      python3 ${system}/${part}.py ${programs} ${native})
+    set_tests_properties(${part}_${dpi} PROPERTIES RESOURCE_LOCK desktop
+      FIXTURES_REQUIRED native_programs COST 80)
+  endforeach()
+endforeach()
 # A silent line is told by the clock: what plays the radio must not have to wait for its turn.
 set_tests_properties(desktop_exchange_test desktop_faults_test PROPERTIES RUN_SERIAL ON)
 # Wine asks for the printers once, as long as any of its programs runs: a prefix of its own.

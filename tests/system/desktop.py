@@ -8,7 +8,6 @@ The environment variable QZ7_DPI makes the screen a finer one: 144 instead of 96
 import fcntl
 import glob
 import os
-import re
 import shutil
 import signal
 import subprocess
@@ -17,6 +16,7 @@ import tempfile
 import unittest
 
 import radio_peer
+from driven_window import LIMIT, Driver, Window
 from qz7 import BLOCK, SystemTest, patched, wait_for
 
 TITLE = "QZ-7H Programmer"
@@ -25,7 +25,6 @@ DIALOG_CLASS = "#32770"
 NEW_NAME = "NONAME.RDF"
 ADVICE = ("One of the first things you should do\nis create a template file.\n"
           "Select Help|Contents for instructions.")
-LIMIT = 60  # seconds; far beyond what any step takes, for a machine under load
 # Wine offers to fetch the first two, and the third writes into the menus of the user's own desktop.
 OVERRIDES = "mscoree,mshtml,winemenubuilder.exe="
 DPI = os.environ.get("QZ7_DPI", "96")
@@ -33,7 +32,6 @@ PORT = 7  # real ports of the machine, if it has any, start at COM1
 
 OK, CANCEL, RETRY, YES, NO = 1, 2, 4, 6, 7
 BUTTON_NAMES = {OK: "OK", CANCEL: "Cancel", RETRY: "Retry", YES: "Yes", NO: "No"}
-FRAME = "-1"  # around a group of controls
 FILE_NAME_FIELDS = ("1148", "1152")  # of the file boxes
 
 # The menu's commands and the main dialog's controls.
@@ -46,47 +44,6 @@ WRITE_DIALOG = "Send Data to Radio"
 DONE_DIALOG = "Data Sent"
 TEMPLATE_DIALOG = "Create Template"
 PREFERENCES_KEYS = "[QZ-7H Programmer]\r\n"
-
-
-class Refused(AssertionError):
-    """The driver's "no"."""
-
-
-class Driver:
-    """Asks window_driver.exe, which tells what each command does."""
-
-    def __init__(self, programs, environment):
-        self.process = subprocess.Popen(
-            ["wine", os.path.join(programs, "window_driver.exe")], env=environment,
-            stdin=subprocess.PIPE, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL)
-
-    def __call__(self, *fields):
-        line = "\t".join(escaped(str(field)) for field in fields)
-        self.process.stdin.write(line.encode() + b"\n")
-        self.process.stdin.flush()
-        answer = self.process.stdout.readline().decode().rstrip("\r\n").split("\t")
-        if answer[0] != "ok":
-            shown = [] if fields == ("windows",) else self("windows")[2::3]
-            raise Refused(f"{line}: {' '.join(answer)}; on the screen: {shown}")
-        return [unescaped(field) for field in answer[1:]]
-
-    def close(self):
-        try:
-            self.process.communicate(timeout=LIMIT)
-        except subprocess.TimeoutExpired:
-            self.process.kill()
-            self.process.communicate()
-
-
-def escaped(text):
-    for plain, special in (("\\", "\\\\"), ("\t", "\\t"), ("\n", "\\n"), ("\r", "\\r")):
-        text = text.replace(plain, special)
-    return text
-
-
-def unescaped(text):
-    return re.sub(r"\\(.)", lambda special: {"t": "\t", "n": "\n", "r": "\r"}.get(special[1], special[1]),
-                  text)
 
 
 class Desktop:
@@ -185,80 +142,6 @@ class Desktop:
     def close(self):
         while self.ends:
             self.ends.pop()()
-
-
-class Window:
-    """A top-level window of the program."""
-
-    def __init__(self, desktop, handle, title):
-        self.desktop = desktop
-        self.driver = desktop.driver
-        self.handle = handle
-        self.title = title
-
-    def press(self, control):
-        self.driver("press", self.handle, control)
-
-    def finish(self, control):
-        """Presses a button that ends the window, and waits for the end."""
-        self.press(control)
-        self.wait_until_gone()
-
-    def wait_until_gone(self):
-        self.driver("gone", self.handle, LIMIT * 1000)
-
-    def wait_until_in_front(self):
-        self.driver("front", self.handle, LIMIT * 1000)
-
-    def press_keys(self, *keys):
-        """Keys of the screen's keyboard, under xdotool's names, once Wine's own keyboard and the
-        screen's are both this window's: the screen follows Wine, later."""
-        self.wait_until_in_front()
-        self.driver("focus", self.handle, LIMIT * 1000)
-        there = self.driver("screen_window", self.handle)[0]
-        wait_for(lambda: self.desktop.xdotool("getwindowfocus", "-f") == there,
-                 "the screen's keyboard")
-        self.desktop.xdotool("key", *keys)
-
-    def click(self, place, *, button=1, times=1):
-        """A real click on a place of the screen, once the window is in front."""
-        self.wait_until_in_front()
-        self.desktop.xdotool("mousemove", *map(str, place), "click", "--repeat", str(times),
-                             str(button))
-
-    def area(self, control=""):
-        """Left, top, right, bottom on the screen, of a control or the window."""
-        return list(map(int, self.driver("area", self.handle, control)))
-
-    def focused(self):
-        return int(self.driver("focused", self.handle)[0])
-
-    def command(self, identifier):
-        self.driver("command", self.handle, identifier)
-
-    def text(self, control):
-        return self.driver("text", self.handle, control)[0]
-
-    def set(self, control, text):
-        self.driver("set", self.handle, control, text)
-
-    def choose(self, control, place):
-        self.driver("choose", self.handle, control, place)
-
-    def chosen(self, control):
-        return int(self.driver("chosen", self.handle, control)[0])
-
-    def is_enabled(self):
-        return self.driver("enabled", self.handle) == ["1"]
-
-    def controls(self):
-        """(identifier, class, text, enabled) of each visible one."""
-        fields = self.driver("controls", self.handle)
-        return list(zip(fields[0::4], fields[1::4], fields[2::4], fields[3::4]))
-
-    def usable_buttons(self):
-        return {text.replace("&", "") for control, kind, text, enabled in self.controls()
-                if kind == "Button" and control != FRAME and enabled == "1"}
 
 
 class DesktopTest(SystemTest):

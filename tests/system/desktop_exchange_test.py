@@ -8,7 +8,7 @@ import desktop
 from desktop import (AUTO_POWER_OFF, CANCEL, CREATE_TEMPLATE, DONE_DIALOG, FILE_COMMENT, GET_DATA,
                      NEW_NAME, OK, PORT, PORT_SETUP, READ_DIALOG, SEND_DATA, TEMPLATE_DIALOG,
                      TITLE, WRITE_DIALOG, DesktopTest)
-from qz7 import BLOCK, patched
+from qz7 import BLOCK, patched, wait_for
 
 PORT_DIALOG = "Com Port Setup"
 PORT_LIST = 101
@@ -61,6 +61,10 @@ class ExchangeTest(DesktopTest):
         self.window(READ_DIALOG).wait_until_gone()
         return self.save_as(name)
 
+    def assert_told(self, what):
+        """By the line at the main window's lower edge."""
+        wait_for(lambda: self.main.status().startswith(what), what)
+
     def send(self):
         self.main.command(SEND_DATA)
         dialog = self.window(WRITE_DIALOG)
@@ -93,8 +97,9 @@ class Reading(ExchangeTest):
     def test_what_was_read_is_an_unsaved_change(self):
         self.connect("send")
         self.start()
-        self.main.command(GET_DATA)
+        self.main.press_keys("ctrl+g")
         self.window(READ_DIALOG).wait_until_gone()
+        self.assert_told(f"8122 bytes read from COM{PORT}")
         self.leave_unsaved()
 
     def test_cancel_at_the_save_question_reads_nothing(self):
@@ -175,6 +180,7 @@ class Writing(ExchangeTest):
         radio = self.connect("--image", self.path("got"), "receive")
         self.start("a.rdf", name="A.RDF")
         self.send()
+        self.assert_told(f"8122 bytes sent to COM{PORT}")
         self.assertRegex(radio.line(), "^received 8123 bytes")
         self.leave_unsaved("A.RDF")
         expected = block_to_send(document, template)

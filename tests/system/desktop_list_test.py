@@ -3,11 +3,11 @@
 desktop_list_test.py WINDOWS_PROGRAMS NATIVE_PROGRAMS"""
 import desktop
 import memory_list
-from desktop import CANCEL, NO, OK, SAVE, TITLE, YES, DesktopTest
-from memory_list import LAST_ROW, MemoryList
+from desktop import TITLE, YES, DesktopTest
+from driven_window import Refused
+from memory_list import MemoryList
 from qz7 import fields, wait_for
 
-VIEW = 110
 MOVE_DOWN = 105
 DOUBTFUL = "Cancel all changes to memory channels?"
 CITIES = {2: "BERLIN", 3: "BREMEN", 4: "KOELN", 12: "ULM"}
@@ -41,7 +41,7 @@ class ListTest(DesktopTest):
     def clipboard(self):
         try:
             return self.driver("clipboard")[0]
-        except desktop.Refused:  # the program has it just now
+        except Refused:  # the program has it just now
             return ""
 
     def end(self):
@@ -114,8 +114,7 @@ class Rows(ListTest):
         self.list.wait_for_keyboard()
         self.keys("ctrl+z")
         self.assert_channels(CITIES)
-        self.end_list()
-        self.leave_unsaved("LIST.RDF")
+        self.end_unchanged()
 
     def test_a_button_gives_the_keyboard_back_to_the_list(self):
         self.keys("Down")

@@ -52,7 +52,7 @@ class Printing(DesktopTest):
         self.assertEqual(0, page_count(self.papers()[0]) % 2)
 
     def test_cancel_in_the_print_box_prints_nothing(self):
-        self.main.command(PRINT)
+        self.main.press_keys("ctrl+p")
         self.window(PRINT_BOX).finish(CANCEL)
         self.leave()
         self.queue.wait_until_empty()

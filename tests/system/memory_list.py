@@ -1,5 +1,5 @@
 """The memory list's window, as tests with a real keyboard and mouse see it."""
-from desktop import Window
+from driven_window import Window
 from qz7 import wait_for
 
 TITLE = "Memory Channels"
@@ -84,13 +84,3 @@ class MemoryList(Window):
 
     def wait_for_keyboard(self):
         self.wait_to_be(ROWS, self.focused)
-
-    def wait_to_be(self, wanted, look):
-        wait_until(lambda: look() == wanted, lambda: f"{wanted}; it is {look()}")
-
-
-def wait_until(condition, what):
-    try:
-        wait_for(condition, "")
-    except AssertionError:
-        raise AssertionError("waited too long for " + what()) from None

@@ -16,7 +16,7 @@ def wait_for(condition, what):
     limit = time.monotonic() + LIMIT
     while not condition():
         if time.monotonic() > limit:
-            raise AssertionError("waited too long for " + what)
+            raise AssertionError(f"waited too long for {what() if callable(what) else what}")
         time.sleep(0.005)
 
 
