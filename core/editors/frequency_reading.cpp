@@ -88,7 +88,7 @@ std::string TransmitReading(std::string_view text, const RegionVariant& region) 
 }
 
 std::string OffsetReading(Frequency offset) {
-  const std::string text = FormatExactOffset(offset);
+  std::string text = FormatExactOffset(offset);
   if (CheckOffset(offset) == nullptr) {
     return text;
   }

@@ -334,18 +334,20 @@ TEST(Templates, WhatTheChannelEditorTellsFitsItsLines) {
       {ID_TRANSMIT_READING, "214748.3647 MHz, outside the bands"},
       {ID_TONE_USE, "A tone type without a name: which list it uses is not known."}};
   for (const Template& dialog : AllTemplates()) {
+    if (dialog.name != "DLLDLGEDITMEMORY" && dialog.name != "DLLDLGEDITVFO") {
+      continue;
+    }
     for (const int resolution : kResolutions) {
       const OpenTemplate open(dialog, resolution);
       for (const auto& [id, text] : texts) {
         const HWND line = GetDlgItem(open.window, id);
-        if (dialog.name != "DLLDLGEDITMEMORY" && dialog.name != "DLLDLGEDITVFO") {
-          continue;
-        }
         SetWindowTextA(line, text);
         const RECT area = AreaOf(line);
         const SIZE size = TextSize(line, area.right - area.left);
-        EXPECT_LE(size.cx, area.right - area.left) << dialog.name << ' ' << resolution << text;
-        EXPECT_LE(size.cy, area.bottom - area.top) << dialog.name << ' ' << resolution << text;
+        EXPECT_LE(size.cx, area.right - area.left)
+            << dialog.name << ' ' << resolution << ' ' << text;
+        EXPECT_LE(size.cy, area.bottom - area.top)
+            << dialog.name << ' ' << resolution << ' ' << text;
       }
     }
   }

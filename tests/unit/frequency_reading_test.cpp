@@ -152,7 +152,8 @@ TEST_F(ReceiveReadings, TakeTooManyDigitsAsOkDoes) {
 
 // Texts as a user types them, right and wrong ones.
 std::string RandomText(Dice& dice) {
-  static const std::string kCharacters = "0123456789012345678901234567890123456789...kM ,-x";
+  static constexpr std::string_view kCharacters =
+      "0123456789012345678901234567890123456789...kM ,-x";
   std::string text;
   for (int length = dice.Below(11); length > 0; --length) {
     text += kCharacters[static_cast<std::size_t>(dice.Below(static_cast<int>(kCharacters.size())))];
@@ -168,7 +169,7 @@ std::string Accepted(const std::string& reading) {
 TEST_F(ReceiveReadings, AreWhatOkStores) {
   Dice dice(15);
   int accepted = 0;
-  for (int i = 0; i < 20'000; ++i) {
+  for (int i = 0; i < 5'000; ++i) {
     auto written = MakeWideImage();
     const int n = dice.Heads() ? 7 : -1 - dice.Below(30);
     auto editor = OpenChannelEditor(*written, n, test_region);
@@ -190,7 +191,7 @@ TEST_F(ReceiveReadings, AreWhatOkStores) {
     }
   }
   EXPECT_GT(accepted, 500);
-  EXPECT_LT(accepted, 19'000);
+  EXPECT_LT(accepted, 4'500);
 }
 
 TEST(TransmitReadings, TellFrequencyBandAndStepsWhateverTheRadioReceives) {
