@@ -22,8 +22,8 @@ std::optional<int> SecondsLeft(int done, int total, int elapsed_milliseconds) {
 }
 
 std::string TransferText(const ProgressMeter& meter, std::optional<int> seconds_left) {
-  const std::string bytes = std::to_string(std::min(meter.count, meter.total)) + " of " +
-                            std::to_string(meter.total) + " bytes";
+  std::string bytes = std::to_string(std::min(meter.count, meter.total)) + " of " +
+                      std::to_string(meter.total) + " bytes";
   if (seconds_left.value_or(0) == 0) {
     return bytes;
   }
