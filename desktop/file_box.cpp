@@ -1,6 +1,8 @@
 #include "desktop/file_box.h"
 
+#include "core/files/paths.h"
 #include "desktop/toolkit/ansi_text.h"
+#include "desktop/toolkit/shell_path.h"
 
 namespace qz7 {
 namespace {
@@ -32,7 +34,8 @@ DWORD FlagsOf(FileBoxKind kind) {
 
 SystemFileBox::SystemFileBox(const FileBox& box, FileBoxKind kind, HWND owner)
     : filter(FilterText(box)),
-      folder(WithRoot(box.folder.native())),
+      asked_folder(box.folder),
+      folder(WithRoot(ShellPath(box.folder).native())),
       title(WideText(box.title)),
       extension(WideText(box.default_extension)),
       path(box.initial_name.native()),
@@ -53,7 +56,14 @@ SystemFileBox::SystemFileBox(const FileBox& box, FileBoxKind kind, HWND owner)
 }
 
 ChosenFile SystemFileBox::Chosen() const {
-  return {.path = path.c_str(), .name = name.c_str(), .name_offset = open.nFileOffset};
+  ChosenFile chosen{.path = path.c_str(), .name = name.c_str(), .name_offset = open.nFileOffset};
+  // A short name stands for the folder only in the box.
+  const std::wstring_view in_box = path.c_str();
+  if (folder != WithRoot(asked_folder.native()) && in_box.starts_with(folder + L'\\')) {
+    chosen.path = asked_folder.native() + std::wstring(in_box.substr(folder.size()));
+    chosen.name_offset = NameOffset(chosen.path);
+  }
+  return chosen;
 }
 
 }  // namespace qz7

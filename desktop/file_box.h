@@ -4,6 +4,7 @@
 // Behind <windows.h>.
 #include <commdlg.h>
 
+#include <filesystem>
 #include <optional>
 #include <string>
 
@@ -24,7 +25,8 @@ struct SystemFileBox {
   ChosenFile Chosen() const;
 
   std::wstring filter;
-  std::wstring folder;
+  std::filesystem::path asked_folder;
+  std::wstring folder;  // the same one, under a name that the box takes
   std::wstring title;
   std::wstring extension;
   std::wstring path;  // room for any

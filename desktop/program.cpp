@@ -11,6 +11,7 @@
 #include "desktop/named_file.h"
 #include "desktop/start_up.h"
 #include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/shell_path.h"
 
 namespace qz7 {
 
@@ -54,7 +55,7 @@ std::optional<NamedFile> FileOfCommandLine(std::wstring_view command_line) {
 // Nobody waits for the other windows: one that hangs must not keep the program from starting.
 void TellFontChange() { PostMessageA(HWND_BROADCAST, WM_FONTCHANGE, 0, 0); }
 
-std::filesystem::path FontPath() { return SystemPath(BesideProgram("qz7.fon")); }
+std::filesystem::path FontPath() { return ShellPath(BesideProgram("qz7.fon")); }
 
 void InstallFont() {
   if (AddFontResourceW(FontPath().c_str()) != 0) {

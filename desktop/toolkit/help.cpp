@@ -12,6 +12,7 @@
 #include "desktop/toolkit/ansi_text.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help_viewer.h"
+#include "desktop/toolkit/shell_path.h"
 #include "desktop/toolkit/system_library.h"
 
 namespace qz7 {
@@ -66,7 +67,7 @@ bool UsesViewer() {
 // In the browser, as the plain file that it is: the system would drop an anchor behind its name.
 void OpenPage(const char* name) {
   const std::filesystem::path below = std::filesystem::path("help") / (name + std::string(".html"));
-  const std::filesystem::path page = dialog_modules.help_path.parent_path() / below;
+  const std::filesystem::path page = ShellPath(dialog_modules.help_path.parent_path() / below);
   const auto open = SystemFunction<decltype(&ShellExecuteW)>("shell32.dll", "ShellExecuteW");
   const HINSTANCE opened =
       open(dialog_modules.main_window, L"open", page.c_str(), nullptr, nullptr, SW_SHOWNORMAL);

@@ -11,6 +11,7 @@
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help_viewer.h"
 #include "resources/control_ids.h"
+#include "tests/ui/long_folder.h"
 #include "tests/ui/opened_pages.h"
 #include "tests/ui/window_fixture.h"
 #include "tests/unit/seams.h"
@@ -314,6 +315,18 @@ TEST_F(Help, IsOnThePagesWhereTheViewersFileIsMissing) {
   QuitHelp();
   EXPECT_EQ(Opened().WaitFor(1).at(0), folder.path() / "help" / "sending_data.html");
   EXPECT_TRUE(asked.empty());
+}
+
+TEST_F(Help, IsOnThePagesOfAFolderOfAnyLength) {
+  const LongFolder long_folder;
+  std::filesystem::create_directory(SystemPath(long_folder.path() / "help"));
+  long_folder.Put("help\\sending_data.html", "the page");
+  dialog_modules.help_path = long_folder.path() / "qz7.hlp";
+  ShowHelp(103);
+  EXPECT_EQ(ShownTexts(), std::vector<std::string>{});
+  const std::filesystem::path page = Opened().WaitFor(1).at(0);
+  EXPECT_EQ(page.filename(), "sending_data.html");
+  EXPECT_EQ(FileBytes(page).size(), 8U);
 }
 
 TEST_F(Help, ThatCannotBeOpenedIsSaid) {

@@ -116,9 +116,25 @@ BOOL CALLBACK CountWithChildren(HWND window, LPARAM count) {
   return TRUE;
 }
 
+// The system keeps the drawing contexts that were once in use at the same time, so that their number
+// tells how deep painting has been nested so far. With this many always kept, it only tells how many
+// were never given back.
+void KeepManyContexts() {
+  std::array<HDC, 100> contexts{};
+  for (HDC& context : contexts) {
+    context = GetDC(app.main_window);
+  }
+  for (HDC context : contexts) {
+    ReleaseDC(app.main_window, context);
+  }
+}
+
 ProcessObjects CountNow() {
   RedrawWindow(app.main_window, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_UPDATENOW);
   HandleMessages();
+  KeepManyContexts();
+  // Its picture is there only as long as a field of this program has the screen's keyboard.
+  DestroyCaret();
   ProcessObjects objects;
   objects.gdi_objects = GdiObjects();
   EnumThreadWindows(GetCurrentThreadId(), CountWithChildren,
