@@ -42,7 +42,7 @@ foreach(part desktop_test desktop_exchange_test desktop_faults_test desktop_help
     FIXTURES_REQUIRED native_programs COST 80)
 endforeach()
 # What is worked by the screen's own keyboard and mouse, on a usual and on a finer one.
-foreach(part desktop_drop_test desktop_keys_test desktop_list_test)
+foreach(part desktop_drop_test desktop_keys_test desktop_list_test desktop_values_test)
   foreach(dpi 96 144)
     qz7_wine_test(${part}_${dpi} 900 ${CMAKE_COMMAND} -E env QZ7_DPI=${dpi}
       python3 ${system}/${part}.py ${programs} ${native})
