@@ -46,7 +46,8 @@ if(QZ7_FUZZ)
   if(NOT CMAKE_CXX_COMPILER_ID MATCHES "Clang")
     message(FATAL_ERROR "The fuzz targets need clang's libFuzzer.")
   endif()
-  add_compile_options(-fsanitize=fuzzer-no-link)
+  # Nearly all comparisons are the sanitizers' own: to follow them too costs half the speed.
+  add_compile_options(-fsanitize=fuzzer-no-link -fno-sanitize-coverage=trace-cmp)
 endif()
 if(WIN32)
   # Windows 7 is the oldest system that the program runs on.

@@ -34,6 +34,9 @@ void AppendTree(const ValueTree& tree, const std::string& indent, bool ascii, st
   json += tree.members.empty() ? "{}" : "\n" + indent + "}";
 }
 
+// A codeplug is four objects deep. What reads the tree goes down by calls.
+constexpr std::size_t kDeepest = 16;
+
 // Builds the tree while the text is read: a name that comes twice is seen, and no depth of nesting
 // costs stack.
 class TreeReader : public nlohmann::json_sax<Json> {
@@ -56,7 +59,7 @@ class TreeReader : public nlohmann::json_sax<Json> {
     return Value(TextValue(std::move(encoded.bytes)));
   }
   bool start_object(std::size_t /*size*/) override {
-    if (skipped_depth_ > 0) {
+    if (skipped_depth_ > 0 || place_ == nullptr || open_.size() == kDeepest) {
       ++skipped_depth_;
       return true;
     }
@@ -73,7 +76,7 @@ class TreeReader : public nlohmann::json_sax<Json> {
     names_.push_back(name);
     if (FindMember(parent, name) != nullptr) {
       Tell("it is named twice");
-      place_ = &twice_;
+      place_ = nullptr;
     } else {
       place_ = &AddMember(parent, name, {});
     }
@@ -103,7 +106,7 @@ class TreeReader : public nlohmann::json_sax<Json> {
 
  private:
   bool Value(ValueTree value) {
-    if (skipped_depth_ == 0) {
+    if (skipped_depth_ == 0 && place_ != nullptr) {
       *place_ = std::move(value);
     }
     return true;
@@ -112,11 +115,11 @@ class TreeReader : public nlohmann::json_sax<Json> {
   bool EndSkipped() { return --skipped_depth_ > 0 || Drop("a text is wanted"); }
   // What is wrong is told here; the rest of the document is still looked through.
   bool Drop(const std::string& reason) {
-    if (skipped_depth_ > 0) {
+    if (skipped_depth_ > 0 || place_ == nullptr) {
       return true;
     }
     Tell(reason);
-    if (!open_.empty() && place_ != &twice_) {
+    if (!open_.empty()) {
       open_.back()->members.pop_back();
     }
     return true;
@@ -130,11 +133,10 @@ class TreeReader : public nlohmann::json_sax<Json> {
   }
 
   ReadTree& read_;
-  ValueTree twice_;  // takes the value of a name that stands there already
-  ValueTree* place_ = &read_.tree;
+  ValueTree* place_ = &read_.tree;  // null for the value of a name that stands there already
   std::vector<ValueTree*> open_;
   std::vector<std::string> names_;
-  int skipped_depth_ = 0;  // arrays, and what they hold
+  int skipped_depth_ = 0;  // arrays and objects that are no codeplug's, and what they hold
 };
 
 }  // namespace

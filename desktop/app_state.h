@@ -24,7 +24,7 @@ struct AppState {
   std::string note;  // what the last command did, for the status line
   HWND main_window = nullptr;
   HWND main_dialog = nullptr;  // null once the dialog is destroyed
-  HWND status_line = nullptr;  // of the main window
+  HWND status_line = nullptr;  // of the main dialog
 };
 extern AppState app;
 

@@ -63,13 +63,9 @@ bool SendWorkingCopy() {
   });
 }
 
-std::string Transferred(const char* how) {
-  return std::to_string(kRadioBlock.size) + how + PortName(app.document.preferences.port_index);
-}
-
 void GetData(int) {
   app.note = ReadRadioIntoDocument(app.document, *app.port, ReadIntoWorkingCopy)
-                 ? Transferred(" bytes read from ")
+                 ? TransferredNote("read from", app.document)
                  : "Nothing read from the radio";
 }
 
@@ -81,7 +77,7 @@ void CreateTemplateFromRadio(int) {
 
 void SendData(int) {
   app.note = SendDocumentToRadio(app.document, *app.port, SendWorkingCopy)
-                 ? Transferred(" bytes sent to ")
+                 ? TransferredNote("sent to", app.document)
                  : "Nothing sent to the radio";
 }
 

@@ -1,5 +1,8 @@
 #include "desktop/main_dialog.h"
 
+// Behind <windows.h>.
+#include <commctrl.h>
+
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -47,17 +50,8 @@ const std::vector<SettingField>& Fields() {
   return fields;
 }
 
-// The status line in the dialog's font; returns its height.
-int FitStatusLine(HWND dialog) {
-  SendMessageA(app.status_line, WM_SETFONT, SendMessageA(dialog, WM_GETFONT, 0, 0), FALSE);
-  SendMessageA(app.status_line, WM_SIZE, 0, 0);
-  RECT line{};
-  GetWindowRect(app.status_line, &line);
-  return line.bottom - line.top;
-}
-
 // The frame, where the template has one, lies outside the main window's client area; the main
-// window takes the dialog's size, with the status line below it.
+// window takes the dialog's size.
 void FillMainWindow(HWND dialog) {
   const HWND parent = GetParent(dialog);
   RECT client;
@@ -70,11 +64,19 @@ void FillMainWindow(HWND dialog) {
   SetWindowPos(dialog, nullptr, own.left - origin.x, own.top - origin.y, 0, 0,
                SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE);
   RECT frame = client;
-  frame.bottom += FitStatusLine(dialog);
   AdjustWindowRect(&frame, static_cast<DWORD>(GetWindowLongPtrA(parent, GWL_STYLE)), TRUE);
   SetWindowPos(parent, nullptr, 0, 0, frame.right - frame.left, frame.bottom - frame.top,
                SWP_NOMOVE | SWP_NOZORDER | SWP_NOACTIVATE);
-  SendMessageA(app.status_line, WM_SIZE, 0, 0);
+}
+
+HWND status_tip = nullptr;
+
+void AddStatusTip(HWND dialog) {
+  const Tooltip tip{.control = ID_STATUS_LINE, .text = ControlText(dialog, ID_STATUS_LINE)};
+  status_tip = AddTooltips(dialog, {&tip, 1});
+  RECT line;
+  GetClientRect(app.status_line, &line);
+  SendMessageA(status_tip, TTM_SETMAXTIPWIDTH, 0, line.right);
 }
 
 // The tooltips come when the first picture is there: timers wait for everything else.
@@ -86,6 +88,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
     SetUpField(dialog, field);
   }
   LimitText(dialog, ID_FILE_COMMENT, kLongestFileComment);
+  app.status_line = GetDlgItem(dialog, ID_STATUS_LINE);
   SetUpDialog(dialog, state);
   SetTimer(dialog, kTooltipsTimer, USER_TIMER_MINIMUM, nullptr);
   return TRUE;
@@ -94,6 +97,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
 void OnTimer(HWND dialog) {
   KillTimer(dialog, kTooltipsTimer);
   AddTooltips(dialog, PlaceTooltips(Fields()));
+  AddStatusTip(dialog);
 }
 
 // Any notification of a field or the comment, the arriving focus too.
@@ -151,6 +155,8 @@ extern "C" INT_PTR CALLBACK DlgProcMain(HWND dialog, UINT message, WPARAM w, LPA
       return TRUE;
     case WM_DESTROY:
       app.main_dialog = nullptr;
+      app.status_line = nullptr;
+      status_tip = nullptr;
       return TRUE;
     case WM_TIMER:
       OnTimer(dialog);
@@ -163,6 +169,11 @@ extern "C" INT_PTR CALLBACK DlgProcMain(HWND dialog, UINT message, WPARAM w, LPA
 HWND CreateMainDialog(HWND main_window) {
   app.main_dialog = CreateModelessDialog("DLLDlgMain", main_window, DlgProcMain, nullptr);
   return app.main_dialog;
+}
+
+void ShowStatusText(const std::string& text) {
+  SetWindowTextA(app.status_line, text.c_str());
+  ChangeTooltip(status_tip, app.main_dialog, {.control = ID_STATUS_LINE, .text = text});
 }
 
 void LoadMainDialog(const CloneImage& image) {

@@ -1,7 +1,6 @@
 #include "desktop/main_window.h"
 
 // Behind <windows.h>.
-#include <commctrl.h>
 #include <shellapi.h>
 
 #include <filesystem>
@@ -13,6 +12,7 @@
 #include "desktop/app_state.h"
 #include "desktop/command_table.h"
 #include "desktop/commands.h"
+#include "desktop/main_dialog.h"
 #include "desktop/status_line.h"
 #include "desktop/toolkit/dialog_support.h"
 #include "desktop/toolkit/help.h"
@@ -38,7 +38,6 @@ void OnClose(HWND window) {
 }
 
 void OnDestroy() {
-  app.status_line = nullptr;
   UnloadResourceLibrary();
   PostQuitMessage(0);
 }
@@ -74,7 +73,7 @@ void ShowStatus() {
   try {
     auto shown = std::make_unique<CloneImage>(app.document.image);
     ReadMainControls(*shown);
-    SetWindowTextA(app.status_line, StatusText(app.document, *shown, *app.port, app.note).c_str());
+    ShowStatusText(StatusText(app.document, *shown, *app.port, app.note));
   } catch (...) {
     // What it says stays behind until the next time.
     return;
@@ -183,8 +182,6 @@ HWND CreateMainWindow() {
                       WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
                       CW_USEDEFAULT, 0, 0, 0, nullptr, nullptr, dialog_modules.program, nullptr);
   dialog_modules.main_window = app.main_window;
-  app.status_line = CreateWindowExA(0, STATUSCLASSNAMEA, nullptr, WS_CHILD | WS_VISIBLE, 0, 0, 0, 0,
-                                    app.main_window, nullptr, dialog_modules.program, nullptr);
   return app.main_window;
 }
 

@@ -7,8 +7,7 @@ namespace qz7 {
 inline constexpr const char* kMainWindowClass = "QZ7HMainWin";
 
 bool RegisterMainWindow();
-// With the status line, not yet shown; the main dialog gives it its size. Null when it cannot be
-// created.
+// Not yet shown; the main dialog gives it its size. Null when it cannot be created.
 HWND CreateMainWindow();
 
 // The status line says anew where things are, once the messages before this one are handled.

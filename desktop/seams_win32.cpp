@@ -1,6 +1,7 @@
 #include <windows.h>
 // Behind <windows.h>.
 #include <commdlg.h>
+#include <shlobj.h>
 
 #include <ctime>
 #include <string>
@@ -67,6 +68,11 @@ std::string PathText(const std::filesystem::path& path) { return AnsiText(path.n
 std::filesystem::path PathOfText(std::string_view text) { return WideText(text); }
 
 std::string ShownText(std::string_view bytes) { return std::string(bytes); }
+
+void TellRecentDocument(const std::filesystem::path& path) {
+  SystemFunction<decltype(&SHAddToRecentDocs)>("shell32.dll", "SHAddToRecentDocs")(SHARD_PATHW,
+                                                                                   path.c_str());
+}
 
 std::uint32_t CurrentTimeSeconds() { return static_cast<std::uint32_t>(std::time(nullptr)); }
 

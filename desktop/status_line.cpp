@@ -62,6 +62,11 @@ std::string ImportedNote(const PlacedChannels& placed) {
   }
 }
 
+std::string TransferredNote(const char* how, const Document& document) {
+  return std::to_string(kRadioBlock.size) + " bytes " + how + " " +
+         PortName(document.preferences.port_index) + ", " + ChannelsState(document.image);
+}
+
 std::string DroppedNote(const std::string& note, std::size_t files) {
   if (files == 1) {
     return note;

@@ -1,53 +1,59 @@
 // The receive exchange against a radio and a user that do anything: each input byte is an event.
 
+#include <algorithm>
+#include <array>
 #include <cstdlib>
 #include <deque>
-#include <vector>
 
 #include "core/link/clone_read.h"
+#include "fuzz/fuzz_line.h"
 #include "fuzz/fuzz_seams.h"
-#include "tests/unit/memory_line.h"
 
 namespace {
 
 using namespace qz7;
 
-// A queue that nobody reads takes no more than two exchanges.
-void SendBlockOf(MemoryLine& line, std::uint8_t byte, int count) {
-  if (line.incoming.size() > 2 * kRadioBlock.size) {
-    return;
+// What the radio sends in one input: enough for an exchange that fails and another one.
+struct Radio {
+  FuzzLine& line;
+  std::size_t left = 3 * kRadioBlock.size;
+
+  void Send(std::uint8_t byte, std::size_t count = 1) {
+    const std::size_t sent = std::min(left, count);
+    left -= sent;
+    line.Receive(byte, sent);
   }
-  line.incoming.insert(line.incoming.end(), static_cast<std::size_t>(count), byte);
-}
+};
 
 // A tick or a notification while the exchange waits for an answer must do nothing at all.
-void CheckStandsStill(CloneRead& read, MemoryLine& line) {
-  const std::size_t incoming = line.incoming.size();
+void CheckStandsStill(CloneRead& read, FuzzLine& line) {
+  const std::size_t incoming = line.Waiting();
   const std::size_t sent = line.sent.size();
   TickCloneRead(read, line);
   NotifyCloneRead(read, line);
-  if (line.incoming.size() != incoming || line.sent.size() != sent || !read.question) {
+  if (line.Waiting() != incoming || line.sent.size() != sent || !read.question) {
     std::abort();
   }
 }
 
-void PlayEvent(FuzzInput& input, CloneRead& read, MemoryLine& line, std::deque<Answer>& answers) {
+void PlayEvent(FuzzInput& input, CloneRead& read, Radio& radio, std::deque<Answer>& answers) {
   constexpr int kManyTicks = 30;
+  FuzzLine& line = radio.line;
   switch (input.Byte() % 12) {
     case 0:
-      SendBlockOf(line, 0x0A, 1);
+      radio.Send(0x0A);
       break;
     case 1:
-      SendBlockOf(line, kAck, 1);
+      radio.Send(kAck);
       break;
     case 2:
-      SendBlockOf(line, input.Byte(), 1 + input.Byte() % 16);
+      radio.Send(input.Byte(), 1U + input.Byte() % 16U);
       break;
     case 3:
-      SendBlockOf(line, input.Byte(), 16 * (1 + input.Byte()));
+      radio.Send(input.Byte(), 16U * (1U + input.Byte()));
       break;
     case 4:
-      SendBlockOf(line, 0x00, static_cast<int>(kRadioBlock.size));
+      radio.Send(0x00, kRadioBlock.size);
       break;
     case 5:
       line.line_errors = input.Byte();
@@ -73,7 +79,7 @@ void PlayEvent(FuzzInput& input, CloneRead& read, MemoryLine& line, std::deque<A
       }
       break;
     default:
-      line.incoming.push_back(CloneChecksum(read.block));
+      radio.Send(CloneChecksum(read.block));
       break;
   }
   TickCloneRead(read, line);
@@ -93,13 +99,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr std::size_t kMostEvents = 400;
   std::deque<Answer> answers;
   FuzzInput input(data, std::min(size, kMostEvents));
-  std::vector<std::uint8_t> memory(kRadioBlock.size + 2 * kGuard, kGuardByte);
-  MemoryLine line;
+  static std::array<std::uint8_t, kRadioBlock.size + 2 * kGuard> memory;
+  memory.fill(kGuardByte);
+  FuzzLine line;
   line.Open("fuzz");
+  Radio radio{line};
   CloneRead read;
   BeginCloneRead(read, line, std::span(memory).subspan(kGuard, kRadioBlock.size));
   while (!input.IsEmpty() && !read.ended) {
-    PlayEvent(input, read, line, answers);
+    PlayEvent(input, read, radio, answers);
   }
   for (std::size_t i = 0; i < kGuard; ++i) {
     if (memory[i] != kGuardByte || memory[memory.size() - 1 - i] != kGuardByte) {

@@ -11,8 +11,8 @@
 
 #include "core/files/radio_data_file.h"
 #include "core/link/clone_write.h"
+#include "fuzz/fuzz_line.h"
 #include "fuzz/fuzz_seams.h"
-#include "tests/unit/memory_line.h"
 
 namespace {
 
@@ -32,13 +32,13 @@ const std::string& TemplateFile() {
   return path;
 }
 
-void PlayEvent(FuzzInput& input, CloneWrite& write, MemoryLine& line, std::deque<Answer>& answers) {
+void PlayEvent(FuzzInput& input, CloneWrite& write, FuzzLine& line, std::deque<Answer>& answers) {
   switch (input.Byte() % 10) {
     case 0:
-      line.incoming.push_back(kAck);
+      line.Receive(kAck);
       break;
     case 1:
-      line.incoming.push_back(input.Byte());
+      line.Receive(input.Byte());
       break;
     case 2:
       line.echo = !line.echo;
@@ -76,7 +76,7 @@ void PlayEvent(FuzzInput& input, CloneWrite& write, MemoryLine& line, std::deque
 }
 
 // The last that was put on the line is the whole block and its checksum.
-bool SentEverything(const CloneWrite& write, const MemoryLine& line) {
+bool SentEverything(const CloneWrite& write, const FuzzLine& line) {
   std::vector<std::uint8_t> all(write.block.begin(), write.block.end());
   all.push_back(CloneChecksum(write.block));
   return line.sent.size() >= all.size() &&
@@ -90,11 +90,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   constexpr std::size_t kMostEvents = 400;
   std::deque<Answer> answers;
   FuzzInput input(data, std::min(size, kMostEvents));
-  const auto image = std::make_unique<CloneImage>(NewImage());
-  MemoryLine line;
+  static CloneImage image;
+  image = NewImage();
+  FuzzLine line;
   line.Open("fuzz");
   CloneWrite write;
-  BeginCloneWrite(write, line, *image);
+  BeginCloneWrite(write, line, image);
   while (!input.IsEmpty() && !write.ended) {
     PlayEvent(input, write, line, answers);
   }

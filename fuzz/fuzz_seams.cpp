@@ -27,3 +27,8 @@ const CloneImage& NewImage() {
 }
 
 }  // namespace qz7
+
+// Freed memory is kept from being used again for so long as it stays in the caches.
+extern "C" const char* __asan_default_options() {
+  return "quarantine_size_mb=4:malloc_context_size=12";
+}

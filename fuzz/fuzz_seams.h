@@ -2,6 +2,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <istream>
+#include <span>
+#include <streambuf>
 
 #include "core/files/seams.h"
 #include "core/image/clone_image.h"
@@ -28,6 +31,16 @@ class FuzzInput {
  private:
   const std::uint8_t* data_;
   std::size_t size_;
+};
+
+// A file that lies in memory. The bytes outlive it.
+class MemoryFile : private std::streambuf, public std::istream {
+ public:
+  explicit MemoryFile(std::span<const std::uint8_t> bytes)
+      : std::istream(static_cast<std::streambuf*>(this)) {
+    char* start = reinterpret_cast<char*>(const_cast<std::uint8_t*>(bytes.data()));
+    setg(start, start, start + bytes.size());
+  }
 };
 
 // A new document's image, made once; its derived tables are built.

@@ -4,9 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
-#include <sstream>
-#include <string>
+#include <span>
 
 #include "core/image/clone_image.h"
 #include "core/image/operating_state.h"
@@ -17,14 +15,15 @@ namespace qz7 {
 namespace {
 
 // The document's bytes, patched by place and value.
-std::string PatchedDocument(FuzzInput& input) {
-  CloneImage image = NewImage();
+const CloneImage& PatchedDocument(FuzzInput& input) {
+  static CloneImage image;
+  image = NewImage();
   while (!input.IsEmpty()) {
     const std::size_t low = input.Byte();
     const std::size_t high = input.Byte();
     image[(low | high << 8) % kCloneImageSize] = input.Byte();
   }
-  return {image.begin(), image.end()};
+  return image;
 }
 
 bool Same(const CloneImage& a, const CloneImage& b, std::size_t from, std::size_t to) {
@@ -40,24 +39,33 @@ bool NothingElseChanged(const CloneImage& before, const CloneImage& after) {
 }
 
 void MergeOnce(const MergeSource& source, const CloneImage& working_copy, int flags, int start) {
-  const auto image = std::make_unique<CloneImage>(NewImage());
+  static CloneImage image;
+  static CloneImage before;
+  image = NewImage();
   if ((flags & 1) != 0) {
-    WriteU16(image->data() + kChannelCountOffset, 65'535);
+    WriteU16(image.data() + kChannelCountOffset, 65'535);
   }
   MergeOptions options;
-  const CloneImage before = *image;
-  const MergeCounts counts = OpenMergeDialog(*image, source, options);
+  before = image;
+  const MergeCounts counts = OpenMergeDialog(image, source, options);
   SetOnlyHam(source, options, (flags & 2) != 0);
   SetUseKey(source, options, (flags & 4) != 0);
   EditMergeKey(source, options, (flags & 8) != 0 ? "a" : "");
   options.overwrite = (flags & 16) != 0;
-  SetGroup2(*image, source, options, (flags & 32) != 0);
+  SetGroup2(image, source, options, (flags & 32) != 0);
   const MergeAnswer answer =
-      AcceptMerge(*image, working_copy, source, options, (flags & 64) != 0 ? start : options.start);
+      AcceptMerge(image, working_copy, source, options, (flags & 64) != 0 ? start : options.start);
   const bool kept =
-      answer == MergeAnswer::kMerged ? NothingElseChanged(before, *image) : before == *image;
+      answer == MergeAnswer::kMerged ? NothingElseChanged(before, image) : before == image;
   if (!kept || counts.selected > counts.available) {
     std::abort();
+  }
+}
+
+void UseChannels(const MergeSource& source, int first, int end) {
+  for (int s = first; s < end; ++s) {
+    SourceRecord(source, s);
+    SourceName(source, s);
   }
 }
 
@@ -70,21 +78,21 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const int flags = input.Byte();
   const int start = input.Byte();
   const std::size_t options = std::min<std::size_t>(size, 2);
-  const std::string bytes =
-      size - options < kDocumentHeader.size
-          ? PatchedDocument(input)
-          : std::string(reinterpret_cast<const char*>(data) + options, size - options);
-  std::istringstream file(bytes);
-  const auto working_copy = std::make_unique<CloneImage>(NewImage());
+  const std::span bytes = std::span(data, size).subspan(options);
+  MemoryFile file(bytes.size() < kDocumentHeader.size
+                      ? std::span<const std::uint8_t>(PatchedDocument(input))
+                      : bytes);
+  static CloneImage working_copy;
+  working_copy = NewImage();
   MergeSource source;
-  if (!ReadMergeSource(source, *working_copy, file, "fuzz.rdf")) {
+  if (!ReadMergeSource(source, working_copy, file, "fuzz.rdf")) {
     return 0;
   }
   SourceRadioType(source);
-  for (int s = -1; s <= SourceChannelCount(source) + 1; ++s) {
-    SourceRecord(source, s);
-    SourceName(source, s);
-  }
-  MergeOnce(source, *working_copy, flags, start);
+  // The channels that a radio has, and the last ones that the header names.
+  const int end = SourceChannelCount(source) + 2;
+  UseChannels(source, -1, std::min(end, kChannelCount + 2));
+  UseChannels(source, std::max(end - 4, kChannelCount + 2), end);
+  MergeOnce(source, working_copy, flags, start);
   return 0;
 }

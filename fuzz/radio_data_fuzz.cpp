@@ -4,8 +4,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <memory>
-#include <sstream>
+#include <span>
 #include <string>
 
 #include "core/editors/image_difference.h"
@@ -24,8 +23,9 @@
 namespace qz7 {
 namespace {
 
-std::string PatchedDocument(FuzzInput& input) {
-  CloneImage image = NewImage();
+const CloneImage& PatchedDocument(FuzzInput& input) {
+  static CloneImage image;
+  image = NewImage();
   while (!input.IsEmpty()) {
     const std::size_t at = input.Word() % kCloneImageSize;
     image[at] = input.Byte();
@@ -33,7 +33,7 @@ std::string PatchedDocument(FuzzInput& input) {
   image[kBlockChecksumOffset] = RadioBlockChecksum(image);
   image[kFileChecksumOffset] = 0;
   image[kFileChecksumOffset] = FileChecksum(image);
-  return {image.begin(), image.end()};
+  return image;
 }
 
 void UseChannel(CloneImage& image, int n) {
@@ -69,22 +69,32 @@ bool SameBytes(const Byte* a, const Byte* b, std::size_t size) {
 bool IsChanged(CloneImage& image, int n) {
   static CloneImage untouched = NewImage();
   return !SameBytes(GetChannelRecord(image, n), GetChannelRecord(untouched, n), kRecordSize) ||
-         !SameBytes(ChannelComment(image, n), ChannelComment(untouched, n), kCommentSize) ||
-         GetChannelName(image, n) != GetChannelName(untouched, n) ||
-         IsProgrammed(image, n) != IsProgrammed(untouched, n) ||
-         IsMasked(image, n) != IsMasked(untouched, n) || IsSkip(image, n) != IsSkip(untouched, n);
+         !SameBytes(GetChannelFlagByte(image, n), GetChannelFlagByte(untouched, n), 1) ||
+         !SameBytes(ChannelComment(image, n), ChannelComment(untouched, n), kCommentSize);
 }
 
-void UseEverything(CloneImage& image) {
-  const CloneImage before = image;
+// The channels that lie in the image, and some that the count names behind them.
+void UseChannels(CloneImage& image) {
   // Beside the changed channels some others, which ones the file says.
   constexpr int kOthers = 32;
   const int other = image[kFileChecksumOffset] % kOthers;
-  for (int n = -40; n <= GetChannelCount(image) + 2; ++n) {
-    if (IsChanged(image, n) || (n + 40) % kOthers == other) {
+  constexpr int kFirst = -40;
+  constexpr int kBehind = kChannelCount + 3;
+  const int end = GetChannelCount(image) + 3;
+  for (int n = kFirst; n < std::min(end, kBehind); ++n) {
+    if (IsChanged(image, n) || (n - kFirst) % kOthers == other) {
       UseChannel(image, n);
     }
   }
+  for (int n = std::max(end - kPmsChannelCount - 5, kBehind); n < end; ++n) {
+    UseChannel(image, n);
+  }
+}
+
+void UseEverything(CloneImage& image) {
+  static CloneImage before;
+  before = image;
+  UseChannels(image);
   PrintText text;
   if (BuildPrintText(image, "fuzz", DtmfDisplay::kSymbols, {}, text)) {
     PrintLines(text);
@@ -103,20 +113,19 @@ void UseEverything(CloneImage& image) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace qz7;
   FuzzInput input(data, size);
-  const auto image = std::make_unique<CloneImage>();
-  const std::string bytes = size < kDocumentHeader.size
-                                ? PatchedDocument(input)
-                                : std::string(reinterpret_cast<const char*>(data), size);
-  std::istringstream file(bytes);
-  if (!ReadRadioDataFile(*image, file, "fuzz.rdf")) {
+  static CloneImage image;
+  MemoryFile file(size < kDocumentHeader.size
+                      ? std::span<const std::uint8_t>(PatchedDocument(input))
+                      : std::span(data, size));
+  if (!ReadRadioDataFile(image, file, "fuzz.rdf")) {
     return 0;
   }
-  UseEverything(*image);
+  UseEverything(image);
   // What was accepted once is written so that it is accepted again.
-  PrepareRadioDataFile(*image);
-  std::istringstream again(std::string(image->begin(), image->end()));
-  const auto reread = std::make_unique<CloneImage>();
-  if (!ReadRadioDataFile(*reread, again, "fuzz.rdf")) {
+  PrepareRadioDataFile(image);
+  MemoryFile again(image);
+  static CloneImage reread;
+  if (!ReadRadioDataFile(reread, again, "fuzz.rdf")) {
     std::abort();
   }
   return 0;

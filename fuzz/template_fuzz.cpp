@@ -1,9 +1,7 @@
 // A template file with arbitrary bytes; short inputs are patches on a sound template.
 
 #include <cstdlib>
-#include <memory>
-#include <sstream>
-#include <string>
+#include <span>
 
 #include "core/files/document_header.h"
 #include "core/files/file_inspection.h"
@@ -13,9 +11,10 @@
 
 namespace {
 
-std::string PatchedTemplate(qz7::FuzzInput& input) {
+const qz7::CloneImage& PatchedTemplate(qz7::FuzzInput& input) {
   using namespace qz7;
-  CloneImage image = NewImage();
+  static CloneImage image;
+  image = NewImage();
   SetMagic(image, kTemplateMagic);
   image[kBlockChecksumOffset] = RadioBlockChecksum(image);
   image[kFileChecksumOffset] = FileChecksum(image);
@@ -23,7 +22,7 @@ std::string PatchedTemplate(qz7::FuzzInput& input) {
     const std::size_t at = input.Word() % kCloneImageSize;
     image[at] = input.Byte();
   }
-  return {image.begin(), image.end()};
+  return image;
 }
 
 }  // namespace
@@ -31,24 +30,23 @@ std::string PatchedTemplate(qz7::FuzzInput& input) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace qz7;
   FuzzInput input(data, size);
-  const std::string bytes = size < kDocumentHeader.size
-                                ? PatchedTemplate(input)
-                                : std::string(reinterpret_cast<const char*>(data), size);
-  const auto image = std::make_unique<CloneImage>();
-  std::istringstream file(bytes);
-  std::istringstream looked_at(bytes);
-  const bool accepted = ReadTemplateFile(*image, file, "fuzz.tpl");
-  const auto found = std::make_unique<FileInspection>(InspectFile(looked_at));
-  const bool passes = found->kind == FileKind::kTemplate && found->radio_identifier &&
-                      found->total_size && found->complete && found->file_checksum &&
-                      found->radio_block_checksum;
+  const std::span<const std::uint8_t> bytes =
+      size < kDocumentHeader.size ? PatchedTemplate(input) : std::span(data, size);
+  static CloneImage image;
+  MemoryFile file(bytes);
+  MemoryFile looked_at(bytes);
+  const bool accepted = ReadTemplateFile(image, file, "fuzz.tpl");
+  const FileInspection found = InspectFile(looked_at);
+  const bool passes = found.kind == FileKind::kTemplate && found.radio_identifier &&
+                      found.total_size && found.complete && found.file_checksum &&
+                      found.radio_block_checksum;
   if (accepted != passes) {
     std::abort();
   }
   if (accepted) {
     CloneImage document = NewImage();
     MergeTemplate(std::span(document).subspan(kRadioBlock.offset, kRadioBlock.size),
-                  std::span(*image).subspan(kRadioBlock.offset, kRadioBlock.size));
+                  std::span(image).subspan(kRadioBlock.offset, kRadioBlock.size));
   }
   return 0;
 }

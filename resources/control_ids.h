@@ -35,12 +35,14 @@
 #define ID_OPTION_A_THIRD 134
 #define ID_OPTION_C_FIRST 135
 #define ID_OPTION_C_SECOND 136
+#define ID_STATUS_LINE 140
 
 // DLLDlgReadRadio, DLLDlgWriteRadio
 #define ID_METER 103
 #define ID_TEMPLATE_NAME 104
 #define ID_BROWSE_TEMPLATE 105
 #define ID_AWAITED 106
+#define ID_TRANSFER 107
 
 // DLLDlgCreateTemplate
 #define ID_CREATE 101
@@ -162,6 +164,10 @@
 #define ID_OPTION_FLAG 123
 #define ID_PREVIOUS 124
 #define ID_NEXT 125
+#define ID_RECEIVE_READING 126
+#define ID_OFFSET_READING 127
+#define ID_TRANSMIT_READING 128
+#define ID_TONE_USE 129
 
 // DLLDlgGroupList
 #define ID_GROUP 101
@@ -176,7 +182,8 @@
 #define ID_COPY_OPTION_A 103
 #define ID_COPY_OPTION_B 104
 
-// The feature editors. ID_USE_DEFAULTS and ID_STORE_DEFAULTS are in each of them.
+// The feature editors. ID_USE_DEFAULTS, ID_STORE_DEFAULTS and this note are in each of them.
+#define ID_DEFAULTS_NOTE 124
 // DLLDlgSetting
 #define ID_LEVEL_A 101
 #define ID_LEVEL_B 102

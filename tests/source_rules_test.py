@@ -74,7 +74,7 @@ class Dependencies(unittest.TestCase):
         "desktop": BELOW_WINDOWS | WINDOWS,
         "ctl": set(CORE),
         "radio": set(),
-        "fuzz": set(CORE) | {"tests/unit"},
+        "fuzz": set(CORE) | {"ctl"},
         "bench": set(CORE) | {"ctl", "desktop/toolkit", "desktop/editors"},
     }
 

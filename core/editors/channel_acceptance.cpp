@@ -9,11 +9,6 @@
 namespace qz7 {
 namespace {
 
-// Whether the receive field has been left empty, or a zero stands in it.
-bool IsEmptyFrequency(const std::string& text) {
-  return text.find_first_not_of(" 0.") == std::string::npos;
-}
-
 bool StoreRecord(CloneImage& image, const ChannelEditor& editor,
                  const ChannelFrequencies& frequencies) {
   ChannelRecord old{};

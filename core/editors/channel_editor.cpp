@@ -126,6 +126,10 @@ std::optional<int> StepPosition(const ChannelEditor& editor) {
   return static_cast<int>(choice - editor.steps.begin());
 }
 
+bool IsEmptyFrequency(std::string_view text) {
+  return text.find_first_not_of(" 0.") == std::string_view::npos;
+}
+
 Frequency ReceiveOf(const ChannelEditor& editor) { return ParseFrequency(editor.receive); }
 
 Frequency OffsetOf(const ChannelEditor& editor) {

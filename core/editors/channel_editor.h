@@ -51,6 +51,8 @@ bool HasMaskedBox(const ChannelEditor& editor);      // not for channel 1
 // Where the chosen step stands in the list of steps; nothing for a step that the list lacks.
 std::optional<int> StepPosition(const ChannelEditor& editor);
 
+// Whether a receive field has been left empty, or a zero stands in it.
+bool IsEmptyFrequency(std::string_view text);
 // What the texts stand for.
 Frequency ReceiveOf(const ChannelEditor& editor);
 Frequency OffsetOf(const ChannelEditor& editor);

@@ -111,9 +111,20 @@ void MarkField(Comparison& comparison, int n, std::string_view field) {
   }
 }
 
+bool ChannelDiffers(const Comparison& comparison, int n, bool with_comment) {
+  const auto* comment_a = ChannelComment(comparison.a, n);
+  const auto* comment_b = ChannelComment(comparison.b, n);
+  return Differs(comparison, RecordRegion(comparison.a, n)) ||
+         Differs(comparison, FlagRegion(comparison.a, n)) ||
+         (with_comment && !std::equal(comment_a, comment_a + kCommentSize, comment_b));
+}
+
 // A channel that is programmed on one side only is told whole; one that is on neither side differs
 // in nothing that a user can see, and its bytes are told as bytes.
 void CompareChannel(Comparison& comparison, int n, bool with_comment) {
+  if (!ChannelDiffers(comparison, n, with_comment)) {
+    return;
+  }
   const std::string title = SlotTitle(comparison.a, n);
   const bool in_a = IsSpecialSlot(n) || IsProgrammed(comparison.a, n);
   const bool in_b = IsSpecialSlot(n) || IsProgrammed(comparison.b, n);
@@ -193,9 +204,12 @@ void ComparePieces(Comparison& comparison, const std::string& name, Region all, 
   const std::size_t size = all.size / count;
   for (std::size_t i = 0; i < count; ++i) {
     const Region piece{.offset = all.offset + i * size, .size = size};
+    if (!Differs(comparison, piece)) {
+      continue;
+    }
     const std::string a = text_of(comparison.a, piece);
     const std::string b = text_of(comparison.b, piece);
-    if (Differs(comparison, piece) && a != b) {
+    if (a != b) {
       tell(count > 1 ? name + " " + std::to_string(i + 1) : name, a, b);
       MarkTold(comparison, piece);
     }
@@ -220,7 +234,15 @@ std::string ValueText(const Setting& row, const SettingValue& value, const Clone
   return std::to_string(value.choice.value_or(ReadBits(image, row.bits)));
 }
 
+Region BytesOf(const Setting& row) {
+  return row.kind == SettingKind::kText ? row.text.place
+                                        : Region{.offset = row.bits.byte, .size = 1};
+}
+
 void CompareRow(Comparison& comparison, const Setting& row) {
+  if (!Differs(comparison, BytesOf(row))) {
+    return;
+  }
   const SettingValue a = LoadSetting(row, SourceIn(comparison.a));
   const SettingValue b = LoadSetting(row, SourceIn(comparison.b));
   if (a == b) {
@@ -231,12 +253,9 @@ void CompareRow(Comparison& comparison, const Setting& row) {
                                     .a = ValueText(row, a, comparison.a),
                                     .b = ValueText(row, b, comparison.b),
                                     .texts = row.kind == SettingKind::kText});
-  if (row.kind == SettingKind::kText) {
-    MarkTold(comparison, row.text.place);
-  } else {
-    MarkTold(comparison, {.offset = row.bits.byte, .size = 1},
-             ((1U << row.bits.width) - 1) << row.bits.shift);
-  }
+  const bool is_text = row.kind == SettingKind::kText;
+  MarkTold(comparison, BytesOf(row),
+           is_text ? 0xFFU : ((1U << row.bits.width) - 1) << row.bits.shift);
 }
 
 // The texts of the other screens are told above.

@@ -6,6 +6,7 @@
 #include "core/image/channel_text.h"
 #include "core/image/decimal.h"
 #include "core/image/text_codec.h"
+#include "core/image/typed_text.h"
 
 namespace qz7 {
 namespace {
@@ -49,6 +50,12 @@ bool Holds(std::string_view text, const std::string& key) {
   return UpperCase(text).find(key) != std::string::npos;
 }
 
+// In a frequency a decimal comma of the key is a point.
+bool FrequencyHolds(Frequency f, std::string key) {
+  std::transform(key.begin(), key.end(), key.begin(), FrequencyCharacter);
+  return Holds(FormatFrequency(f), key);
+}
+
 bool ChannelHolds(const CloneImage& image, int n, const std::string& key,
                   const RegionVariant& region) {
   if (!IsProgrammed(image, n)) {
@@ -56,8 +63,8 @@ bool ChannelHolds(const CloneImage& image, int n, const std::string& key,
   }
   const RecordView record = GetChannelRecord(image, n);
   return Holds(GetChannelName(image, n).data(), key) || Holds(ChannelCommentText(image, n), key) ||
-         Holds(FormatFrequency(ReadReceiveFrequency(record, region)), key) ||
-         Holds(FormatFrequency(TransmitFrequency(record, region)), key);
+         FrequencyHolds(ReadReceiveFrequency(record, region), key) ||
+         FrequencyHolds(TransmitFrequency(record, region), key);
 }
 
 }  // namespace

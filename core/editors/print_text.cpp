@@ -82,8 +82,10 @@ void AppendColumns(PrintText& text) {
 void AppendMemories(PrintText& text, const CloneImage& image, const RegionVariant& region) {
   AppendLine(text, SectionHeading("Memories"));
   AppendColumns(text);
-  for (int n = 1; n <= GetChannelCount(image); ++n) {
-    AppendChannel(text, image, n, region);
+  for (int n = 1; n <= std::min(GetChannelCount(image), kChannelCount); ++n) {
+    if (IsProgrammed(image, n)) {
+      AppendChannel(text, image, n, region);
+    }
   }
 }
 

@@ -23,9 +23,11 @@ FileBox RadioFileBox(const Document& document, const char* title) {
           .initial_name = ""};
 }
 
-void ClearFlags(Document& document) {
+// The document is as its file has it.
+void StandAtFile(Document& document) {
   document.changed = false;
   document.untitled = false;
+  TellRecentDocument(document.path);
 }
 
 // The data folder follows the user's choice of files.
@@ -43,7 +45,7 @@ void FollowFolder(Document& document, const ChosenFile& file) {
 void BecomeFile(Document& document, const ChosenFile& file) {
   document.name = PathText(file.name);
   document.path = file.path;
-  ClearFlags(document);
+  StandAtFile(document);
   RefreshDocument(document);
   FollowFolder(document, file);
 }
@@ -172,7 +174,7 @@ bool SaveDocument(Document& document) {
     return false;
   }
   document.in_file = document.image;
-  ClearFlags(document);
+  StandAtFile(document);
   return true;
 }
 

@@ -33,7 +33,7 @@ FileInspection InspectFile(std::istream& file) {
 
 int CountProgrammedChannels(const CloneImage& image) {
   int programmed = 0;
-  for (int n = 1; n <= GetChannelCount(image); ++n) {
+  for (int n = 1; n <= std::min(GetChannelCount(image), kChannelCount); ++n) {
     programmed += IsProgrammed(image, n) ? 1 : 0;
   }
   return programmed;

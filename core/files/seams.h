@@ -82,6 +82,10 @@ void LoadMainDialog(const CloneImage& image);
 void ReadMainControls(CloneImage& image);
 void SetMainTitle(const std::string& title);
 
+// A document was opened from this file or saved to it: the system may keep it among its recent
+// documents. Failures are not reported.
+void TellRecentDocument(const std::filesystem::path& path);
+
 // The preferences file "Tamro.ini", section kProgramTitle: text values by key. Failures are not
 // reported. ReadProfile cuts the value after `most` characters and returns `missing` where there is
 // no such key; ForgetProfile removes a key.

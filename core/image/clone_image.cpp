@@ -75,8 +75,6 @@ void SetFlag(CloneImage& image, int n, std::uint8_t flag, bool on) {
 
 }  // namespace
 
-int GetChannelCount(const CloneImage& image) { return ReadU16(image.data() + kChannelCountOffset); }
-
 std::uint8_t* GetChannelRecord(CloneImage& image, int n) {
   return At(image, RecordOffset(image, n));
 }
@@ -170,24 +168,6 @@ std::string_view FieldText(const char* field, std::size_t width) {
 std::string_view ChannelCommentText(const CloneImage& image, int n) {
   const char* comment = ChannelComment(image, n);
   return comment != nullptr ? FieldText(comment, kCommentSize) : std::string_view{};
-}
-
-std::uint16_t ReadU16(const std::uint8_t* bytes) {
-  return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
-}
-
-std::uint32_t ReadU32(const std::uint8_t* bytes) {
-  return ReadU16(bytes) | static_cast<std::uint32_t>(ReadU16(bytes + 2)) << 16;
-}
-
-void WriteU16(std::uint8_t* bytes, std::uint16_t value) {
-  bytes[0] = static_cast<std::uint8_t>(value);
-  bytes[1] = static_cast<std::uint8_t>(value >> 8);
-}
-
-void WriteU32(std::uint8_t* bytes, std::uint32_t value) {
-  WriteU16(bytes, static_cast<std::uint16_t>(value));
-  WriteU16(bytes + 2, static_cast<std::uint16_t>(value >> 16));
 }
 
 }  // namespace qz7

@@ -113,9 +113,26 @@ inline constexpr std::uint8_t kFlagShown = 0x02;  // clear means masked
 inline constexpr std::uint8_t kFlagSkip = 0x04;
 inline constexpr std::uint8_t kFlagOption = 0x08;  // an on/off option of memory channels
 
+inline std::uint16_t ReadU16(const std::uint8_t* bytes) {
+  return static_cast<std::uint16_t>(bytes[0] | bytes[1] << 8);
+}
+inline std::uint32_t ReadU32(const std::uint8_t* bytes) {
+  return ReadU16(bytes) | static_cast<std::uint32_t>(ReadU16(bytes + 2)) << 16;
+}
+inline void WriteU16(std::uint8_t* bytes, std::uint16_t value) {
+  bytes[0] = static_cast<std::uint8_t>(value);
+  bytes[1] = static_cast<std::uint8_t>(value >> 8);
+}
+inline void WriteU32(std::uint8_t* bytes, std::uint32_t value) {
+  WriteU16(bytes, static_cast<std::uint16_t>(value));
+  WriteU16(bytes + 2, static_cast<std::uint16_t>(value >> 16));
+}
+
 // The count that the header states, 0..65535. It is used as it stands in every loop over channels;
 // the accessors below keep such loops inside the buffer.
-int GetChannelCount(const CloneImage& image);
+inline int GetChannelCount(const CloneImage& image) {
+  return ReadU16(image.data() + kChannelCountOffset);
+}
 
 // The 22-byte record of channel n; null when n > count, for slots k >= 30, and where a hostile
 // count names a channel behind the 240 records. n = 0 is not refused: it is the 22 bytes in front
@@ -168,10 +185,5 @@ std::string_view ChannelCommentText(const CloneImage& image, int n);
 
 // The text of a zero-terminated field that may use its whole width.
 std::string_view FieldText(const char* field, std::size_t width);
-
-std::uint16_t ReadU16(const std::uint8_t* bytes);
-std::uint32_t ReadU32(const std::uint8_t* bytes);
-void WriteU16(std::uint8_t* bytes, std::uint16_t value);
-void WriteU32(std::uint8_t* bytes, std::uint32_t value);
 
 }  // namespace qz7

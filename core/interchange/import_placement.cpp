@@ -94,14 +94,14 @@ int FreeRunLength(const CloneImage& image, int first, PmsPairs pms) {
 
 int DefaultStartChannel(const CloneImage& image) {
   constexpr int kLastStartFromEnd = 5;
+  const int last = std::min(GetChannelCount(image) - kLastStartFromEnd, kChannelCount);
   int best = 0;
   int best_start = 0;
-  for (int s = 1; s <= GetChannelCount(image) - kLastStartFromEnd; ++s) {
-    const int length = FreeRunLength(image, s, PmsPairs::kExcluded);
+  for (int s = 1, length = 0; s <= last; s += length + 1) {
+    length = FreeRunLength(image, s, PmsPairs::kExcluded);
     if (length > best) {
       best = length;
       best_start = s;
-      s += length;
     }
   }
   return best_start != 0 ? best_start : 1;

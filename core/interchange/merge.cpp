@@ -107,6 +107,11 @@ std::optional<ChannelRecord> MergedRecord(const CloneImage& working_copy, const 
   return record;
 }
 
+bool IsAvailable(const MergeSource& source, const std::optional<ChannelSummary>& channel) {
+  return channel && channel->in_use &&
+         BandOf(TensOfHertz(channel->receive_10hz), source.region) <= Band::kAir;
+}
+
 }  // namespace
 
 void SetMergeKey(MergeOptions& options, std::string_view text) {
@@ -115,16 +120,12 @@ void SetMergeKey(MergeOptions& options, std::string_view text) {
 }
 
 bool IsAvailable(const MergeSource& source, int s) {
-  const std::optional<ChannelSummary> channel = SourceSummary(source, s);
-  return channel && channel->in_use &&
-         BandOf(TensOfHertz(channel->receive_10hz), source.region) <= Band::kAir;
+  return IsAvailable(source, SourceSummary(source, s));
 }
 
 bool IsSelectedForMerge(const MergeSource& source, const MergeOptions& options, int s) {
-  if (!IsAvailable(source, s)) {
-    return false;
-  }
-  if (options.only_ham && !IsHam(SourceSummary(source, s)->receive_10hz)) {
+  const std::optional<ChannelSummary> channel = SourceSummary(source, s);
+  if (!IsAvailable(source, channel) || (options.only_ham && !IsHam(channel->receive_10hz))) {
     return false;
   }
   return !options.use_key || options.upper_key.empty() || MatchesKey(source, options, s);
@@ -132,7 +133,7 @@ bool IsSelectedForMerge(const MergeSource& source, const MergeOptions& options, 
 
 int CountAvailable(const MergeSource& source) {
   int count = 0;
-  for (int s = 1; s <= SourceChannelCount(source); ++s) {
+  for (int s = 1; s <= SourceSummaryCount(source); ++s) {
     count += IsAvailable(source, s) ? 1 : 0;
   }
   return count;
@@ -140,7 +141,7 @@ int CountAvailable(const MergeSource& source) {
 
 int CountSelected(const MergeSource& source, const MergeOptions& options) {
   int count = 0;
-  for (int s = 1; s <= SourceChannelCount(source); ++s) {
+  for (int s = 1; s <= SourceSummaryCount(source); ++s) {
     count += IsSelectedForMerge(source, options, s) ? 1 : 0;
   }
   return count;
@@ -149,7 +150,7 @@ int CountSelected(const MergeSource& source, const MergeOptions& options) {
 void MergeChannels(CloneImage& image, const CloneImage& working_copy, const MergeSource& source,
                    const MergeOptions& options) {
   int t = options.start;
-  for (int s = 1; s <= SourceChannelCount(source); ++s) {
+  for (int s = 1; s <= SourceSummaryCount(source); ++s) {
     if (!IsSelectedForMerge(source, options, s)) {
       continue;
     }

@@ -93,6 +93,17 @@ bool ReadMergeSource(MergeSource& source, CloneImage& working_copy, std::istream
 
 int SourceChannelCount(const MergeSource& source) { return HeaderU16(source, kChannelCountOffset); }
 
+int SourceSummaryCount(const MergeSource& source) {
+  const int count = SourceChannelCount(source);
+  const std::uint32_t entry_size = HeaderU16(source, kSummarySizeOffset);
+  const std::uint32_t table = HeaderU32(source, kSummaryTableOffset);
+  if (table > source.size) {
+    return 0;
+  }
+  const std::size_t room = source.size - table;
+  return entry_size == 0 ? count : std::min(count, static_cast<int>(room / entry_size));
+}
+
 std::string_view SourceRadioType(const MergeSource& source) {
   return FieldText(reinterpret_cast<const char*>(source.bytes.get() + kRadioName.offset),
                    kRadioName.size);

@@ -46,6 +46,8 @@ bool ReadMergeSource(MergeSource& source, CloneImage& working_copy, std::istream
 
 // The functions below want a loaded source. Its channels are s = 1..SourceChannelCount.
 int SourceChannelCount(const MergeSource& source);
+// Channels above this number have no summary, because the file ends before.
+int SourceSummaryCount(const MergeSource& source);
 // The name of the radio that the file is for, at most 40 characters.
 std::string_view SourceRadioType(const MergeSource& source);
 // Whether the file is for this radio and laid out like this program's own.

@@ -216,6 +216,17 @@ const char* AwaitedBy(const CloneRead& read) {
   }
 }
 
+// A header is recognised at the block's beginning alone, so that nothing is asked for after a
+// Retry.
+const char* InvitedBy(const CloneRead& read) {
+  const bool begins = read.phase == CloneRead::kWaitHeader && read.position == 0;
+  return begins && !read.ended ? "Nothing has come yet: start sending on the radio." : "";
+}
+
+const char* RemedyFor(const CloneRead& /*read*/) {
+  return "Press Cancel and start again, on the radio too.";
+}
+
 void NotifyCloneRead(CloneRead& read, SerialPort& port) {
   while (HasTurn(read) && IsRunning(read, port) && StepCloneRead(read, port)) {
   }

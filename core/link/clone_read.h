@@ -29,6 +29,10 @@ std::size_t BytesAwaited(const CloneRead& read);
 
 // What it waits for at present, as the user knows it: "the radio to start sending".
 const char* AwaitedBy(const CloneRead& read);
+// What the user is to do on the radio before anything moves; empty once it does.
+const char* InvitedBy(const CloneRead& read);
+// What the user can do when the exchange stands still.
+const char* RemedyFor(const CloneRead& read);
 
 // A tick of the 10 ms timer: the time-out, then steps until one finds nothing to do.
 void TickCloneRead(CloneRead& read, SerialPort& port);

@@ -237,6 +237,16 @@ const char* AwaitedBy(const CloneWrite& write) {
   }
 }
 
+const char* InvitedBy(const CloneWrite& write) {
+  const bool begins = write.phase == CloneWrite::kIdle && write.can_start;
+  return begins && !write.ended ? "Start receiving on the radio, then press OK." : "";
+}
+
+const char* RemedyFor(const CloneWrite& write) {
+  return write.phase == CloneWrite::kWaitEcho ? "Press Cancel, check the cable, and start again."
+                                              : "Press Cancel and start again, on the radio too.";
+}
+
 void NotifyCloneWrite(CloneWrite& write, SerialPort& port) {
   while (HasTurn(write) && IsRunning(write, port) && write.phase != CloneWrite::kFinished &&
          StepCloneWrite(write, port)) {

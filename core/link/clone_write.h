@@ -56,6 +56,10 @@ std::size_t BytesAwaited(const CloneWrite& write);
 
 // What it waits for at present, as the user knows it: "the radio's answer"; empty for nothing.
 const char* AwaitedBy(const CloneWrite& write);
+// What the user is to do on the radio before anything moves; empty once it does.
+const char* InvitedBy(const CloneWrite& write);
+// What the user can do when the exchange stands still.
+const char* RemedyFor(const CloneWrite& write);
 
 // A tick of the 10 ms timer, and bytes that have come: steps until one finds nothing to do. The
 // step that finishes is left to a later tick, when the checksum byte has left the machine.

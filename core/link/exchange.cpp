@@ -31,7 +31,7 @@ void BeginTurn(Exchange& exchange) {
 }
 
 bool HasTurn(const Exchange& exchange) {
-  return std::chrono::steady_clock::now() < exchange.turn_end;
+  return !exchange.turn_end || std::chrono::steady_clock::now() < *exchange.turn_end;
 }
 
 void RestartExchange(Exchange& exchange, SerialPort& port) {

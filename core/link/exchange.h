@@ -49,7 +49,7 @@ struct Exchange {
   ProgressMeter meter;
   std::size_t heard = 0;     // bytes that have come, echoes included
   bool read_failed = false;  // the last read did
-  std::chrono::steady_clock::time_point turn_end = std::chrono::steady_clock::time_point::max();
+  std::optional<std::chrono::steady_clock::time_point> turn_end;  // nothing: no end
   std::optional<LinkQuestion> question;
   std::optional<int> ended;
 };

@@ -8,8 +8,9 @@ namespace qz7 {
 namespace {
 
 SettingControls Controls() {
-  SettingControls controls = NumberedControls("autodial", kAutodialCount,
-                                              {.number = ID_AUTODIAL_FIRST, .tells_place = false});
+  SettingControls controls =
+      NumberedControls("autodial", kAutodialCount,
+                       {.number = ID_AUTODIAL_FIRST, .tells_place = false, .pastes_whole = true});
   controls["autodial-flag"] = {ID_AUTODIAL_FLAG};
   return controls;
 }

@@ -6,9 +6,11 @@
 #include <vector>
 
 #include "core/editors/channel_editor.h"
+#include "core/editors/frequency_reading.h"
 #include "core/image/clone_image.h"
 #include "desktop/editors/icon_picker_dialog.h"
 #include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/edited_field.h"
 #include "desktop/toolkit/help.h"
 #include "desktop/toolkit/radio_font.h"
 #include "resources/control_ids.h"
@@ -52,6 +54,28 @@ void ShowSteps(HWND dialog, const ChannelEditor& editor) {
   SelectInList(dialog, ID_STEP, StepPosition(editor));
 }
 
+// What the frequency texts will be read as. A transmit frequency that follows is none to type.
+void ShowReadings(HWND dialog) {
+  const auto& window = WindowOf(dialog);
+  const ChannelEditor& editor = window.editor;
+  ShowText(dialog, ID_RECEIVE_READING,
+           ReceiveReading(window.document.image, editor.n, ControlText(dialog, ID_RECEIVE),
+                          editor.region));
+  ShowText(dialog, ID_OFFSET_READING, OffsetReading(OffsetOf(editor)));
+  ShowText(dialog, ID_TRANSMIT_READING,
+           HasTransmitField(editor)
+               ? TransmitReading(ControlText(dialog, ID_TRANSMIT), editor.region)
+               : "");
+}
+
+std::optional<ToneMode> ChosenToneType(HWND dialog) {
+  return CodeAt<ToneMode>(kToneModeNames, ChosenInList(dialog, ID_TONE_TYPE));
+}
+
+void ShowToneUse(HWND dialog) {
+  ShowText(dialog, ID_TONE_USE, ToneListUse(ChosenToneType(dialog)));
+}
+
 // What follows from other fields: texts, steps, and what can be used.
 void ShowFollowers(HWND dialog) {
   auto& window = WindowOf(dialog);
@@ -64,6 +88,7 @@ void ShowFollowers(HWND dialog) {
   EnableWindow(GetDlgItem(dialog, ID_TRANSMIT), HasTransmitField(editor));
   EnableWindow(GetDlgItem(dialog, ID_STEP), HasStepChoice(editor));
   window.showing = false;
+  ShowReadings(dialog);
 }
 
 void ShowMemoryFields(HWND dialog, const ChannelEditor& editor) {
@@ -86,6 +111,7 @@ void ShowChannel(HWND dialog) {
   SelectInList(dialog, ID_MODE, PlaceOf(editor.choices.mode));
   SelectInList(dialog, ID_POWER, PlaceOf(editor.choices.power));
   SelectInList(dialog, ID_TONE_TYPE, PlaceOf(editor.choices.tone_mode));
+  ShowToneUse(dialog);
   SelectInList(dialog, ID_TONE, editor.choices.tone_index);
   SelectInList(dialog, ID_DCS, editor.choices.dcs_index);
   Check(dialog, ID_OPTION_A, editor.choices.option_a);
@@ -117,7 +143,7 @@ void TakeFields(HWND dialog) {
   editor.transmit = ControlText(dialog, ID_TRANSMIT);
   editor.choices.mode = CodeAt<Mode>(kModeNames, ChosenInList(dialog, ID_MODE));
   editor.choices.power = CodeAt<Power>(kPowerNames, ChosenInList(dialog, ID_POWER));
-  editor.choices.tone_mode = CodeAt<ToneMode>(kToneModeNames, ChosenInList(dialog, ID_TONE_TYPE));
+  editor.choices.tone_mode = ChosenToneType(dialog);
   editor.choices.tone_index = ChosenInList(dialog, ID_TONE);
   editor.choices.dcs_index = ChosenInList(dialog, ID_DCS);
   if (const auto step = ChosenInList(dialog, ID_STEP)) {
@@ -199,6 +225,7 @@ void OnOffset(HWND dialog, int notification) {
   switch (notification) {
     case CBN_EDITCHANGE:
       TypeOffset(window.editor, ControlText(dialog, ID_OFFSET));
+      ShowReadings(dialog);
       break;
     case CBN_SELCHANGE:
       if (const auto position = ChosenInList(dialog, ID_OFFSET)) {
@@ -228,6 +255,14 @@ void OnOffsetLeft(HWND dialog) {
   Do(dialog, [&](ChannelEditor& editor) { accepted = LeaveOffset(editor); });
   if (!accepted) {
     FocusField(dialog, EditorField::kOffset);
+  }
+}
+
+void OnFrequency(HWND dialog, int control, int notification) {
+  if (notification == EN_CHANGE && !WindowOf(dialog).showing) {
+    ShowReadings(dialog);
+  } else if (notification == EN_KILLFOCUS && control == ID_RECEIVE) {
+    Do(dialog, LeaveReceive);
   }
 }
 
@@ -261,13 +296,18 @@ void FillLists(HWND dialog) {
   }
 }
 
-void LimitTexts(HWND dialog) {
+void SetUpTexts(HWND dialog) {
   LimitText(dialog, ID_RECEIVE, kFrequencyTextLength);
   LimitText(dialog, ID_TRANSMIT, kFrequencyTextLength);
   LimitText(dialog, ID_NAME, kNameLength);
   LimitText(dialog, ID_COMMENT, kCommentTextLength);
   constexpr WPARAM kOffsetTextLength = 25;
   SendDlgItemMessageA(dialog, ID_OFFSET, CB_LIMITTEXT, kOffsetTextLength, 0);
+  const HWND offset_text = GetWindow(GetDlgItem(dialog, ID_OFFSET), GW_CHILD);
+  for (const HWND field :
+       {GetDlgItem(dialog, ID_RECEIVE), GetDlgItem(dialog, ID_TRANSMIT), offset_text}) {
+    TakeCommasAsPoints(field);
+  }
 }
 
 BOOL OnInit(HWND dialog, LPARAM state) {
@@ -276,7 +316,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   window.name_font = CreateRadioFont(dialog, kNameFontHeight);
   UseFont(dialog, ID_NAME, window.name_font);
   FillLists(dialog);
-  LimitTexts(dialog);
+  SetUpTexts(dialog);
   if (HasMemoryFields(window.editor)) {
     window.icons = LoadIconPictures();
     FillIconPicker(GetDlgItem(dialog, ID_ICON));
@@ -320,10 +360,10 @@ void OnCommand(HWND dialog, int control, int notification) {
     }
   } else if (control == ID_OFFSET) {
     OnOffset(dialog, notification);
-  } else if (control == ID_RECEIVE) {
-    if (notification == EN_KILLFOCUS) {
-      Do(dialog, LeaveReceive);
-    }
+  } else if (control == ID_RECEIVE || control == ID_TRANSMIT) {
+    OnFrequency(dialog, control, notification);
+  } else if (control == ID_TONE_TYPE) {
+    ShowToneUse(dialog);
   } else if (notification == BN_CLICKED) {
     OnButton(dialog, control);
   }

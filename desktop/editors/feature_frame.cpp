@@ -72,6 +72,7 @@ BOOL OnInit(HWND dialog, LPARAM parameter) {
   const FeatureEditor& editor = state.editor;
   ShowFields(dialog, OpeningSource(editor.image, editor.defaults, editor.starts_from_defaults));
   if (editor.starts_from_defaults) {
+    ShowWindow(GetDlgItem(dialog, ID_DEFAULTS_NOTE), SW_SHOW);
     DisableDefaultsButtons(dialog, IDOK);
   }
   return TRUE;

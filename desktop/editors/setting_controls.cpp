@@ -1,5 +1,6 @@
 #include "desktop/editors/setting_controls.h"
 
+#include "desktop/toolkit/edited_field.h"
 #include "resources/control_ids.h"
 
 namespace qz7 {
@@ -40,6 +41,9 @@ void SetUpField(HWND dialog, const SettingField& field) {
   switch (row->kind) {
     case SettingKind::kText:
       LimitText(dialog, control.number, row->text.longest);
+      if (control.pastes_whole) {
+        RefuseLongPastes(GetDlgItem(dialog, control.number));
+      }
       break;
     case SettingKind::kList:
     case SettingKind::kPictureList:
@@ -116,7 +120,7 @@ std::vector<Tooltip> PlaceTooltips(const std::vector<SettingField>& fields) {
   std::vector<Tooltip> tooltips;
   for (const auto& [row, control] : fields) {
     for (int i = 0; control.tells_place && i < ButtonsOf(*row); ++i) {
-      tooltips.push_back({control.number + i, PlaceOf(*row)});
+      tooltips.push_back({control.number + i, PlaceOf(*row) + control.remark});
     }
   }
   return tooltips;

@@ -17,6 +17,8 @@ struct SettingControl {
   int number;  // of a radio group the first of its buttons, which have numbers in sequence
   bool radio_font = false;
   bool tells_place = true;       // by its tooltip, because nothing else tells what it is
+  bool pastes_whole = false;     // what does not go in whole is not pasted
+  const char* remark = "";       // that follows the place in its tooltip
   bool enables_defaults = true;  // a change enables the defaults buttons
 };
 using SettingControls = std::map<std::string, SettingControl>;  // by the row's name

@@ -48,9 +48,28 @@ void FollowSilence(ExchangeWindow& window) {
   }
 }
 
+// How far it is, or what the user can do. While a box asks, nothing is told beside it.
+void FollowTransfer(ExchangeWindow& window) {
+  const Exchange& exchange = window.exchange;
+  const auto seconds_left = window.pace.SecondsLeft(exchange.meter);
+  if (exchange.question || exchange.ended) {
+    return;
+  }
+  const bool stands = !window.shown_note.empty() || !IsRunning(exchange, window.port);
+  std::string text = window.port.IsLost() ? "" : window.invited();
+  if (text.empty()) {
+    text = stands ? window.remedy() : TransferText(exchange.meter, seconds_left);
+  }
+  if (text != window.shown_transfer) {
+    window.shown_transfer = text;
+    SetDlgItemTextA(window.dialog, ID_TRANSFER, text.c_str());
+  }
+}
+
 void FollowExchange(ExchangeWindow& window) {
   FollowTimer(window);
   FollowSilence(window);
+  FollowTransfer(window);
   FollowMeter(window);
   if (window.show) {
     window.show(window.dialog);

@@ -10,6 +10,7 @@
 #include "core/link/serial_port.h"
 #include "core/link/silence.h"
 #include "core/link/tick_clock.h"
+#include "core/link/transfer_note.h"
 #include "desktop/link/meter_bar.h"
 
 namespace qz7 {
@@ -23,12 +24,16 @@ struct ExchangeWindow {
   std::function<void()> notify;          // bytes have come
   std::function<void(Answer)> answer;    // of the question that a step has left
   std::function<std::string()> awaited;  // what the exchange waits for at present
+  std::function<std::string()> invited;  // what the user is to do before anything moves
+  std::function<std::string()> remedy;   // what the user can do when it stands still
   std::function<void(HWND)> show = {};   // shows what the exchange allows now
   HWND dialog = nullptr;
   bool timer_runs = false;
   TickClock clock = {};
   Silence silence = {};
   std::string shown_note = {};
+  TransferPace pace = {};
+  std::string shown_transfer = {};
   MeterBar shown_bar = {};
   std::exception_ptr failure = {};  // what ended the exchange in the middle of a step
 };

@@ -44,7 +44,9 @@ bool ShowReadDialog(CloneRead& read, SerialPort& port) {
                         .tick = [&] { TickCloneRead(read, port); },
                         .notify = [&] { NotifyCloneRead(read, port); },
                         .answer = [&](Answer answer) { AnswerCloneRead(read, port, answer); },
-                        .awaited = [&] { return AwaitedBy(read); }};
+                        .awaited = [&] { return AwaitedBy(read); },
+                        .invited = [&] { return InvitedBy(read); },
+                        .remedy = [&] { return RemedyFor(read); }};
   return RunExchangeDialog("DLLDlgReadRadio", DlgProcReadRadio, window) == 0;
 }
 

@@ -112,6 +112,8 @@ bool ShowWriteDialog(CloneWrite& write, SerialPort& port, Preferences& preferenc
                       .notify = [&] { NotifyCloneWrite(write, port); },
                       .answer = [&](Answer answer) { AnswerCloneWrite(write, port, answer); },
                       .awaited = [&] { return AwaitedBy(write); },
+                      .invited = [&] { return InvitedBy(write); },
+                      .remedy = [&] { return RemedyFor(write); },
                       .show = [&](HWND dialog) { ShowStartButtons(dialog, write.can_start); }},
                      write,
                      preferences};

@@ -120,6 +120,17 @@ INT_PTR CALLBACK GuardedProc(HWND dialog, UINT message, WPARAM w, LPARAM l) {
   }
 }
 
+void SendTooltip(HWND tooltips, UINT message, HWND dialog, const Tooltip& tip) {
+  std::string text = tip.text;
+  TOOLINFOA tool{};
+  tool.cbSize = sizeof tool;
+  tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
+  tool.hwnd = dialog;
+  tool.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(dialog, tip.control));
+  tool.lpszText = text.data();
+  SendMessageA(tooltips, message, 0, reinterpret_cast<LPARAM>(&tool));
+}
+
 }  // namespace
 
 HWND DialogOwner() {
@@ -158,24 +169,22 @@ void SetUpDialog(HWND dialog, LPARAM state, std::span<const Tooltip> tooltips) {
   AddTooltips(dialog, tooltips);
 }
 
-void AddTooltips(HWND dialog, std::span<const Tooltip> tooltips) {
+HWND AddTooltips(HWND dialog, std::span<const Tooltip> tooltips) {
   if (tooltips.empty()) {
-    return;
+    return nullptr;
   }
   const HWND window =
       CreateWindowExA(WS_EX_TOPMOST, TOOLTIPS_CLASSA, nullptr,
                       WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
                       CW_USEDEFAULT, CW_USEDEFAULT, dialog, nullptr, nullptr, nullptr);
   for (const Tooltip& tip : tooltips) {
-    std::string text = tip.text;
-    TOOLINFOA tool{};
-    tool.cbSize = sizeof tool;
-    tool.uFlags = TTF_IDISHWND | TTF_SUBCLASS;
-    tool.hwnd = dialog;
-    tool.uId = reinterpret_cast<UINT_PTR>(GetDlgItem(dialog, tip.control));
-    tool.lpszText = text.data();
-    SendMessageA(window, TTM_ADDTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
+    SendTooltip(window, TTM_ADDTOOLA, dialog, tip);
   }
+  return window;
+}
+
+void ChangeTooltip(HWND tooltips, HWND dialog, const Tooltip& tip) {
+  SendTooltip(tooltips, TTM_UPDATETIPTEXTA, dialog, tip);
 }
 
 INT_PTR HandleDialogMessage(const DialogActions& actions, HWND dialog, UINT message, WPARAM w,
@@ -194,12 +203,15 @@ INT_PTR HandleDialogMessage(const DialogActions& actions, HWND dialog, UINT mess
   }
 }
 
-std::string ControlText(HWND dialog, int control) {
-  const HWND window = GetDlgItem(dialog, control);
+std::string WindowText(HWND window) {
   std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window)) + 1, '\0');
   text.resize(
       static_cast<std::size_t>(GetWindowTextA(window, text.data(), static_cast<int>(text.size()))));
   return text;
+}
+
+std::string ControlText(HWND dialog, int control) {
+  return WindowText(GetDlgItem(dialog, control));
 }
 
 void LimitText(HWND dialog, int control, std::size_t characters) {

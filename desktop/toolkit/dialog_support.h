@@ -55,7 +55,9 @@ struct Tooltip {
 // The common set-up, at the end of WM_INITDIALOG: keeps the state, centres the dialog over its
 // parent, lets F1 press the Help button, shows the tooltips.
 void SetUpDialog(HWND dialog, LPARAM state, std::span<const Tooltip> tooltips = {});
-void AddTooltips(HWND dialog, std::span<const Tooltip> tooltips);
+// The window of the tooltips; null without any.
+HWND AddTooltips(HWND dialog, std::span<const Tooltip> tooltips);
+void ChangeTooltip(HWND tooltips, HWND dialog, const Tooltip& tip);
 
 // What every dialog does. Closing the window is Cancel.
 struct DialogActions {
@@ -72,6 +74,7 @@ State& StateOf(HWND dialog) {
   return *reinterpret_cast<State*>(GetWindowLongPtrA(dialog, DWLP_USER));
 }
 
+std::string WindowText(HWND window);
 std::string ControlText(HWND dialog, int control);
 void LimitText(HWND dialog, int control, std::size_t characters);
 // Adds texts to a list, and chooses one; nothing for a position outside the list.

@@ -1,5 +1,7 @@
 // What the user is told of an exchange that hears nothing, and how pauses are ended.
 
+#include <algorithm>
+
 #include "core/link/tick_clock.h"
 #include "ctl/line_decorators.h"
 #include "resources/control_ids.h"
@@ -50,13 +52,59 @@ TEST_F(SilentLine, NamesTheCableThatGivesNothingBack) {
   EXPECT_EQ(told.at(0), "Still waiting for the cable to give back what was sent. Ctrl-C gives up.");
 }
 
+class Transfer : public SilentLine {
+ protected:
+  static std::string Note() { return GetDlgItem(OpenDialog(), ID_TRANSFER)->text; }
+};
+
+TEST_F(Transfer, InvitesToStartThenSaysBytesAndTimeLeft) {
+  SendingRadio radio;
+  radio.StartAfter(12'000 * kMillisecond);
+  At(100, [] { EXPECT_EQ(Note(), "Nothing has come yet: start sending on the radio."); });
+  At(11'000, [] { EXPECT_EQ(Note(), "Nothing has come yet: start sending on the radio."); });
+  At(12'800, [] { EXPECT_NE(Note().find(" of 8122 bytes"), std::string::npos) << Note(); });
+  At(17'000, [] {
+    EXPECT_NE(Note().find(" of 8122 bytes, about 5 seconds left"), std::string::npos) << Note();
+  });
+  EXPECT_TRUE(Read(Program::kDesktop));
+}
+
+TEST_F(Transfer, NeverSaysMoreSecondsThanBefore) {
+  SendingRadio radio;
+  radio.StartAfter(0);
+  std::vector<int> seconds;
+  for (Time at = 1'200; at < 9'000; at += 50) {
+    At(at, [&] {
+      const std::string note = Note();
+      const std::size_t about = note.find("about ");
+      ASSERT_NE(about, std::string::npos) << note;
+      seconds.push_back(std::stoi(note.substr(about + 6)));
+    });
+  }
+  EXPECT_TRUE(Read(Program::kDesktop));
+  EXPECT_TRUE(std::is_sorted(seconds.rbegin(), seconds.rend()));
+  EXPECT_GE(seconds.front(), 8);
+  EXPECT_EQ(seconds.back(), 1);
+}
+
+TEST_F(Transfer, ThatStandsStillSaysWhatHelps) {
+  At(9'900, [] { EXPECT_EQ(Note(), "10 of 8122 bytes"); });
+  At(10'500, [] { EXPECT_EQ(Note(), "Press Cancel and start again, on the radio too."); });
+  GiveUpAfter(Program::kDesktop, 11'000 * kMillisecond);
+  EXPECT_FALSE(Write(Program::kDesktop));
+}
+
 // Before the user has pressed OK.
 TEST_F(SilentLine, OfAWriteThatHasNotBegunWaitsForNothing) {
   CloneImage image{};
   CloneWrite write;
   BeginCloneWrite(write, *port_, image);
   Preferences preferences;
-  At(20'000, [] { EXPECT_EQ(Awaited(), ""); });
+  At(20'000, [] {
+    EXPECT_EQ(Awaited(), "");
+    EXPECT_EQ(GetDlgItem(OpenDialog(), ID_TRANSFER)->text,
+              "Start receiving on the radio, then press OK.");
+  });
   GiveUpAfter(Program::kDesktop, 20'001 * kMillisecond);
   EXPECT_FALSE(ShowWriteDialog(write, *port_, preferences));
 }

@@ -79,6 +79,40 @@ TEST_F(AutodialDialogTest, AFieldTakes16Characters) {
   EXPECT_EQ(Memory(0), (Bytes{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 0, 1, 2, 3, 4, 5}));
 }
 
+TEST_F(AutodialDialogTest, APasteThatDoesNotGoInWholeBeepsAndChangesNothing) {
+  Run(CM_AUTODIAL, [](HWND dialog) {
+    const HWND first = GetDlgItem(dialog, ID_AUTODIAL_FIRST);
+    Press(dialog, ID_USE_DEFAULTS);
+    PutPlainText("0049 30 123 456 78");
+    for (const auto& [message, key] : {std::pair{WM_PASTE, 0}, std::pair{WM_CHAR, 0x16}}) {
+      SendMessageA(first, static_cast<UINT>(message), static_cast<WPARAM>(key), 0);
+      EXPECT_EQ(TextOf(dialog, ID_AUTODIAL_FIRST), "9*");
+    }
+    EXPECT_EQ(Beeps(), 2);
+    EXPECT_FALSE(ButtonsEnabled(dialog));
+    Press(dialog, IDCANCEL);
+  });
+}
+
+TEST_F(AutodialDialogTest, APasteThatGoesInWholeTakesTheSelectionsPlace) {
+  Run(CM_AUTODIAL, [](HWND dialog) {
+    const HWND first = GetDlgItem(dialog, ID_AUTODIAL_FIRST);
+    PutPlainText("0123456789ABCDEF\r\nnext line");
+    SendMessageA(first, EM_SETSEL, 0, -1);
+    SendMessageA(first, WM_PASTE, 0, 0);
+    EXPECT_EQ(TextOf(dialog, ID_AUTODIAL_FIRST), "0123456789ABCDEF");
+    SendMessageA(first, EM_SETSEL, 14, 16);
+    PutPlainText("*#");
+    SendMessageA(first, WM_PASTE, 0, 0);
+    EXPECT_EQ(TextOf(dialog, ID_AUTODIAL_FIRST), "0123456789ABCD*#");
+    SendMessageA(first, WM_PASTE, 0, 0);
+    EXPECT_EQ(TextOf(dialog, ID_AUTODIAL_FIRST), "0123456789ABCD*#");
+    EXPECT_EQ(Beeps(), 1);
+    Press(dialog, IDOK);
+  });
+  EXPECT_EQ(Memory(0), (Bytes{0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15}));
+}
+
 TEST_F(AutodialDialogTest, AnInvalidDigitIsRefusedWithTheFocusOnItsField) {
   const CloneImage before = Image();
   Run(CM_AUTODIAL, [](HWND dialog) {

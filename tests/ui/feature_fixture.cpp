@@ -34,14 +34,14 @@ std::string TooltipOf(HWND dialog, int control) {
     GetClassNameA(window, name, sizeof name);
     if (std::string(name) == TOOLTIPS_CLASSA &&
         GetWindow(window, GW_OWNER) == GetAncestor(wanted.dialog, GA_ROOT)) {
-      char text[100] = "";
+      char text[1024] = "";
       TOOLINFOA tool{};
       tool.cbSize = sizeof tool;
       tool.hwnd = wanted.dialog;
       tool.uId = reinterpret_cast<UINT_PTR>(wanted.tool);
       tool.lpszText = text;
       SendMessageA(window, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
-      wanted.text = text;
+      wanted.text += text;
     }
     return TRUE;
   };

@@ -131,6 +131,12 @@ class FeatureWindow : public FeatureDialogTest, public testing::WithParamInterfa
 
   static void Open(const std::function<void(HWND)>& script) { Run(GetParam().command, script); }
 
+  static bool SaysThatTheseAreDefaults(HWND dialog) {
+    EXPECT_EQ(TextOf(dialog, ID_DEFAULTS_NOTE),
+              "These are your defaults, not the document's values.");
+    return IsWindowVisible(GetDlgItem(dialog, ID_DEFAULTS_NOTE)) != FALSE;
+  }
+
   // The image with the window's own bytes from the record.
   static CloneImage ImageWithDefaults() {
     CloneImage image = Image();
@@ -161,6 +167,7 @@ TEST_P(FeatureWindow, OpensWithTheImageAndOkAtOnceChangesNothing) {
   const CloneImage before = Image();
   Open([](HWND dialog) {
     EXPECT_TRUE(ButtonsEnabled(dialog));
+    EXPECT_FALSE(SaysThatTheseAreDefaults(dialog));
     Press(dialog, IDOK);
   });
   EXPECT_EQ(Image(), before);
@@ -196,6 +203,8 @@ TEST_P(FeatureWindow, OpensWithTheDefaultsWhereThePreferenceSaysSoAndOkStoresThe
   Flags().*GetParam().starts_from_defaults = true;
   Open([](HWND dialog) {
     EXPECT_FALSE(ButtonsEnabled(dialog));
+    EXPECT_TRUE(SaysThatTheseAreDefaults(dialog));
+    SavePicture(dialog, std::string("defaults_of_") + GetParam().name);
     Press(dialog, IDOK);
   });
   EXPECT_EQ(Image(), wanted);
@@ -208,9 +217,26 @@ TEST_P(FeatureWindow, OpensWithTheDefaultsByItsOwnPreferenceOnly) {
   Flags().*GetParam().starts_from_defaults = false;
   Open([](HWND dialog) {
     EXPECT_TRUE(ButtonsEnabled(dialog));
+    EXPECT_FALSE(SaysThatTheseAreDefaults(dialog));
     Press(dialog, IDOK);
   });
   EXPECT_FALSE(app.document.changed);
+}
+
+// One that has been changed would still put the other defaults into the document.
+TEST_P(FeatureWindow, SaysThatItOpenedWithTheDefaultsUntilItIsClosed) {
+  Flags().*GetParam().starts_from_defaults = true;
+  Open([](HWND dialog) {
+    GetParam().change(dialog);
+    EXPECT_TRUE(SaysThatTheseAreDefaults(dialog));
+    Press(dialog, IDCANCEL);
+  });
+  Flags().*GetParam().starts_from_defaults = false;
+  Open([](HWND dialog) {
+    Press(dialog, ID_USE_DEFAULTS);
+    EXPECT_FALSE(SaysThatTheseAreDefaults(dialog));
+    Press(dialog, IDCANCEL);
+  });
 }
 
 TEST_P(FeatureWindow, ShowsTheDefaultsOnTheirButtonAndDisablesBoth) {

@@ -22,16 +22,6 @@ std::string PlainText() {
   return text;
 }
 
-void PutPlainText(const std::string& text) {
-  ASSERT_TRUE(OpenClipboard(nullptr));
-  EmptyClipboard();
-  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
-  std::copy_n(text.c_str(), text.size() + 1, static_cast<char*>(GlobalLock(memory)));
-  GlobalUnlock(memory);
-  SetClipboardData(CF_TEXT, memory);
-  CloseClipboard();
-}
-
 class MemoryListClipboard : public MemoryListTest {
  protected:
   MemoryListClipboard() {

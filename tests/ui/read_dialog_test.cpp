@@ -1,14 +1,13 @@
 #include <algorithm>
 #include <atomic>
-#include <numeric>
 #include <thread>
 
 #include "core/link/clone_read.h"
 #include "desktop/link/clone_dialogs.h"
 #include "desktop/link/exchange_window.h"
 #include "resources/control_ids.h"
+#include "tests/ui/radio_lines.h"
 #include "tests/ui/window_fixture.h"
-#include "tests/unit/document_bytes.h"
 
 namespace qz7 {
 
@@ -33,60 +32,13 @@ class ReadDialogTest : public WindowTest {
   }
 };
 
-// The memory of the radio at the other end.
-Bytes RadioMemory() {
-  Bytes bytes(8122);
-  for (std::size_t i = 0; i < bytes.size(); ++i) {
-    bytes[i] = static_cast<std::uint8_t>(i * 13 + i / 256);
-  }
-  bytes[0] = 0x0A;
-  return bytes;
-}
-
-std::uint8_t SumOf(const Bytes& bytes) {
-  return static_cast<std::uint8_t>(std::accumulate(bytes.begin(), bytes.end(), 0U));
-}
-
-// A radio that sends: its header when it is told to start, then a piece after each acknowledgement.
-class SendingRadio : public MemoryLine {
- public:
-  void Start() { Give(0, 10); }
-  void SendByte(std::uint8_t byte) override {
-    MemoryLine::SendByte(byte);
-    if (byte != kAck) {
-      return;
-    }
-    ++acknowledged;
-    if (acknowledged == 1) {
-      line_errors = damage;
-      Give(10, 26);
-    } else if (acknowledged == 2) {
-      Give(26, stop_at);
-      if (stop_at == memory.size()) {
-        incoming.push_back(static_cast<std::uint8_t>(SumOf(memory) + checksum_error));
-      }
-    }
-  }
-
-  Bytes memory = RadioMemory();
-  std::size_t stop_at = 8122;
-  int checksum_error = 0;
-  unsigned damage = 0;  // on the line behind the header
-  int acknowledged = 0;
-
- private:
-  void Give(std::size_t from, std::size_t to) {
-    incoming.insert(incoming.end(), memory.begin() + static_cast<std::ptrdiff_t>(from),
-                    memory.begin() + static_cast<std::ptrdiff_t>(to));
-  }
-};
-
 TEST_F(ReadDialogTest, ReceivesTheRadiosMemory) {
   auto& radio = UsePort<SendingRadio>();
   Bytes block(8122);
   const DialogScript script([&](HWND dialog) {
     EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDCANCEL));
     EXPECT_FALSE(IsWindowEnabled(app.main_window));
+    EXPECT_EQ(TextOf(dialog, ID_TRANSFER), "Nothing has come yet: start sending on the radio.");
     SavePicture(dialog, "read");
     radio.Start();
   });
@@ -182,6 +134,7 @@ TEST_F(ReadDialogTest, APortThatIsGoneIsToldOnceWithoutAnOwnerAndOnlyCancelIsLef
     HandleMessagesUntil([] { return test_seams.messages.size() > 1; }, 200);
     EXPECT_EQ(ShownTexts(), std::vector<std::string>{"ERROR"});
     EXPECT_EQ(boxes_without_owner, 1);
+    EXPECT_EQ(TextOf(dialog, ID_TRANSFER), "Press Cancel and start again, on the radio too.");
     Press(dialog, IDCANCEL);
   });
   EXPECT_FALSE(Read(radio, block));
@@ -203,14 +156,15 @@ TEST_F(ReadDialogTest, OneFailedReadIsToldAndTheReadGoesOn) {
 class SlowRadio : public SendingRadio {
  public:
   std::optional<std::size_t> Read(std::span<std::uint8_t> buffer) override {
-    constexpr std::size_t kPiece = 150;
     const ULONGLONG now = GetTickCount64();
-    left_ = now == read_at_ ? left_ : kPiece;
+    left_ = now == read_at_ ? left_ : piece;
     read_at_ = now;
     const auto count = SendingRadio::Read(buffer.first(std::min(buffer.size(), left_)));
     left_ -= count.value_or(0);
     return count;
   }
+
+  std::size_t piece = 150;
 
  private:
   ULONGLONG read_at_ = 0;
@@ -248,6 +202,22 @@ class Asker {
   std::atomic<int> answers_ = 0;
   std::thread asker_;
 };
+
+TEST_F(ReadDialogTest, SaysHowManyBytesHaveComeAndForHowLongItWillGoOn) {
+  auto& radio = UsePort<SlowRadio>();
+  Bytes block(8122);
+  radio.piece = 16;
+  const DialogScript script([&](HWND dialog) {
+    radio.Start();
+    EXPECT_TRUE(HandleMessagesUntil([&] {
+      const std::string text = TextOf(dialog, ID_TRANSFER);
+      return text.find(" of 8122 bytes, about ") != text.npos && text.ends_with(" left");
+    }));
+    SavePicture(dialog, "read_half");
+    radio.piece = 4'000;
+  });
+  EXPECT_TRUE(Read(radio, block));
+}
 
 // How soon is told by the model of the port, whose clock does not depend on a busy machine.
 TEST_F(ReadDialogTest, AnswersOthersAllTheWhile) {

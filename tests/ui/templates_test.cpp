@@ -7,6 +7,7 @@
 
 #include "desktop/locations.h"
 #include "desktop/toolkit/dialog_support.h"
+#include "resources/control_ids.h"
 
 // Every dialog template of the library and of the program, as the user meets it: texts that fit at
 // each of the usual resolutions, access keys of their own, an order that runs with the eye.
@@ -243,6 +244,108 @@ TEST(Templates, AccessKeysAreUnique) {
       if (key != 0) {
         const auto [place, fresh] = keys.try_emplace(key, CaptionOf(control));
         EXPECT_TRUE(fresh) << dialog.name << ": " << place->second << ", " << CaptionOf(control);
+      }
+    }
+  }
+}
+
+bool TakesFocus(HWND control) {
+  const std::string kind = ClassOf(control);
+  const bool shows_only = kind == "ListBox" && (StyleOf(control) & LBS_NOSEL) != 0;
+  return !shows_only && !IsGroupBox(control) && kind != "Static";
+}
+
+bool IsRadio(HWND control) { return ButtonKind(control) == BS_AUTORADIOBUTTON; }
+
+// The controls between two beginnings of a group, which the arrow keys go round in.
+std::vector<HWND> GroupOf(HWND control) {
+  HWND first = control;
+  while ((StyleOf(first) & WS_GROUP) == 0 && GetWindow(first, GW_HWNDPREV) != nullptr) {
+    first = GetWindow(first, GW_HWNDPREV);
+  }
+  std::vector<HWND> group{first};
+  for (HWND next = GetWindow(first, GW_HWNDNEXT);
+       next != nullptr && (StyleOf(next) & WS_GROUP) == 0; next = GetWindow(next, GW_HWNDNEXT)) {
+    group.push_back(next);
+  }
+  return group;
+}
+
+// Its own or that of the text before it.
+bool HasAccessKey(HWND control) {
+  const HWND label = GetWindow(control, GW_HWNDPREV);
+  return AccessKeyOf(control) != 0 ||
+         (label != nullptr && IsText(label) && AccessKeyOf(label) != 0);
+}
+
+bool IsReached(HWND control) {
+  const auto stops = [](HWND one) { return (StyleOf(one) & WS_TABSTOP) != 0; };
+  const std::vector<HWND> group = GroupOf(control);
+  return stops(control) || HasAccessKey(control) ||
+         (IsRadio(control) && IsRadio(group.front()) &&
+          std::any_of(group.begin(), group.end(), stops));
+}
+
+TEST(Templates, TheKeyboardReachesEveryControl) {
+  for (const Template& dialog : AllTemplates()) {
+    const OpenTemplate open(dialog, 96);
+    for (const HWND control : ControlsOf(open.window)) {
+      EXPECT_TRUE(!TakesFocus(control) || IsReached(control))
+          << dialog.name << ": " << GetDlgCtrlID(control) << ' ' << CaptionOf(control);
+    }
+  }
+}
+
+// Tab alone leads to a list that has no label of its own to hold a key.
+bool HasTabAlone(const Template& dialog, int id) {
+  const std::pair<const char*, int> lists[] = {{"DLLDLGLISTMEMORY", ID_CHANNEL_LIST},
+                                               {"DLLDLGGROUPLIST", ID_GROUP_MEMBERS},
+                                               {"DLGSELECTLIST", ID_IMPORT_ROWS}};
+  return std::any_of(std::begin(lists), std::end(lists), [&](const auto& list) {
+    return dialog.name == list.first && id == list.second;
+  });
+}
+
+// OK and Cancel have Enter and Esc.
+TEST(Templates, EveryControlToFillInHasAnAccessKey) {
+  for (const Template& dialog : AllTemplates()) {
+    const OpenTemplate open(dialog, 96);
+    for (const HWND control : ControlsOf(open.window)) {
+      const std::vector<HWND> group = GroupOf(control);
+      const bool by_group = IsRadio(control) && HasAccessKey(group.front());
+      const int id = GetDlgCtrlID(control);
+      EXPECT_TRUE(!TakesFocus(control) || HasAccessKey(control) || by_group || id == IDOK ||
+                  id == IDCANCEL || HasTabAlone(dialog, id))
+          << dialog.name << ": " << id << ' ' << CaptionOf(control);
+    }
+  }
+}
+
+// The longest of what these lines say, which the template does not hold.
+TEST(Templates, WhatTheChannelEditorTellsFitsItsLines) {
+  const std::pair<int, const char*> texts[] = {
+      {ID_RECEIVE_READING, "428.8888 MHz, U Ham, not received by this radio"},
+      {ID_RECEIVE_READING, "214748.3647 MHz, outside the bands"},
+      {ID_RECEIVE_READING, "428.8888 MHz, V Ham, not in the band V Ham"},
+      {ID_RECEIVE_READING, "No frequency: OK leaves the channel empty"},
+      {ID_OFFSET_READING, "214.7483 MHz, more than 99.95 MHz"},
+      {ID_OFFSET_READING, "88.8888 MHz, not in 5 kHz steps"},
+      {ID_TRANSMIT_READING, "468.8888 MHz, U Ham, 6.25 kHz steps"},
+      {ID_TRANSMIT_READING, "214748.3647 MHz, outside the bands"},
+      {ID_TONE_USE, "A tone type without a name: which list it uses is not known."}};
+  for (const Template& dialog : AllTemplates()) {
+    for (const int resolution : kResolutions) {
+      const OpenTemplate open(dialog, resolution);
+      for (const auto& [id, text] : texts) {
+        const HWND line = GetDlgItem(open.window, id);
+        if (dialog.name != "DLLDLGEDITMEMORY" && dialog.name != "DLLDLGEDITVFO") {
+          continue;
+        }
+        SetWindowTextA(line, text);
+        const RECT area = AreaOf(line);
+        const SIZE size = TextSize(line, area.right - area.left);
+        EXPECT_LE(size.cx, area.right - area.left) << dialog.name << ' ' << resolution << text;
+        EXPECT_LE(size.cy, area.bottom - area.top) << dialog.name << ' ' << resolution << text;
       }
     }
   }

@@ -34,5 +34,14 @@ TEST_F(Tooltips, OfTheChannelEditorNameThePlacesOfTheOptions) {
   ShowChannelEditorDialog(app.document, 1);
 }
 
+TEST_F(Tooltips, OfTheVornIdentifierSaysThatBlanksEraseTheRest) {
+  const DialogScript script([](HWND dialog) {
+    EXPECT_EQ(TooltipOf(dialog, ID_VORN_IDENTIFIER),
+              "Byte 10208. A shorter text leaves the rest of the old one: blanks erase it.");
+    Press(dialog, IDCANCEL);
+  });
+  RunCommand(CM_VORN);
+}
+
 }  // namespace
 }  // namespace qz7

@@ -125,6 +125,25 @@ void Type(HWND dialog, int field, const std::string& text) {
   }
 }
 
+void PressKey(HWND dialog, int key) {
+  MSG message{};
+  message.hwnd = GetFocus();
+  message.message = WM_KEYDOWN;
+  message.wParam = static_cast<WPARAM>(key);
+  IsDialogMessageA(dialog, &message);
+  HandleMessages();
+}
+
+void PutPlainText(const std::string& text) {
+  ASSERT_TRUE(OpenClipboard(nullptr));
+  EmptyClipboard();
+  const HGLOBAL memory = GlobalAlloc(GMEM_MOVEABLE, text.size() + 1);
+  std::copy_n(text.c_str(), text.size() + 1, static_cast<char*>(GlobalLock(memory)));
+  GlobalUnlock(memory);
+  SetClipboardData(CF_TEXT, memory);
+  CloseClipboard();
+}
+
 bool IsEnabled(HWND dialog, int control) {
   return IsWindowEnabled(GetDlgItem(dialog, control)) != FALSE;
 }

@@ -49,6 +49,10 @@ class DialogScript {
 void Press(HWND dialog, int control);
 void Choose(HWND dialog, int list, int position);
 void Type(HWND dialog, int field, const std::string& text);
+// A key that goes to the control with the focus by way of the dialog, as Tab and Enter do.
+void PressKey(HWND dialog, int key);
+// As another program copies a text.
+void PutPlainText(const std::string& text);
 bool IsEnabled(HWND dialog, int control);
 std::string TextOf(HWND dialog, int control);
 

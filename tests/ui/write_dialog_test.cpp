@@ -1,32 +1,14 @@
 #include <algorithm>
-#include <numeric>
 
 #include "core/link/radio_transfer.h"
 #include "desktop/link/clone_dialogs.h"
 #include "resources/control_ids.h"
+#include "tests/ui/radio_lines.h"
 #include "tests/ui/window_fixture.h"
 #include "tests/unit/document_bytes.h"
 
 namespace qz7 {
 namespace {
-
-std::uint8_t SumOf(const Bytes& bytes) {
-  return static_cast<std::uint8_t>(std::accumulate(bytes.begin(), bytes.end(), 0U));
-}
-
-// A radio that receives: it answers the header and the first block.
-class ReceivingRadio : public MemoryLine {
- public:
-  std::size_t Write(std::span<const std::uint8_t> bytes) override {
-    const std::size_t count = MemoryLine::Write(bytes);
-    if (answers && (sent.size() == 10 || sent.size() == 26 || sent.size() == 8122)) {
-      incoming.push_back(answer);
-    }
-    return count;
-  }
-  bool answers = true;
-  std::uint8_t answer = kAck;
-};
 
 class SendingTest : public WindowTest {
  protected:
@@ -52,6 +34,7 @@ TEST_F(SendingTest, SendsTheDocumentUnderTheTemplatesIdentity) {
   const DialogScript start([](HWND dialog) {
     EXPECT_EQ(TextOf(dialog, 104), "mine.tpl");
     EXPECT_EQ(GetFocus(), GetDlgItem(dialog, IDOK));
+    EXPECT_EQ(TextOf(dialog, ID_TRANSFER), "Start receiving on the radio, then press OK.");
     SavePicture(dialog, "write");
     Press(dialog, IDOK);
     EXPECT_FALSE(IsEnabled(dialog, IDOK));

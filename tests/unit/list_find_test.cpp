@@ -100,6 +100,8 @@ TEST(Finding, LooksIntoNamesCommentsAndBothFrequencies) {
   EXPECT_EQ(FindNextRow(*image, "tower", 50, test_region), 8);
   EXPECT_EQ(FindNextRow(*image, "439", 50, test_region), 19);
   EXPECT_EQ(FindNextRow(*image, "145.50", 2, test_region), 8);
+  EXPECT_EQ(FindNextRow(*image, "145,50", 2, test_region), 8);
+  EXPECT_EQ(FindNextRow(*image, "439,0", 50, test_region), 19);
   EXPECT_EQ(FindNextRow(*image, "Paris", 50, test_region), std::nullopt);
   EXPECT_EQ(FindNextRow(*image, "", 50, test_region), std::nullopt);
 }

@@ -2,6 +2,7 @@
 
 #include <memory>
 
+#include "core/files/radio_data_file.h"
 #include "core/link/radio_commands.h"
 #include "desktop/file_commands.h"
 #include "desktop/menu_channels.h"
@@ -194,6 +195,73 @@ TEST_F(MainCommandsTest, OpeningAFileOfTheSameVersionMovesNothing) {
   test_seams.files.push_back(Chosen(folder.File("same.rdf")));
   OpenRadioFile(*document);
   EXPECT_EQ(document->image[kVHamHome + 2], 0x18);
+}
+
+TEST_F(MainCommandsTest, ADroppedFileIsOpenedAsOneFromTheBox) {
+  test_seams.files = {Chosen(folder.File("mine.rdf"))};
+  ASSERT_TRUE(SaveDocumentAs(*document));
+  NewDocument(*document);
+  document->image[5000] ^= 0xFF;
+  EXPECT_FALSE(OpenRadioFile(*document, folder.File("mine.rdf")));
+  EXPECT_EQ(document->name, "NONAME.RDF");
+  test_seams.answers = {Answer::kNo};
+  EXPECT_TRUE(OpenRadioFile(*document, folder.File("mine.rdf")));
+  EXPECT_EQ(document->name, "mine.rdf");
+  EXPECT_EQ(document->path, folder.File("mine.rdf"));
+  EXPECT_FALSE(document->untitled);
+  EXPECT_TRUE(test_seams.open_boxes.empty());
+}
+
+TEST_F(MainCommandsTest, ADroppedFileOfAnotherVersionIsConvertedToo) {
+  Bytes file = BytesOf(document->image);
+  file[3068] = 2;
+  PutHomeSlotOutsideItsBand(file);
+  FixChecksums(file);
+  PutFile(folder.File("other.rdf"), file);
+  EXPECT_TRUE(OpenRadioFile(*document, folder.File("other.rdf")));
+  EXPECT_EQ(document->image[kVHamHome + 2], 0x14);
+}
+
+TEST_F(MainCommandsTest, ATemplateIsTakenWithYesAlone) {
+  const std::filesystem::path path = folder.File("mine.tpl");
+  ASSERT_TRUE(WriteTemplateFile(document->image, path));
+  Preferences& preferences = document->preferences;
+  test_seams.answers = {Answer::kNo, Answer::kYes};
+  EXPECT_FALSE(TakeTemplate(preferences, path));
+  EXPECT_EQ(preferences.template_path, "");
+  EXPECT_TRUE(TakeTemplate(preferences, path));
+  EXPECT_EQ(preferences.template_path, path);
+  EXPECT_EQ(test_seams.messages.back().buttons, Buttons::kYesNo);
+}
+
+TEST_F(MainCommandsTest, ATemplateOfTheJapaneseVersionIsNotAskedAbout) {
+  document->image[3068] = 1;
+  const std::filesystem::path path = folder.File("mine.tpl");
+  ASSERT_TRUE(WriteTemplateFile(document->image, path));
+  EXPECT_FALSE(TakeTemplate(document->preferences, path));
+  ASSERT_EQ(test_seams.messages.size(), 1U);
+  EXPECT_EQ(test_seams.messages[0].icon, Icon::kStop);
+}
+
+TEST_F(MainCommandsTest, RecentDocumentsAreTheFilesOpenedAndSaved) {
+  const std::filesystem::path mine = folder.File("mine.rdf");
+  const std::filesystem::path other = folder.File("other.rdf");
+  using Paths = std::vector<std::filesystem::path>;
+  EXPECT_FALSE(SaveDocument(*document));
+  EXPECT_FALSE(OpenRadioFile(*document, folder.File("absent.rdf")));
+  EXPECT_EQ(test_seams.recent_documents, Paths{});
+  test_seams.files = {Chosen(mine), Chosen(other)};
+  EXPECT_TRUE(SaveDocument(*document));
+  EXPECT_TRUE(SaveDocument(*document));
+  EXPECT_TRUE(SaveDocumentAs(*document));
+  EXPECT_EQ(test_seams.recent_documents, (Paths{mine, mine, other}));
+  EXPECT_TRUE(OpenNamedDocument(*document, mine));
+  EXPECT_EQ(test_seams.recent_documents.back(), mine);
+  EXPECT_TRUE(OpenRadioFile(*document, other));
+  EXPECT_EQ(test_seams.recent_documents.back(), other);
+  document->path = folder.path() / "absent" / "mine.rdf";
+  EXPECT_FALSE(SaveDocument(*document));
+  EXPECT_EQ(test_seams.recent_documents.size(), 5U);
 }
 
 TEST_F(MainCommandsTest, TheConversionRunsAfterACancelledOpenToo) {

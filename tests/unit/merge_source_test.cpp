@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -251,6 +252,23 @@ TEST_F(Source, NeedsTwelveBytesForASummaryHoweverSmallItsEntriesAre) {
   ASSERT_TRUE(Load(file.bytes));
   EXPECT_TRUE(SourceSummary(source_, 1).has_value());
   EXPECT_FALSE(SourceSummary(source_, 2).has_value());
+}
+
+TEST_F(Source, HasNoSummaryAboveTheSummaryCountAndMissesNone) {
+  SourceFile file = SiblingFile();
+  for (const std::size_t size : {0U, 1U, 11U, 12U, 13U, 16U, 2'000U}) {
+    for (const std::size_t place : {180U, 1'964U, 1'988U, 1'989U, 2'000U, 2'001U}) {
+      file.summary_size = size;
+      file.summary = place;
+      file.PutGeometry(3'000);
+      ASSERT_TRUE(Load(file.bytes));
+      for (int s = SourceSummaryCount(source_) + 1; s <= 3'000; ++s) {
+        ASSERT_FALSE(SourceSummary(source_, s).has_value()) << size << " at " << place << ": " << s;
+      }
+      EXPECT_EQ(SourceSummaryCount(source_) > 0 && SourceSummary(source_, 1).has_value(),
+                place + std::max<std::size_t>(size, 12) <= 2'000);
+    }
+  }
 }
 
 TEST_F(Source, BelievesNoPlaceThatWrapsAround) {

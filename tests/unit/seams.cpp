@@ -48,6 +48,10 @@ std::filesystem::path PathOfText(std::string_view text) {
 
 std::string ShownText(std::string_view bytes) { return std::string(bytes); }
 
+void TellRecentDocument(const std::filesystem::path& path) {
+  test_seams.recent_documents.push_back(path);
+}
+
 std::uint32_t CurrentTimeSeconds() { return test_seams.now; }
 
 namespace {

@@ -39,6 +39,8 @@ struct TestSeams {
   std::deque<ChosenFile> files;
   std::function<std::optional<ChosenFile>()> file;  // chooses where the script is empty
 
+  std::vector<std::filesystem::path> recent_documents;  // as they were told
+
   // The preferences file, and what was written to it.
   std::map<std::string, std::string> profile;
   std::vector<std::pair<std::string, std::string>> profile_writes;

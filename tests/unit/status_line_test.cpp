@@ -115,5 +115,20 @@ TEST(ImportedNote, NamesTheChannels) {
   EXPECT_EQ(ImportedNote({.first = 5, .count = 0}), "No channel imported");
 }
 
+TEST_F(StatusLine, SaysWhatWasReadFromWhereWithHowManyChannels) {
+  for (int n = 1; n <= 240; ++n) {
+    SetProgrammed(document->image, n, n <= 34);
+  }
+  document->preferences.port_index = 4;
+  EXPECT_EQ(TransferredNote("read from", *document),
+            "8122 bytes read from COM4, 34 of 240 channels");
+}
+
+TEST(DroppedNote, TellsOfTheFilesBesideTheFirst) {
+  EXPECT_EQ(DroppedNote("Import cancelled", 1), "Import cancelled");
+  EXPECT_EQ(DroppedNote("Import cancelled", 3), "Import cancelled; the first of 3 files was taken");
+  EXPECT_EQ(DroppedNote("", 2), "the first of 2 files was taken");
+}
+
 }  // namespace
 }  // namespace qz7
