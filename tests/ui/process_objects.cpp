@@ -116,9 +116,9 @@ BOOL CALLBACK CountWithChildren(HWND window, LPARAM count) {
   return TRUE;
 }
 
-// The system keeps the drawing contexts that were once in use at the same time, so that their number
-// tells how deep painting has been nested so far. With this many always kept, it only tells how many
-// were never given back.
+// The system keeps the drawing contexts that were once in use at the same time, so that their
+// number tells how deep painting has been nested so far. With this many always kept, it only tells
+// how many were never given back.
 void KeepManyContexts() {
   std::array<HDC, 100> contexts{};
   for (HDC& context : contexts) {
@@ -159,11 +159,25 @@ std::string Difference(const std::map<std::string, int>& before,
   return text;
 }
 
+// What the system keeps for good from the first use on: pointers, which a frame under the mouse is
+// enough to use, icons, a brush of each colour, a mutex for texts to a debugger.
+void UseWhatTheSystemKeeps() {
+  constexpr int kFirst = 32'512;
+  constexpr int kLast = 32'671;
+  for (int number = kFirst; number <= kLast; ++number) {
+    LoadCursorA(nullptr, MAKEINTRESOURCEA(number));
+    LoadIconA(nullptr, MAKEINTRESOURCEA(number));
+  }
+  for (int colour = 0; colour <= COLOR_MENUBAR; ++colour) {
+    GetSysColorBrush(colour);
+  }
+  OutputDebugStringA("");
+}
+
 }  // namespace
 
 ProcessObjects CountObjects() {
-  // From the first text for a debugger on, whoever writes one, the system keeps a mutex.
-  OutputDebugStringA("");
+  UseWhatTheSystemKeeps();
   constexpr int kQuiet = 30;  // counts in a row that say the same
   ProcessObjects last = CountNow();
   int same = 0;

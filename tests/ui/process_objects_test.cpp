@@ -31,10 +31,12 @@ TEST_F(CountedObjects, AreMoreByWhatIsNotGivenBack) {
   CloseHandle(event);
 }
 
-TEST_F(CountedObjects, AreAsManyWhereverTheKeyboardIsAndHoweverPaintingWasNested) {
+TEST_F(CountedObjects, AreAsManyWhereverKeyboardAndMouseAreAndHoweverPaintingWasNested) {
   SetFocus(GetDlgItem(app.main_dialog, ID_LAMP));
   const ProcessObjects before = CountObjects();
   SetFocus(GetDlgItem(app.main_dialog, ID_FILE_COMMENT));
+  SetCursor(LoadCursor(nullptr, IDC_SIZENWSE));
+  EXPECT_NE(GetSysColorBrush(COLOR_HOTLIGHT), nullptr);
   std::vector<HDC> contexts;
   for (int i = 0; i < 90; ++i) {
     contexts.push_back(GetDC(app.main_dialog));
