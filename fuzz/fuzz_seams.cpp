@@ -29,6 +29,8 @@ const CloneImage& NewImage() {
 }  // namespace qz7
 
 // Freed memory is kept from being used again for so long as it stays in the caches.
+// The sanitizer asks by this name.
+// NOLINTNEXTLINE(bugprone-reserved-identifier,readability-identifier-naming)
 extern "C" const char* __asan_default_options() {
   return "quarantine_size_mb=4:malloc_context_size=12";
 }

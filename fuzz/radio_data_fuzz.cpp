@@ -92,8 +92,6 @@ void UseChannels(CloneImage& image) {
 }
 
 void UseEverything(CloneImage& image) {
-  static CloneImage before;
-  before = image;
   UseChannels(image);
   PrintText text;
   if (BuildPrintText(image, "fuzz", DtmfDisplay::kSymbols, {}, text)) {
@@ -104,7 +102,7 @@ void UseEverything(CloneImage& image) {
   CopyNamesToTable(image);
   RebuildDerivedTables(image);
   CountProgrammedChannels(image);
-  DocumentDifferences(before, image, {});
+  DocumentDifferences(NewImage(), image, {});
 }
 
 }  // namespace
