@@ -64,7 +64,7 @@ std::string ImportedNote(const PlacedChannels& placed) {
 
 std::string TransferredNote(const char* how, const Document& document) {
   return std::to_string(kRadioBlock.size) + " bytes " + how + " " +
-         PortName(document.preferences.port_index) + ", " + ChannelsState(document.image);
+         PortName(document.preferences.port_index);
 }
 
 std::string DroppedNote(const std::string& note, std::size_t files) {

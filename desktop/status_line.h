@@ -16,7 +16,7 @@ std::string StatusText(const Document& document, const CloneImage& shown, const 
 // "16 channels imported to 2-17, not saved"
 std::string ImportedNote(const PlacedChannels& placed);
 
-// "8122 bytes read from COM1, 34 of 240 channels", for "read from".
+// "8122 bytes read from COM1", for "read from"; how many channels that is stands behind it.
 std::string TransferredNote(const char* how, const Document& document);
 
 // What came of dropped files, of which only the first counts, from what came of that.
