@@ -8,15 +8,22 @@ namespace {
 
 constexpr UINT kFinestStepMilliseconds = 1;
 
-// By its full path, so that no other folder is looked into; and only now, because a program that
-// never needs it starts without it.
-HMODULE LoadTimerLibrary() {
-  std::array<char, MAX_PATH> folder{};
-  GetSystemDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
-  return LoadLibraryA((std::string(folder.data()) + "\\winmm.dll").c_str());
+// By its full path, so that no other folder is looked into; a program that never waits starts
+// without it. It stays for as long as the program runs.
+HMODULE TimerLibrary() {
+  static const HMODULE library = [] {
+    std::array<char, MAX_PATH> folder{};
+    GetSystemDirectoryA(folder.data(), static_cast<UINT>(folder.size()));
+    return LoadLibraryA((std::string(folder.data()) + "\\winmm.dll").c_str());
+  }();
+  return library;
 }
 
-void CallTimer(HMODULE library, const char* function) {
+void CallTimer(const char* function) {
+  const HMODULE library = TimerLibrary();
+  if (library == nullptr) {
+    return;
+  }
   using Function = UINT(WINAPI*)(UINT);
   // NOLINTNEXTLINE(bugprone-casting-through-void): what the system returns has no type
   const auto call =
@@ -39,6 +46,9 @@ HANDLE ReceiveWait::Arm(HANDLE port) {
   if (refused_) {
     return nullptr;
   }
+  // Before the wait: Wine waits in a thread of its own, and loads no library safely while that
+  // ends.
+  TimerLibrary();
   ResetEvent(operation_.hEvent);
   purged_ = false;
   // The start of an exchange takes received bytes out of the events. A mask that is right is left
@@ -59,10 +69,8 @@ void ReceiveWait::End(HANDLE port) {
     CancelIoEx(port, &operation_);
     GetOverlappedResult(port, &operation_, &ignored, TRUE);
   }
-  if (timer_library_ != nullptr) {
-    CallTimer(timer_library_, "timeEndPeriod");
-    FreeLibrary(timer_library_);
-    timer_library_ = nullptr;
+  if (refused_) {
+    CallTimer("timeEndPeriod");
   }
   waiting_ = false;
   refused_ = false;
@@ -83,10 +91,7 @@ bool ReceiveWait::IsPending(HANDLE port) {
 
 void ReceiveWait::Refuse() {
   refused_ = true;
-  timer_library_ = LoadTimerLibrary();
-  if (timer_library_ != nullptr) {
-    CallTimer(timer_library_, "timeBeginPeriod");
-  }
+  CallTimer("timeBeginPeriod");
 }
 
 }  // namespace qz7

@@ -30,7 +30,6 @@ class ReceiveWait {
   bool waiting_ = false;
   bool purged_ = false;
   bool refused_ = false;
-  HMODULE timer_library_ = nullptr;
 };
 
 }  // namespace qz7

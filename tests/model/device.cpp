@@ -44,9 +44,7 @@ void Radio::Later(Time delay, std::function<void()> action) {
   });
 }
 
-std::size_t OpenObjects() {
-  return TheWorld().objects.size() + static_cast<std::size_t>(TheWorld().libraries);
-}
+std::size_t OpenObjects() { return TheWorld().objects.size(); }
 
 void Device::RadioSends(std::uint8_t byte) {
   TheWorld().After(kWireByte, [this, byte] {

@@ -85,7 +85,7 @@ Device& TheDevice();
 // A new device; the world has to be new too.
 void StartDevice();
 
-// Handles that are open, and libraries that are loaded.
+// Handles that are open.
 std::size_t OpenObjects();
 
 }  // namespace qz7::model

@@ -78,7 +78,6 @@ using FARPROC = INT_PTR (*)();
 UINT GetSystemDirectoryA(char* buffer, UINT size);
 HMODULE LoadLibraryA(LPCSTR path);
 FARPROC GetProcAddress(HMODULE library, LPCSTR name);
-BOOL FreeLibrary(HMODULE library);
 
 // Serial ports.
 

@@ -137,17 +137,12 @@ HMODULE LoadLibraryA(LPCSTR path) {
     Fail(ERROR_FILE_NOT_FOUND);
     return nullptr;
   }
-  ++TheWorld().libraries;
-  return &TheWorld().libraries;
+  static int library;
+  return &library;
 }
 
 FARPROC GetProcAddress(HMODULE /*library*/, LPCSTR name) {
   UINT(*const function)
   (UINT) = std::strcmp(name, "timeBeginPeriod") == 0 ? BeginPeriod : EndPeriod;
   return reinterpret_cast<FARPROC>(reinterpret_cast<void*>(function));
-}
-
-BOOL FreeLibrary(HMODULE /*library*/) {
-  --TheWorld().libraries;
-  return TRUE;
 }

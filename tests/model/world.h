@@ -32,7 +32,6 @@ class World {
   Time timer_step = kCoarseStep;
   DWORD last_error = 0;
   std::set<Object*> objects;  // what handles stand for
-  int libraries = 0;          // loaded
 
   void At(Time moment, std::function<void()> action) {
     actions_.emplace(moment, std::move(action));
