@@ -82,6 +82,7 @@ bool Measure(std::string command, Start& start) {
 
 std::vector<double> Sorted(const std::vector<Start>& starts, double Start::*value) {
   std::vector<double> values;
+  values.reserve(starts.size());
   for (const Start& start : starts) {
     values.push_back(start.*value);
   }

@@ -145,7 +145,7 @@ std::string Import(const std::optional<ChosenFile>& chosen) {
   if (!ShowImportDialog(app.import_session, chosen)) {
     return kImportCancelled;
   }
-  const std::string note = ImportFile(working_copy);
+  std::string note = ImportFile(working_copy);
   TakeWorkingCopy(app.document);
   return note;
 }

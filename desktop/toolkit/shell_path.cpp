@@ -29,7 +29,7 @@ std::wstring ShortName(const std::filesystem::path& folder) {
 }  // namespace
 
 std::filesystem::path ShellPath(const std::filesystem::path& path) {
-  const std::filesystem::path plain = WithoutMark(path.native());
+  std::filesystem::path plain = WithoutMark(path.native());
   if (plain.native().size() < MAX_PATH) {
     return plain;
   }
