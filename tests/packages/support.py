@@ -115,7 +115,7 @@ class PackageTest(DesktopTest):
     def assert_shows(self, comment):
         """The program's one main window, once it shows the document of that comment."""
         handle = self.driver("wait", MAIN_CLASS, "", LIMIT * 1000)[0]
-        self.main = Window(self.driver, handle, "")
+        self.main = Window(self.desktop, handle, "")
         wait_for(lambda: self.main.text(FILE_COMMENT) == comment, "the document " + comment)
 
     def leave_and_wait(self):
