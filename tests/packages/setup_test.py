@@ -9,7 +9,7 @@ import re
 import subprocess
 
 import support
-from support import OTHER_LETTERS, TOP, PackageTest, desktop, files_below, wait_for
+from support import OTHER_LETTERS, TOP, PackageTest, Refused, desktop, files_below, wait_for
 
 TITLE = desktop.TITLE
 SETUP = support.package(r"qz7-setup-.+\.exe")
@@ -178,7 +178,7 @@ class PageByPage(SetupTest):
     def is_shown(self, word):
         try:
             return any(word in text for *_, text, _ in self.wizard.controls())
-        except desktop.Refused:  # it has too much to do to answer
+        except Refused:  # it has too much to do to answer
             return False
 
     def test_asks_for_licence_users_parts_and_folder(self):

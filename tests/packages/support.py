@@ -16,6 +16,7 @@ sys.path.insert(0, os.path.join(TOP, "tests", "system"))
 
 import desktop
 from desktop import FILE_COMMENT, LIMIT, MAIN_CLASS, DesktopTest, Window
+from driven_window import Refused
 from qz7 import SystemTest, wait_for
 
 # What every Windows 7 has; the C library is the system's own, not one that comes with a compiler.
