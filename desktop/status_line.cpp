@@ -1,5 +1,6 @@
 #include "desktop/status_line.h"
 
+#include "core/files/file_inspection.h"
 #include "core/files/paths.h"
 #include "core/files/seams.h"
 #include "core/link/port_setup.h"
@@ -15,12 +16,8 @@ const char* SavedState(const Document& document, const CloneImage& shown) {
 }
 
 std::string ChannelsState(const CloneImage& image) {
-  const int count = GetChannelCount(image);
-  int programmed = 0;
-  for (int n = 1; n <= count; ++n) {
-    programmed += IsProgrammed(image, n) ? 1 : 0;
-  }
-  return std::to_string(programmed) + " of " + std::to_string(count) + " channels";
+  return std::to_string(CountProgrammedChannels(image)) + " of " +
+         std::to_string(GetChannelCount(image)) + " channels";
 }
 
 std::string RegionState(const RegionVariant& region) {

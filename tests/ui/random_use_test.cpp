@@ -315,10 +315,6 @@ void Tell(int steps, ULONGLONG milliseconds, const ProcessObjects& objects) {
 TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
   // The system keeps the pictures of its visual styles from the first use on.
   SetThemeAppProperties(0);
-  // It makes the brush of each of its colours at its first use.
-  for (int colour = 0; colour <= COLOR_MENUBAR; ++colour) {
-    GetSysColorBrush(colour);
-  }
   random_source.seed(kSeed);
   UsePort<MemoryLine>().echo = true;
   ProcessObjects before;
