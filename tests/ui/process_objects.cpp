@@ -1,5 +1,6 @@
 #include <windows.h>
 // Behind <windows.h>.
+#include <uxtheme.h>
 #include <winternl.h>
 
 #include <array>
@@ -159,8 +160,31 @@ std::string Difference(const std::map<std::string, int>& before,
   return text;
 }
 
+// Every part of the visual style in each of its states, where there is one: its pictures are made
+// at their first use.
+void DrawVisualStyle() {
+  constexpr int kParts = 40;  // no kind has more, and none of a part's states
+  constexpr int kStates = 12;
+  const HDC context = CreateCompatibleDC(nullptr);
+  const RECT place{0, 0, 20, 20};
+  for (const wchar_t* kind :
+       {L"BUTTON", L"COMBOBOX", L"EDIT", L"HEADER", L"LISTBOX", L"LISTVIEW", L"MENU", L"PROGRESS",
+        L"SCROLLBAR", L"SPIN", L"STATUS", L"TAB", L"TOOLBAR", L"TOOLTIP", L"TRACKBAR", L"WINDOW"}) {
+    const HTHEME theme = OpenThemeData(nullptr, kind);
+    for (int part = 0; theme != nullptr && part <= kParts; ++part) {
+      for (int state = 0; state <= kStates; ++state) {
+        DrawThemeBackground(theme, context, part, state, &place, nullptr);
+      }
+    }
+    if (theme != nullptr) {
+      CloseThemeData(theme);
+    }
+  }
+  DeleteDC(context);
+}
+
 // What the system keeps for good from the first use on: pointers, which a frame under the mouse is
-// enough to use, icons, a brush of each colour, a mutex for texts to a debugger.
+// enough to use, icons, a brush of each colour, the visual style, a mutex for texts to a debugger.
 void UseWhatTheSystemKeeps() {
   constexpr int kFirst = 32'512;
   constexpr int kLast = 32'671;
@@ -171,6 +195,7 @@ void UseWhatTheSystemKeeps() {
   for (int colour = 0; colour <= COLOR_MENUBAR; ++colour) {
     GetSysColorBrush(colour);
   }
+  DrawVisualStyle();
   OutputDebugStringA("");
 }
 

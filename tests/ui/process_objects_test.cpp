@@ -1,3 +1,8 @@
+#include <windows.h>
+// Behind <windows.h>.
+#include <uxtheme.h>
+#include <vssym32.h>
+
 #include "resources/control_ids.h"
 #include "tests/ui/window_fixture.h"
 
@@ -31,12 +36,25 @@ TEST_F(CountedObjects, AreMoreByWhatIsNotGivenBack) {
   CloseHandle(event);
 }
 
+// As the visual style has it.
+void DrawScrollBar() {
+  const HTHEME theme = OpenThemeData(app.main_dialog, L"SCROLLBAR");
+  const HDC context = GetDC(app.main_dialog);
+  const RECT place{0, 0, 17, 200};
+  for (const int part : {SBP_ARROWBTN, SBP_THUMBBTNVERT, SBP_LOWERTRACKVERT, SBP_GRIPPERVERT}) {
+    DrawThemeBackground(theme, context, part, 1, &place, nullptr);
+  }
+  ReleaseDC(app.main_dialog, context);
+  CloseThemeData(theme);
+}
+
 TEST_F(CountedObjects, AreAsManyWhereverKeyboardAndMouseAreAndHoweverPaintingWasNested) {
   SetFocus(GetDlgItem(app.main_dialog, ID_LAMP));
   const ProcessObjects before = CountObjects();
   SetFocus(GetDlgItem(app.main_dialog, ID_FILE_COMMENT));
   SetCursor(LoadCursor(nullptr, IDC_SIZENWSE));
   EXPECT_NE(GetSysColorBrush(COLOR_HOTLIGHT), nullptr);
+  DrawScrollBar();
   std::vector<HDC> contexts;
   for (int i = 0; i < 90; ++i) {
     contexts.push_back(GetDC(app.main_dialog));

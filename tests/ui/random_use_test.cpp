@@ -1,6 +1,5 @@
 #include <windows.h>
 // Behind <windows.h>.
-#include <uxtheme.h>
 
 #include <algorithm>
 #include <array>
@@ -313,8 +312,6 @@ void Tell(int steps, ULONGLONG milliseconds, const ProcessObjects& objects) {
 }
 
 TEST_F(RandomUse, OfTenThousandStepsLeavesTheProgramAndItsDocumentWhole) {
-  // The system keeps the pictures of its visual styles from the first use on.
-  SetThemeAppProperties(0);
   random_source.seed(kSeed);
   UsePort<MemoryLine>().echo = true;
   ProcessObjects before;
