@@ -12,6 +12,7 @@
 #include "desktop/app_state.h"
 #include "desktop/command_table.h"
 #include "desktop/commands.h"
+#include "desktop/font_file.h"
 #include "desktop/main_dialog.h"
 #include "desktop/status_line.h"
 #include "desktop/toolkit/dialog_support.h"
@@ -68,6 +69,8 @@ void OnDrop(HWND window, HDROP drop) {
 }
 
 constexpr UINT kShowStatus = WM_APP + 1;
+bool status_is_asked = false;  // the message waits
+constexpr UINT kInstallFont = WM_APP + 2;
 
 void ShowStatus() {
   try {
@@ -103,7 +106,11 @@ LRESULT HandleMainMessage(HWND window, UINT message, WPARAM w, LPARAM l) {
       OnDrop(window, reinterpret_cast<HDROP>(w));
       return 0;
     case kShowStatus:
+      status_is_asked = false;
       ShowStatus();
+      return 0;
+    case kInstallFont:
+      InstallFontFile();
       return 0;
     case WM_CLOSE:
       OnClose(window);
@@ -182,10 +189,17 @@ HWND CreateMainWindow() {
                       WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
                       CW_USEDEFAULT, 0, 0, 0, nullptr, nullptr, dialog_modules.program, nullptr);
   dialog_modules.main_window = app.main_window;
+  status_is_asked = false;
   return app.main_window;
 }
 
-void RefreshStatusLine() { PostMessageA(app.main_window, kShowStatus, 0, 0); }
+void InstallFontSoon() { PostMessageA(app.main_window, kInstallFont, 0, 0); }
+
+void RefreshStatusLine() {
+  if (!status_is_asked) {
+    status_is_asked = PostMessageA(app.main_window, kShowStatus, 0, 0) != 0;
+  }
+}
 
 void BringToFront(HWND main_window) {
   if (IsIconic(main_window)) {

@@ -4,6 +4,7 @@
 #include "core/files/seams.h"
 #include "desktop/app_state.h"
 #include "desktop/command_line.h"
+#include "desktop/font_file.h"
 #include "desktop/locations.h"
 #include "desktop/main_dialog.h"
 #include "desktop/main_window.h"
@@ -11,7 +12,6 @@
 #include "desktop/named_file.h"
 #include "desktop/start_up.h"
 #include "desktop/toolkit/dialog_support.h"
-#include "desktop/toolkit/shell_path.h"
 
 namespace qz7 {
 
@@ -52,23 +52,6 @@ std::optional<NamedFile> FileOfCommandLine(std::wstring_view command_line) {
   return word ? std::optional(FileOfWord(*word)) : std::nullopt;
 }
 
-// Nobody waits for the other windows: one that hangs must not keep the program from starting.
-void TellFontChange() { PostMessageA(HWND_BROADCAST, WM_FONTCHANGE, 0, 0); }
-
-std::filesystem::path FontPath() { return ShellPath(BesideProgram("qz7.fon")); }
-
-void InstallFont() {
-  if (AddFontResourceW(FontPath().c_str()) != 0) {
-    TellFontChange();
-  }
-}
-
-void RemoveFont() {
-  if (RemoveFontResourceW(FontPath().c_str())) {
-    TellFontChange();
-  }
-}
-
 }  // namespace
 
 int RunProgram(HINSTANCE instance, std::wstring_view command_line, int show_state) {
@@ -97,11 +80,11 @@ int RunProgram(HINSTANCE instance, std::wstring_view command_line, int show_stat
   ShowWindow(app.main_dialog, SW_SHOW);
   ShowWindow(app.main_window, show_state);
   StartDocument(app.document, *app.port, FileOfCommandLine(command_line), app.defaults_file);
+  InstallFontSoon();
   RefreshStatusLine();
-  InstallFont();
   RunMessageLoop();
   app.port->Close();
-  RemoveFont();
+  RemoveFontFile();
   UnloadResourceLibrary();
   return 0;
 }

@@ -16,6 +16,23 @@ void EnableButtons(HWND dialog, bool enabled) {
   }
 }
 
+void AddChoices(HWND list, const SettingChoices& choices) {
+  for (int i = 0; i < choices.count; ++i) {
+    SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choices.text(i).c_str()));
+  }
+}
+
+// A button that clears the others itself looks for them among all of the dialog's controls each
+// time that it is checked: it is none of these while it is.
+void CheckOneOf(HWND dialog, int first, int count, std::optional<int> chosen) {
+  for (int i = 0; i < count; ++i) {
+    const HWND button = GetDlgItem(dialog, first + i);
+    SendMessageA(button, BM_SETSTYLE, BS_RADIOBUTTON, FALSE);
+    SendMessageA(button, BM_SETCHECK, i == chosen ? BST_CHECKED : BST_UNCHECKED, 0);
+    SendMessageA(button, BM_SETSTYLE, BS_AUTORADIOBUTTON, FALSE);
+  }
+}
+
 }  // namespace
 
 SettingControls NumberedControls(const std::string& name, int count, SettingControl first) {
@@ -48,9 +65,7 @@ void SetUpField(HWND dialog, const SettingField& field) {
     case SettingKind::kList:
     case SettingKind::kPictureList:
       // Of a list of pictures the texts are not seen; they let a letter choose its entry.
-      for (int i = 0; i < row->choices.count; ++i) {
-        AddToList(dialog, control.number, row->choices.text(i));
-      }
+      AddChoices(GetDlgItem(dialog, control.number), row->choices);
       break;
     default:
       break;
@@ -67,9 +82,7 @@ void ShowInField(HWND dialog, const SettingField& field, const SettingValue& val
       Check(dialog, control.number, value.choice == 1);
       break;
     case SettingKind::kRadioGroup:
-      for (int i = 0; i < ButtonsOf(*row); ++i) {
-        Check(dialog, control.number + i, value.choice == i);
-      }
+      CheckOneOf(dialog, control.number, ButtonsOf(*row), value.choice);
       break;
     default:
       SelectInList(dialog, control.number, value.choice);
