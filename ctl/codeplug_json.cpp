@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <unordered_set>
 #include <utility>
 
 #include "core/image/text_codec.h"
@@ -64,21 +65,20 @@ class TreeReader : public nlohmann::json_sax<Json> {
       return true;
     }
     *place_ = NoMembers();
-    open_.push_back(place_);
+    open_.push_back({.tree = place_, .names = {}});
     return true;
   }
   bool key(string_t& name) override {
     if (skipped_depth_ > 0) {
       return true;
     }
-    ValueTree& parent = *open_.back();
     names_.resize(open_.size() - 1);
     names_.push_back(name);
-    if (FindMember(parent, name) != nullptr) {
+    if (open_.back().names.insert(name).second) {
+      place_ = &AddMember(*open_.back().tree, name, {});
+    } else {
       Tell("it is named twice");
       place_ = nullptr;
-    } else {
-      place_ = &AddMember(parent, name, {});
     }
     return true;
   }
@@ -120,7 +120,8 @@ class TreeReader : public nlohmann::json_sax<Json> {
     }
     Tell(reason);
     if (!open_.empty()) {
-      open_.back()->members.pop_back();
+      open_.back().tree->members.pop_back();
+      open_.back().names.erase(names_.back());
     }
     return true;
   }
@@ -134,7 +135,11 @@ class TreeReader : public nlohmann::json_sax<Json> {
 
   ReadTree& read_;
   ValueTree* place_ = &read_.tree;  // null for the value of a name that stands there already
-  std::vector<ValueTree*> open_;
+  struct OpenObject {
+    ValueTree* tree;
+    std::unordered_set<std::string> names;  // of its members
+  };
+  std::vector<OpenObject> open_;
   std::vector<std::string> names_;
   int skipped_depth_ = 0;  // arrays and objects that are no codeplug's, and what they hold
 };

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <deque>
 
 #include "core/link/clone_read.h"
@@ -31,9 +30,7 @@ void CheckStandsStill(CloneRead& read, FuzzLine& line) {
   const std::size_t sent = line.sent.size();
   TickCloneRead(read, line);
   NotifyCloneRead(read, line);
-  if (line.Waiting() != incoming || line.sent.size() != sent || !read.question) {
-    std::abort();
-  }
+  Check(line.Waiting() == incoming && line.sent.size() == sent && read.question.has_value());
 }
 
 void PlayEvent(FuzzInput& input, CloneRead& read, Radio& radio, std::deque<Answer>& answers) {
@@ -110,12 +107,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     PlayEvent(input, read, radio, answers);
   }
   for (std::size_t i = 0; i < kGuard; ++i) {
-    if (memory[i] != kGuardByte || memory[memory.size() - 1 - i] != kGuardByte) {
-      std::abort();
-    }
+    Check(memory[i] == kGuardByte && memory[memory.size() - 1 - i] == kGuardByte);
   }
-  if (read.ended && (read.polling || read.question)) {
-    std::abort();
-  }
+  Check(!read.ended || (!read.polling && !read.question));
   return 0;
 }

@@ -2,7 +2,6 @@
 // exchange may end well only after the radio's two acknowledgements and every block.
 
 #include <algorithm>
-#include <cstdlib>
 #include <deque>
 #include <filesystem>
 #include <memory>
@@ -24,9 +23,7 @@ const std::string& TemplateFile() {
     const auto image = std::make_unique<CloneImage>(NewImage());
     std::string name =
         (std::filesystem::temp_directory_path() / "qz7-clone-write-fuzz.tpl").string();
-    if (!WriteTemplateFile(*image, name)) {
-      std::abort();
-    }
+    Check(WriteTemplateFile(*image, name));
     return name;
   }();
   return path;
@@ -99,11 +96,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   while (!input.IsEmpty() && !write.ended) {
     PlayEvent(input, write, line, answers);
   }
-  if (write.blocks_sent < 0 || write.blocks_sent > kCloneBlockCount) {
-    std::abort();
-  }
-  if (write.ended == 0 && (write.blocks_sent != kCloneBlockCount || !SentEverything(write, line))) {
-    std::abort();
-  }
+  Check(write.blocks_sent >= 0 && write.blocks_sent <= kCloneBlockCount);
+  Check(write.ended != 0 || (write.blocks_sent == kCloneBlockCount && SentEverything(write, line)));
   return 0;
 }

@@ -2,7 +2,6 @@
 // over one. What is taken comes back as the same JSON, and makes the same document again.
 
 #include <algorithm>
-#include <cstdlib>
 #include <span>
 #include <string>
 
@@ -15,12 +14,6 @@ namespace {
 
 ReadTree Parse(const std::string& json) {
   return ParseTree({reinterpret_cast<const std::uint8_t*>(json.data()), json.size()});
-}
-
-void Check(bool holds) {
-  if (!holds) {
-    std::abort();
-  }
 }
 
 bool SameFrom(std::size_t place, std::size_t end, const CloneImage& a, const CloneImage& b) {

@@ -1,6 +1,5 @@
 // What a user may type into the frequency and offset fields.
 
-#include <cstdlib>
 #include <memory>
 #include <string_view>
 
@@ -9,6 +8,7 @@
 #include "core/image/channel_record.h"
 #include "core/image/channel_text.h"
 #include "core/image/frequency_check.h"
+#include "fuzz/fuzz_seams.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace qz7;
@@ -21,13 +21,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const Frequency f = ParseFrequency(text);
   const Frequency offset = ParseOffset(text);
   const Frequency zero;
-  if (f < zero || offset < zero || ParseFrequency(FormatFrequency(f)) < zero) {
-    std::abort();
-  }
+  Check(f >= zero && offset >= zero && ParseFrequency(FormatFrequency(f)) >= zero);
   // A frequency that the radio takes reads back from its own text.
-  if (IsValidFrequency(*image, f) && ParseFrequency(FormatFrequency(f)) != f) {
-    std::abort();
-  }
+  Check(!IsValidFrequency(*image, f) || ParseFrequency(FormatFrequency(f)) == f);
   CheckOffset(offset);
   for (const Variant variant : {Variant::kZero, Variant::kOne, Variant::kTwo}) {
     const RegionVariant region{.variant = variant, .sub_variant = 2};

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <cstdlib>
 #include <istream>
 #include <span>
 #include <streambuf>
@@ -10,6 +11,13 @@
 #include "core/image/clone_image.h"
 
 namespace qz7 {
+
+// Ends the run with a finding where something does not hold that always should.
+inline void Check(bool holds) {
+  if (!holds) {
+    std::abort();
+  }
+}
 
 // Takes bytes from the front of a fuzzer's input; 0 once it is used up.
 class FuzzInput {

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
 #include <memory>
 #include <span>
 
@@ -87,9 +86,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (int i = 0; i < 2; ++i) {
     const CloneImage before = *image;
     const auto result = ImportIntoImage(*image, session, bytes, request);
-    if (!(result ? NothingElseChanged(before, *image) : before == *image)) {
-      std::abort();
-    }
+    Check(result ? NothingElseChanged(before, *image) : before == *image);
   }
   UseColumnDialog(session, bytes);
   const ImportLines lines = LinesOf(bytes);

@@ -1,7 +1,6 @@
 // A list of channels with arbitrary bytes, whose columns are told by its header line.
 
 #include <algorithm>
-#include <cstdlib>
 #include <span>
 
 #include "core/interchange/import.h"
@@ -10,12 +9,6 @@
 
 namespace qz7 {
 namespace {
-
-void Check(bool holds) {
-  if (!holds) {
-    std::abort();
-  }
-}
 
 std::span<const std::uint8_t> BytesOf(const std::string& text) {
   return {reinterpret_cast<const std::uint8_t*>(text.data()), text.size()};

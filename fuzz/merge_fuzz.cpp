@@ -3,7 +3,6 @@
 // operating state may change.
 
 #include <algorithm>
-#include <cstdlib>
 #include <span>
 
 #include "core/image/clone_image.h"
@@ -57,9 +56,7 @@ void MergeOnce(const MergeSource& source, const CloneImage& working_copy, int fl
       AcceptMerge(image, working_copy, source, options, (flags & 64) != 0 ? start : options.start);
   const bool kept =
       answer == MergeAnswer::kMerged ? NothingElseChanged(before, image) : before == image;
-  if (!kept || counts.selected > counts.available) {
-    std::abort();
-  }
+  Check(kept && counts.selected <= counts.available);
 }
 
 void UseChannels(const MergeSource& source, int first, int end) {

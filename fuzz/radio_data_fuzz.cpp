@@ -3,7 +3,6 @@
 // reaches what lies behind them.
 
 #include <algorithm>
-#include <cstdlib>
 #include <span>
 #include <string>
 
@@ -123,8 +122,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   PrepareRadioDataFile(image);
   MemoryFile again(image);
   static CloneImage reread;
-  if (!ReadRadioDataFile(reread, again, "fuzz.rdf")) {
-    std::abort();
-  }
+  Check(ReadRadioDataFile(reread, again, "fuzz.rdf"));
   return 0;
 }

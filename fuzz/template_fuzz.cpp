@@ -1,6 +1,5 @@
 // A template file with arbitrary bytes; short inputs are patches on a sound template.
 
-#include <cstdlib>
 #include <span>
 
 #include "core/files/document_header.h"
@@ -40,9 +39,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const bool passes = found.kind == FileKind::kTemplate && found.radio_identifier &&
                       found.total_size && found.complete && found.file_checksum &&
                       found.radio_block_checksum;
-  if (accepted != passes) {
-    std::abort();
-  }
+  Check(accepted == passes);
   if (accepted) {
     CloneImage document = NewImage();
     MergeTemplate(std::span(document).subspan(kRadioBlock.offset, kRadioBlock.size),
