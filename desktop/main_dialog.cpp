@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "core/editors/main_fields.h"
@@ -101,21 +100,6 @@ void OnTimer(HWND dialog) {
   AddStatusTip(dialog);
 }
 
-// The dialog is drawn once, after the changes. What lets it be drawn again also shows it, so that
-// one that is hidden is only changed.
-template <typename Change>
-void ChangeUnseen(HWND dialog, Change&& change) {
-  const bool shown = (GetWindowLongPtrA(dialog, GWL_STYLE) & WS_VISIBLE) != 0;
-  if (shown) {
-    SendMessageA(dialog, WM_SETREDRAW, FALSE, 0);
-  }
-  std::forward<Change>(change)();
-  if (shown) {
-    SendMessageA(dialog, WM_SETREDRAW, TRUE, 0);
-    RedrawWindow(dialog, nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
-  }
-}
-
 // Any notification of a field or the comment, the arriving focus too.
 bool TouchesDefaults(int control) {
   return control == ID_FILE_COMMENT ||
@@ -193,12 +177,10 @@ void ShowStatusText(const std::string& text) {
 }
 
 void LoadMainDialog(const CloneImage& image) {
-  ChangeUnseen(app.main_dialog, [&image] {
-    for (const SettingField& field : Fields()) {
-      ShowInField(app.main_dialog, field, LoadSetting(*field.row, SourceIn(image)));
-    }
-    SetDlgItemTextA(app.main_dialog, ID_FILE_COMMENT, std::string(FileComment(image)).c_str());
-  });
+  for (const SettingField& field : Fields()) {
+    ShowInField(app.main_dialog, field, LoadSetting(*field.row, SourceIn(image)));
+  }
+  SetDlgItemTextA(app.main_dialog, ID_FILE_COMMENT, std::string(FileComment(image)).c_str());
 }
 
 void ReadMainControls(CloneImage& image) {

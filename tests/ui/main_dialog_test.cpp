@@ -148,18 +148,6 @@ TEST_F(MainDialogTest, ARadioButtonClearsTheOthersAlsoAfterItsGroupWasLoaded) {
   EXPECT_FALSE(IsChecked(app.main_dialog, ID_OPTION_A_THIRD));
 }
 
-TEST_F(MainDialogTest, LoadingDrawsADialogThatIsShownAnewAndLeavesAHiddenOneHidden) {
-  UpdateWindow(app.main_dialog);
-  LoadMainDialog(Image());
-  EXPECT_TRUE(IsWindowVisible(app.main_dialog));
-  const HWND list = GetDlgItem(app.main_dialog, ID_LAMP);
-  EXPECT_TRUE(GetUpdateRect(list, nullptr, FALSE));
-  ShowWindow(app.main_dialog, SW_HIDE);
-  LoadMainDialog(Image());
-  EXPECT_FALSE(IsWindowVisible(app.main_dialog));
-  ShowWindow(app.main_dialog, SW_SHOW);
-}
-
 TEST_F(MainDialogTest, AnUnknownValueShowsNothingAndStays) {
   Image()[10'240] = 6;
   Image()[10'203] = 200;
