@@ -164,7 +164,7 @@ class TabKey(Keys):
     def tab_through(self, window):
         """The controls in the order of the Tab key, and where each is."""
         first = window.focused()
-        seen = {first: window.area(first)}
+        seen = {first: window.place(first)}
         while True:
             before = window.focused()
             window.press_keys("Tab")
@@ -173,7 +173,7 @@ class TabKey(Keys):
             if control == first:
                 return seen
             self.assertNotIn(control, seen)
-            seen[control] = window.area(control)
+            seen[control] = window.place(control)
 
     def assert_goes_everywhere(self, window):
         places = self.tab_through(window)
@@ -185,7 +185,7 @@ class TabKey(Keys):
         for (one, before), (other, area) in zip(in_order, in_order[1:] + in_order[:1]):
             if not (area[1] >= before[3] or area[0] >= before[2]):
                 turns += 1
-                self.assertEqual(1, turns, f"from {one} to {other}")
+                self.assertEqual(1, turns, f"from {one} to {other} in {in_order}")
 
     def test_goes_through_the_main_window(self):
         self.start("a.rdf", name="A.RDF")

@@ -40,8 +40,8 @@ class Entering(DesktopTest):
     def test_a_line_tells_what_the_tone_type_uses(self):
         self.open_editor()
         self.editor.press_keys("alt+y", "End")
-        before = self.editor.chosen(TONE_TYPE)
         self.wait_for_text(self.editor, TONE_USE, "DCS uses the DCS list.")
+        before = self.editor.chosen(TONE_TYPE)
         self.editor.press_keys("Up")
         self.editor.wait_to_be(before - 1, lambda: self.editor.chosen(TONE_TYPE))
         self.wait_for_text(self.editor, TONE_USE, "Tone Squelch uses the CTCSS list.")

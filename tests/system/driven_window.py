@@ -95,6 +95,14 @@ class Window:
         """Left, top, right, bottom on the screen, of a control or the window."""
         return list(map(int, self.driver("area", self.handle, control)))
 
+    def place(self, control):
+        """The same of a control, from the window's upper left corner on, wherever that is moved."""
+        while True:
+            window, area, after = self.area(), self.area(control), self.area()
+            if window == after:
+                left, top = window[:2]
+                return [area[0] - left, area[1] - top, area[2] - left, area[3] - top]
+
     def status(self):
         """The line at the main window's lower edge."""
         return self.text(STATUS_LINE)
