@@ -69,7 +69,6 @@ void OnDrop(HWND window, HDROP drop) {
 }
 
 constexpr UINT kShowStatus = WM_APP + 1;
-bool status_is_asked = false;  // the message waits
 constexpr UINT kInstallFont = WM_APP + 2;
 
 void ShowStatus() {
@@ -106,7 +105,6 @@ LRESULT HandleMainMessage(HWND window, UINT message, WPARAM w, LPARAM l) {
       OnDrop(window, reinterpret_cast<HDROP>(w));
       return 0;
     case kShowStatus:
-      status_is_asked = false;
       ShowStatus();
       return 0;
     case kInstallFont:
@@ -189,17 +187,12 @@ HWND CreateMainWindow() {
                       WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_MINIMIZEBOX | WS_CLIPCHILDREN,
                       CW_USEDEFAULT, 0, 0, 0, nullptr, nullptr, dialog_modules.program, nullptr);
   dialog_modules.main_window = app.main_window;
-  status_is_asked = false;
   return app.main_window;
 }
 
 void InstallFontSoon() { PostMessageA(app.main_window, kInstallFont, 0, 0); }
 
-void RefreshStatusLine() {
-  if (!status_is_asked) {
-    status_is_asked = PostMessageA(app.main_window, kShowStatus, 0, 0) != 0;
-  }
-}
+void RefreshStatusLine() { PostMessageA(app.main_window, kShowStatus, 0, 0); }
 
 void BringToFront(HWND main_window) {
   if (IsIconic(main_window)) {

@@ -16,12 +16,6 @@ void EnableButtons(HWND dialog, bool enabled) {
   }
 }
 
-void AddChoices(HWND list, const SettingChoices& choices) {
-  for (int i = 0; i < choices.count; ++i) {
-    SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(choices.text(i).c_str()));
-  }
-}
-
 // A button that clears the others itself looks for them among all of the dialog's controls each
 // time that it is checked: it is none of these while it is.
 void CheckOneOf(HWND dialog, int first, int count, std::optional<int> chosen) {
@@ -65,7 +59,9 @@ void SetUpField(HWND dialog, const SettingField& field) {
     case SettingKind::kList:
     case SettingKind::kPictureList:
       // Of a list of pictures the texts are not seen; they let a letter choose its entry.
-      AddChoices(GetDlgItem(dialog, control.number), row->choices);
+      for (int i = 0; i < row->choices.count; ++i) {
+        AddToList(dialog, control.number, row->choices.text(i));
+      }
       break;
     default:
       break;

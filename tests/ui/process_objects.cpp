@@ -163,8 +163,8 @@ std::string Difference(const std::map<std::string, int>& before,
 // Every part of the visual style in each of its states, where there is one: its pictures are made
 // at their first use.
 void DrawVisualStyle() {
-  constexpr int kParts = 40;  // no kind has more, and none of a part's states
-  constexpr int kStates = 12;
+  constexpr int kParts = 40;   // more than any kind has
+  constexpr int kStates = 12;  // more than any part has
   const HDC context = CreateCompatibleDC(nullptr);
   const RECT place{0, 0, 20, 20};
   for (const wchar_t* kind :

@@ -27,6 +27,12 @@ TEST(CodeplugJson, OfANameThatComesTwiceTheFirstValueStays) {
   EXPECT_EQ(JsonOf(read.tree, true), "{\n  \"a\": \"1\",\n  \"b\": \"3\"\n}\n");
 }
 
+TEST(CodeplugJson, ANameWhoseValueWasNoTextMayComeAgain) {
+  const ReadTree read = Parse(R"({"a":1,"a":"2"})");
+  EXPECT_EQ(read.errors, Errors{"a: a text is wanted"});
+  EXPECT_EQ(JsonOf(read.tree, true), "{\n  \"a\": \"2\"\n}\n");
+}
+
 TEST(CodeplugJson, NothingInsideTheSecondValueIsLookedAt) {
   const ReadTree read = Parse(R"({"a":{},"a":{"b":{"c":{},"c":{},"d":{},"e":[1]}},"f":1})");
   EXPECT_EQ(read.errors, (Errors{"a: it is named twice", "f: a text is wanted"}));
