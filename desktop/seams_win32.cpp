@@ -8,6 +8,7 @@
 
 #include "core/files/seams.h"
 #include "desktop/file_box.h"
+#include "desktop/files/profile_file.h"
 #include "desktop/link/exchange_window.h"
 #include "desktop/link/port_dialog.h"
 #include "desktop/locations.h"
@@ -96,14 +97,7 @@ std::optional<ChosenPrinter> ShowPrintBox() {
 
 std::optional<int> AskForPort(int index) { return ShowPortDialog(index); }
 
-std::string ReadProfile(const std::string& key, const std::string& missing, std::size_t most) {
-  std::wstring value(most + 1, L'\0');
-  const DWORD size = GetPrivateProfileStringW(
-      WideText(kProgramTitle).c_str(), WideText(key).c_str(), WideText(missing).c_str(),
-      value.data(), static_cast<DWORD>(value.size()), ProfilePath().c_str());
-  value.resize(size);
-  return AnsiText(value).substr(0, most);
-}
+Profile ReadProfile() { return ReadProfileFile(ProfilePath(), kProgramTitle); }
 
 void WriteProfile(const std::string& key, const std::string& value) {
   WritePrivateProfileStringW(WideText(kProgramTitle).c_str(), WideText(key).c_str(),

@@ -23,8 +23,8 @@ constexpr std::size_t kLongestPath = 259;
 constexpr std::size_t kLongestPort = 20;
 constexpr std::size_t kLongestFlag = 20;
 
-bool ReadFlag(const char* key, const char* missing) {
-  return ReadProfile(key, missing, kLongestFlag).starts_with('1');
+bool ReadFlag(const Profile& profile, const char* key, const char* missing) {
+  return ProfileText(profile, key, missing, kLongestFlag).starts_with('1');
 }
 
 // The file itself is not kept: only a bad one is reported.
@@ -40,18 +40,19 @@ void ReportBadTemplate(const std::filesystem::path& path) {
 }  // namespace
 
 void LoadPreferences(Preferences& preferences, const std::filesystem::path& program_folder) {
-  preferences.port_index = PortIndexOf(ReadProfile(kPortKey, "0", kLongestPort));
-  preferences.data_folder = ReadProfilePath(kDataFolderKey, kLongestFolder);
+  const Profile profile = ReadProfile();
+  preferences.port_index = PortIndexOf(ProfileText(profile, kPortKey, "0", kLongestPort));
+  preferences.data_folder = ReadProfilePath(profile, kDataFolderKey, kLongestFolder);
   if (preferences.data_folder.empty()) {
     preferences.data_folder = program_folder;
     WriteProfilePath(kDataFolderKey, program_folder, kLongestFolder);
   }
-  preferences.template_path = ReadProfilePath(kTemplateKey, kLongestPath);
+  preferences.template_path = ReadProfilePath(profile, kTemplateKey, kLongestPath);
   ReportBadTemplate(preferences.template_path);
   for (const PreferenceFlag& flag : kPreferenceFlags) {
-    preferences.*flag.flag = ReadFlag(flag.key, "X");
+    preferences.*flag.flag = ReadFlag(profile, flag.key, "X");
   }
-  preferences.allow_any_band = ReadFlag("AllowAnyBand", "0");
+  preferences.allow_any_band = ReadFlag(profile, "AllowAnyBand", "0");
 }
 
 void SavePreferenceFlags(const Preferences& preferences) {

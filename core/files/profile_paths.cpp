@@ -41,10 +41,11 @@ std::filesystem::path Unescaped(const std::string& text) {
 
 }  // namespace
 
-std::filesystem::path ReadProfilePath(const std::string& key, std::size_t most) {
-  const std::string text = ReadProfile(key, "", most);
+std::filesystem::path ReadProfilePath(const Profile& profile, const std::string& key,
+                                      std::size_t most) {
+  const std::string text = ProfileText(profile, key, "", most);
   try {
-    auto whole = Unescaped(ReadProfile(key + kWholeSuffix, "", kLongestWhole));
+    auto whole = Unescaped(ProfileText(profile, key + kWholeSuffix, "", kLongestWhole));
     if (!whole.empty() && PathText(whole).substr(0, most) == text) {
       return whole;
     }

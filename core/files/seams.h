@@ -8,6 +8,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/files/profile.h"
 #include "core/image/clone_image.h"
 
 namespace qz7 {
@@ -86,10 +87,9 @@ void SetMainTitle(const std::string& title);
 // documents. Failures are not reported.
 void TellRecentDocument(const std::filesystem::path& path);
 
-// The preferences file "Tamro.ini", section kProgramTitle: text values by key. Failures are not
-// reported. ReadProfile cuts the value after `most` characters and returns `missing` where there is
-// no such key; ForgetProfile removes a key.
-std::string ReadProfile(const std::string& key, const std::string& missing, std::size_t most);
+// The preferences file "Tamro.ini", section kProgramTitle. Failures are not reported; ForgetProfile
+// removes a key.
+Profile ReadProfile();
 void WriteProfile(const std::string& key, const std::string& value);
 void ForgetProfile(const std::string& key);
 

@@ -8,7 +8,7 @@ namespace qz7 {
 
 std::optional<WindowPlace> ReadWindowPlace(const std::string& key) {
   constexpr std::size_t kLongest = 60;
-  std::istringstream text(ReadProfile(key, "", kLongest));
+  std::istringstream text(ProfileText(ReadProfile(), key, "", kLongest));
   WindowPlace place;
   std::string rest;
   const bool good = text >> place.left >> place.top >> place.width >> place.height &&

@@ -55,7 +55,8 @@ BOOL OnInit(HWND dialog, LPARAM state) {
 }
 
 void OnBrowse(HWND dialog) {
-  const auto file = ShowOpenBox(ImportFileBox(ReadProfilePath(kFolderKey, kLongestFolder)));
+  const auto file =
+      ShowOpenBox(ImportFileBox(ReadProfilePath(ReadProfile(), kFolderKey, kLongestFolder)));
   if (file) {
     TakeFile(dialog, *file);
   }

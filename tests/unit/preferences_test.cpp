@@ -109,10 +109,10 @@ TEST(Preferences, WriteAllEightKeysAs0Or1) {
   Preferences preferences;
   preferences.use_dial_defaults = true;
   SavePreferenceFlags(preferences);
-  const std::map<std::string, std::string> expected = {
-      {"UseMainDefaultsNew", "0"}, {"UseMainDefaultsOpen", "0"}, {"UseSettingDefaults", "0"},
-      {"UseVornDefaults", "0"},    {"UseDialDefaults", "1"},     {"UseWxNamesDefaults", "0"},
-      {"UseIconDefaults", "0"},    {"UseDontAskDefaults", "0"}};
+  const Profile expected = {{"UseMainDefaultsNew", "0"}, {"UseMainDefaultsOpen", "0"},
+                            {"UseSettingDefaults", "0"}, {"UseVornDefaults", "0"},
+                            {"UseDialDefaults", "1"},    {"UseWxNamesDefaults", "0"},
+                            {"UseIconDefaults", "0"},    {"UseDontAskDefaults", "0"}};
   EXPECT_EQ(test_seams.profile, expected);
 }
 

@@ -8,14 +8,13 @@
 namespace qz7 {
 namespace {
 
-using Profile = std::map<std::string, std::string>;
-
 const std::filesystem::path kFolder = u8"C:\\кот 1%";
 
 TEST(ProfilePaths, APathThatTheTextHoldsStandsThereAlone) {
   WriteProfilePath("DataDir", "C:\\radio", 244);
   EXPECT_EQ(test_seams.profile, (Profile{{"DataDir", "C:\\radio"}}));
-  EXPECT_EQ(ReadProfilePath("DataDir", 244).native(), std::filesystem::path("C:\\radio").native());
+  EXPECT_EQ(ReadProfilePath(ReadProfile(), "DataDir", 244).native(),
+            std::filesystem::path("C:\\radio").native());
 }
 
 TEST(ProfilePaths, APathThatTheCodePageLacksIsFoundAgain) {
@@ -23,23 +22,24 @@ TEST(ProfilePaths, APathThatTheCodePageLacksIsFoundAgain) {
   WriteProfilePath("DataDir", kFolder, 244);
   EXPECT_EQ(test_seams.profile, (Profile{{"DataDir", "C:\\?????? 1%"},
                                          {"DataDirUtf8", "C:\\%D0%BA%D0%BE%D1%82%201%25"}}));
-  EXPECT_EQ(ReadProfilePath("DataDir", 244).native(), kFolder.native());
+  EXPECT_EQ(ReadProfilePath(ReadProfile(), "DataDir", 244).native(), kFolder.native());
 }
 
 TEST(ProfilePaths, APathThatIsLongerThanTheTextIsFoundAgain) {
   const std::filesystem::path path = "C:\\" + std::string(300, 'a');
   WriteProfilePath("DataDir", path, 244);
   EXPECT_EQ(test_seams.profile["DataDir"], "C:\\" + std::string(300, 'a'));
-  EXPECT_EQ(ReadProfilePath("DataDir", 244).native(), path.native());
+  EXPECT_EQ(ReadProfilePath(ReadProfile(), "DataDir", 244).native(), path.native());
 }
 
 TEST(ProfilePaths, ATextThatSomebodyElseHasWrittenSinceCounts) {
   test_seams.ascii_paths = true;
   WriteProfilePath("DataDir", kFolder, 244);
   test_seams.profile["DataDir"] = "D:\\mine";
-  EXPECT_EQ(ReadProfilePath("DataDir", 244).native(), std::filesystem::path("D:\\mine").native());
+  EXPECT_EQ(ReadProfilePath(ReadProfile(), "DataDir", 244).native(),
+            std::filesystem::path("D:\\mine").native());
   test_seams.profile["DataDir"] = "";
-  EXPECT_TRUE(ReadProfilePath("DataDir", 244).empty());
+  EXPECT_TRUE(ReadProfilePath(ReadProfile(), "DataDir", 244).empty());
 }
 
 TEST(ProfilePaths, TheSecondTextGoesWithItsPath) {
@@ -52,7 +52,7 @@ TEST(ProfilePaths, TheSecondTextGoesWithItsPath) {
 TEST(ProfilePaths, ASecondTextThatIsNoneIsLeftAside) {
   for (const char* junk : {"%", "%4", "%zz", "\xFF\xFE", "%FF%FE", "%D0"}) {
     test_seams.profile = {{"DataDir", "C:\\radio"}, {"DataDirUtf8", junk}};
-    EXPECT_EQ(ReadProfilePath("DataDir", 244).native(),
+    EXPECT_EQ(ReadProfilePath(ReadProfile(), "DataDir", 244).native(),
               std::filesystem::path("C:\\radio").native());
   }
 }

@@ -77,10 +77,7 @@ std::optional<ChosenFile> ShowSaveBox(const FileBox& box) {
   return NextFile();
 }
 
-std::string ReadProfile(const std::string& key, const std::string& missing, std::size_t most) {
-  const auto value = test_seams.profile.find(key);
-  return (value == test_seams.profile.end() ? missing : value->second).substr(0, most);
-}
+Profile ReadProfile() { return test_seams.profile; }
 
 void WriteProfile(const std::string& key, const std::string& value) {
   test_seams.profile[key] = value;

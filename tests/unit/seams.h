@@ -42,7 +42,7 @@ struct TestSeams {
   std::vector<std::filesystem::path> recent_documents;  // as they were told
 
   // The preferences file, and what was written to it.
-  std::map<std::string, std::string> profile;
+  Profile profile;
   std::vector<std::pair<std::string, std::string>> profile_writes;
 
   // The port dialog: the index it opened with, and what is chosen. Without a script it is
