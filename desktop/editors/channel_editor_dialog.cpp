@@ -285,15 +285,8 @@ void FillLists(HWND dialog) {
   FillList(dialog, ID_MODE, kModeNames);
   FillList(dialog, ID_POWER, kPowerNames);
   FillList(dialog, ID_TONE_TYPE, kToneModeNames);
-  const auto add = [=](int control, const std::string& text) {
-    SendDlgItemMessageA(dialog, control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
-  };
-  for (const int tone : kTones) {
-    add(ID_TONE, ToneText(tone));
-  }
-  for (const int code : kDcsCodes) {
-    add(ID_DCS, DcsText(code));
-  }
+  FillList(dialog, ID_TONE, kTones, ToneText);
+  FillList(dialog, ID_DCS, kDcsCodes, DcsText);
 }
 
 void SetUpTexts(HWND dialog) {

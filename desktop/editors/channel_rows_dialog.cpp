@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/image/channel_text.h"
+#include "desktop/toolkit/held_drawing.h"
 
 namespace qz7 {
 namespace {
@@ -49,6 +50,7 @@ void SelectRows(HWND list, std::span<const int> rows) {
 void SelectRow(HWND list, int row) { SelectRows(list, {&row, 1}); }
 
 void FillRows(HWND list, const CloneImage& image, const RegionVariant& region) {
+  const HeldDrawing held(list);
   const int count = GetChannelCount(image);
   constexpr int kRowBytes = 40;
   Ask(list, LB_INITSTORAGE, static_cast<WPARAM>(count), LPARAM{count} * kRowBytes);

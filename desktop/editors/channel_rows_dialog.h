@@ -3,7 +3,6 @@
 #include <windows.h>
 
 #include <span>
-#include <utility>
 #include <vector>
 
 #include "core/image/clone_image.h"
@@ -24,14 +23,5 @@ void SelectRows(HWND list, std::span<const int> rows);
 void SelectRow(HWND list, int row);
 // Scrolls no further than needed to show the row.
 void ShowRow(HWND list, int row);
-
-// The list is drawn once, after the changes.
-template <typename Change>
-void ChangeRows(HWND list, Change&& change) {
-  SendMessageA(list, WM_SETREDRAW, FALSE, 0);
-  std::forward<Change>(change)();
-  SendMessageA(list, WM_SETREDRAW, TRUE, 0);
-  InvalidateRect(list, nullptr, FALSE);
-}
 
 }  // namespace qz7

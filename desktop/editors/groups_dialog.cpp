@@ -10,6 +10,7 @@
 #include "core/editors/groups.h"
 #include "core/files/seams.h"
 #include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/held_drawing.h"
 #include "desktop/toolkit/help.h"
 #include "desktop/toolkit/radio_font.h"
 #include "resources/control_ids.h"
@@ -42,21 +43,20 @@ void AddRow(HWND dialog, int list, const std::string& row) {
 void FillChannelList(HWND dialog) {
   const auto& window = WindowOf(dialog);
   const CloneImage& image = window.working_copy;
-  Ask(dialog, ID_GROUP_CHANNELS, WM_SETREDRAW, FALSE);
+  const HeldDrawing held(GetDlgItem(dialog, ID_GROUP_CHANNELS));
   for (int n = 1; n <= GetChannelCount(image); ++n) {
     AddRow(dialog, ID_GROUP_CHANNELS, GroupChannelRow(image, n, window.editor.region));
   }
-  Ask(dialog, ID_GROUP_CHANNELS, WM_SETREDRAW, TRUE);
 }
 
 void ShowGroupList(HWND dialog) {
-  Ask(dialog, ID_GROUP_MEMBERS, WM_SETREDRAW, FALSE);
+  const HWND list = GetDlgItem(dialog, ID_GROUP_MEMBERS);
+  const HeldDrawing held(list);
+  InvalidateRect(list, nullptr, TRUE);  // below the last row, too
   Ask(dialog, ID_GROUP_MEMBERS, LB_RESETCONTENT);
   for (const std::string& row : WindowOf(dialog).editor.rows) {
     AddRow(dialog, ID_GROUP_MEMBERS, row);
   }
-  Ask(dialog, ID_GROUP_MEMBERS, WM_SETREDRAW, TRUE);
-  InvalidateRect(GetDlgItem(dialog, ID_GROUP_MEMBERS), nullptr, TRUE);
 }
 
 void OnAdd(HWND dialog) {

@@ -9,6 +9,7 @@
 #include "desktop/editors/find_channel_dialog.h"
 #include "desktop/toolkit/clipboard.h"
 #include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/held_drawing.h"
 
 namespace qz7 {
 namespace {
@@ -40,12 +41,11 @@ void Finish(HWND dialog, const RowsChange& change, const std::vector<int>& rows_
   auto& window = StateOf<ListWindow>(dialog);
   const Document& document = window.document;
   const HWND list = ListOf(dialog);
-  ChangeRows(list, [&] {
-    RedrawRowsFrom(list, document.image, document.region, change.first_row + 1, change.row_count);
-    if (change.row_count > 0) {
-      ShowSelection(list, change.selection, rows_before);
-    }
-  });
+  const HeldDrawing held(list);
+  RedrawRowsFrom(list, document.image, document.region, change.first_row + 1, change.row_count);
+  if (change.row_count > 0) {
+    ShowSelection(list, change.selection, rows_before);
+  }
   ForgetTip(window);
   RecordStep(window.history, document, rows_before, change.selection);
 }
@@ -145,11 +145,10 @@ void Edit(HWND dialog) {
     return;
   }
   const auto written = [&](int n) {
-    ChangeRows(list, [&] {
-      const std::vector<int> selected = SelectedRows(list);
-      RedrawRowsFrom(list, window.document.image, window.document.region, n, 1);
-      SelectRows(list, selected);
-    });
+    const HeldDrawing held(list);
+    const std::vector<int> selected = SelectedRows(list);
+    RedrawRowsFrom(list, window.document.image, window.document.region, n, 1);
+    SelectRows(list, selected);
     const int row = n - 1;
     ForgetTip(window);
     RecordStep(window.history, window.document, {&row, 1}, {&row, 1});

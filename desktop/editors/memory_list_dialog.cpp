@@ -130,7 +130,7 @@ BOOL OnInit(HWND dialog, LPARAM state) {
   AddRowTips(dialog, window.tips);
   const HWND list = ListOf(dialog);
   SetWindowSubclass(list, ListProc, kListSubclass, 0);
-  ChangeRows(list, [&] { FillRows(list, window.document.image, window.document.region); });
+  FillRows(list, window.document.image, window.document.region);
   SelectRow(list, 0);
   SetFocus(list);
   return FALSE;

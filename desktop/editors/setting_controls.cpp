@@ -16,14 +16,17 @@ void EnableButtons(HWND dialog, bool enabled) {
   }
 }
 
-// A button that clears the others itself looks for them among all of the dialog's controls each
-// time that it is checked: it is none of these while it is.
+// Only the buttons that change. One that clears the others itself looks for them among all of the
+// dialog's controls each time that it is checked: it is none of these while it is.
 void CheckOneOf(HWND dialog, int first, int count, std::optional<int> chosen) {
   for (int i = 0; i < count; ++i) {
     const HWND button = GetDlgItem(dialog, first + i);
-    SendMessageA(button, BM_SETSTYLE, BS_RADIOBUTTON, FALSE);
-    SendMessageA(button, BM_SETCHECK, i == chosen ? BST_CHECKED : BST_UNCHECKED, 0);
-    SendMessageA(button, BM_SETSTYLE, BS_AUTORADIOBUTTON, FALSE);
+    const LRESULT wanted = i == chosen ? BST_CHECKED : BST_UNCHECKED;
+    if (SendMessageA(button, BM_GETCHECK, 0, 0) != wanted) {
+      SendMessageA(button, BM_SETSTYLE, BS_RADIOBUTTON, FALSE);
+      SendMessageA(button, BM_SETCHECK, static_cast<WPARAM>(wanted), 0);
+      SendMessageA(button, BM_SETSTYLE, BS_AUTORADIOBUTTON, FALSE);
+    }
   }
 }
 
@@ -59,9 +62,7 @@ void SetUpField(HWND dialog, const SettingField& field) {
     case SettingKind::kList:
     case SettingKind::kPictureList:
       // Of a list of pictures the texts are not seen; they let a letter choose its entry.
-      for (int i = 0; i < row->choices.count; ++i) {
-        AddToList(dialog, control.number, row->choices.text(i));
-      }
+      FillList(dialog, control.number, row->choices.count, row->choices.text);
       break;
     default:
       break;

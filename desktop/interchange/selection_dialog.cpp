@@ -12,6 +12,7 @@
 #include "core/interchange/import_placement.h"
 #include "core/interchange/import_selection.h"
 #include "desktop/toolkit/dialog_support.h"
+#include "desktop/toolkit/held_drawing.h"
 #include "resources/control_ids.h"
 
 namespace qz7 {
@@ -80,11 +81,10 @@ void SetTabStops(HWND dialog, HWND rows, HFONT font) {
 }
 
 void FillRows(HWND rows, const ImportList& list) {
-  SendMessageA(rows, WM_SETREDRAW, FALSE, 0);
+  const HeldDrawing held(rows);
   for (const ImportRecord& record : list.Rows()) {
     SendMessageA(rows, LB_ADDSTRING, 0, reinterpret_cast<LPARAM>(FormatImportRow(record).c_str()));
   }
-  SendMessageA(rows, WM_SETREDRAW, TRUE, 0);
 }
 
 void ShowRows(HWND dialog, SelectionWindow& window) {

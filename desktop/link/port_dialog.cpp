@@ -23,12 +23,11 @@ void ShowNote(HWND dialog) {
   SetDlgItemTextW(dialog, ID_PORT_NOTE, text.c_str());
 }
 
+std::string PortChoice(int index) { return index == 0 ? "None" : PortName(index); }
+
 BOOL OnInit(HWND dialog, LPARAM state) {
   SetUpDialog(dialog, state);
-  for (int index = 0; index <= kHighestPort; ++index) {
-    const std::string name = index == 0 ? "None" : PortName(index);
-    SendDlgItemMessageA(dialog, ID_PORT, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(name.c_str()));
-  }
+  FillList(dialog, ID_PORT, kHighestPort + 1, PortChoice);
   SelectInList(dialog, ID_PORT, StateOf<int>(dialog));
   ShowNote(dialog);
   return TRUE;

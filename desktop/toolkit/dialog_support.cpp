@@ -3,8 +3,10 @@
 #include <commctrl.h>
 
 #include <algorithm>
+#include <numeric>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "core/files/unexpected.h"
 #include "resources/control_ids.h"
@@ -218,19 +220,24 @@ void LimitText(HWND dialog, int control, std::size_t characters) {
   SendDlgItemMessageA(dialog, control, EM_LIMITTEXT, characters, 0);
 }
 
-void AddToList(HWND dialog, int control, const std::string& text) {
-  SendDlgItemMessageA(dialog, control, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
+void AddToList(HWND list, const std::string& text) {
+  SendMessageA(list, CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(text.c_str()));
 }
 
-void FillList(HWND dialog, int control, std::span<const char* const> texts) {
-  for (const char* text : texts) {
-    AddToList(dialog, control, text);
-  }
+void FillList(HWND dialog, int control, int count, std::string (*text)(int position)) {
+  std::vector<int> positions(static_cast<std::size_t>(count));
+  std::iota(positions.begin(), positions.end(), 0);
+  FillList(dialog, control, positions, text);
 }
 
 void SelectInList(HWND dialog, int control, std::optional<int> position) {
-  const auto entry = static_cast<WPARAM>(position.value_or(-1));
-  SendDlgItemMessageA(dialog, control, CB_SETCURSEL, entry, 0);
+  const HWND list = GetDlgItem(dialog, control);
+  const HeldDrawing held(list);
+  constexpr auto kNone = static_cast<WPARAM>(-1);
+  if (!position || SendMessageA(list, CB_SETCURSEL, static_cast<WPARAM>(*position), 0) == CB_ERR) {
+    // Not every system does that by itself for a position outside the list.
+    SendMessageA(list, CB_SETCURSEL, kNone, 0);
+  }
 }
 
 std::optional<int> ChosenInList(HWND dialog, int control) {

@@ -3,9 +3,12 @@
 #include <windows.h>
 
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <span>
 #include <string>
+
+#include "desktop/toolkit/held_drawing.h"
 
 namespace qz7 {
 
@@ -77,9 +80,20 @@ State& StateOf(HWND dialog) {
 std::string WindowText(HWND window);
 std::string ControlText(HWND dialog, int control);
 void LimitText(HWND dialog, int control, std::size_t characters);
-// Adds texts to a list, and chooses one; nothing for a position outside the list.
-void AddToList(HWND dialog, int control, const std::string& text);
-void FillList(HWND dialog, int control, std::span<const char* const> texts);
+
+void AddToList(HWND list, const std::string& text);
+// Adds to a drop-down list: texts, or the text of each value.
+template <class Values, class Text = std::identity>
+void FillList(HWND dialog, int control, const Values& values, Text text = {}) {
+  const HWND list = GetDlgItem(dialog, control);
+  const HeldDrawing held(list);
+  for (const auto& value : values) {
+    AddToList(list, text(value));
+  }
+}
+// As many texts, each by its position.
+void FillList(HWND dialog, int control, int count, std::string (*text)(int position));
+// Chooses one; nothing for a position outside the list.
 void SelectInList(HWND dialog, int control, std::optional<int> position);
 std::optional<int> ChosenInList(HWND dialog, int control);
 void Check(HWND dialog, int button, bool checked);
