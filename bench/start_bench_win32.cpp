@@ -115,9 +115,11 @@ int main(int argc, char** argv) {
   for (int i = 1; i < argc; ++i) {
     programs.push_back({argv[i], {}});
   }
-  // In turn, so that all meet the same machine; the first start of each fills the caches.
+  // In turn, so that all meet the same machine, there and back, so that none always meets what the
+  // same other one left behind; the first start of each fills the caches.
   for (int run = -1; run < kRuns; ++run) {
-    for (Measured& one : programs) {
+    for (std::size_t i = 0; i < programs.size(); ++i) {
+      Measured& one = programs[run % 2 == 0 ? i : programs.size() - 1 - i];
       Start start;
       if (!Measure(one.program, start)) {
         return 1;

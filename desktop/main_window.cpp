@@ -93,7 +93,9 @@ void KeepFocus() {
 }
 
 void GiveFocusBack() {
-  SetFocus(IsChild(app.main_dialog, focused_control) ? focused_control : app.main_dialog);
+  SetFocus(IsChild(app.main_dialog, focused_control)
+               ? focused_control
+               : GetNextDlgTabItem(app.main_dialog, nullptr, FALSE));
 }
 
 LRESULT HandleMainMessage(HWND window, UINT message, WPARAM w, LPARAM l) {
@@ -168,17 +170,22 @@ HWND WindowInUse(HWND main_window) {
 
 }  // namespace
 
+// With no small icon of its own a class gets one scaled down from the large one.
 bool RegisterMainWindow() {
-  WNDCLASSA window_class{};
+  WNDCLASSEXA window_class{};
+  window_class.cbSize = sizeof window_class;
   window_class.style = CS_HREDRAW | CS_VREDRAW;
   window_class.lpfnWndProc = MainWindowProc;
   window_class.hInstance = dialog_modules.program;
   window_class.hIcon = LoadIconA(dialog_modules.program, "Icon");
+  window_class.hIconSm = static_cast<HICON>(LoadImageA(dialog_modules.program, "Icon", IMAGE_ICON,
+                                                       GetSystemMetrics(SM_CXSMICON),
+                                                       GetSystemMetrics(SM_CYSMICON), LR_SHARED));
   window_class.hCursor = LoadCursor(nullptr, IDC_ARROW);
   window_class.hbrBackground = static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH));
   window_class.lpszMenuName = "MainMenu";
   window_class.lpszClassName = kMainWindowClass;
-  return RegisterClassA(&window_class) != 0;
+  return RegisterClassExA(&window_class) != 0;
 }
 
 HWND CreateMainWindow() {
