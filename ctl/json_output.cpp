@@ -5,18 +5,13 @@
 #include <string>
 #include <string_view>
 
+#include "core/image/blanks.h"
 #include "core/image/channel_text.h"
 #include "core/image/text_codec.h"
 #include "ctl/terminal.h"
 
 namespace qz7 {
 namespace {
-
-std::string WithoutOuterBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  const std::size_t last = text.find_last_not_of(' ');
-  return first == std::string_view::npos ? "" : std::string(text.substr(first, last - first + 1));
-}
 
 // The name, the last column, is all that is left: a tab in it is its own.
 Json RowAsJson(std::string_view row) {

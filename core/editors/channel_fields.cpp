@@ -6,7 +6,9 @@
 #include <iterator>
 
 #include "core/editors/icons.h"
+#include "core/image/blanks.h"
 #include "core/image/channel_text.h"
+#include "core/image/decimal.h"
 #include "core/image/frequency_check.h"
 #include "core/image/text_codec.h"
 
@@ -16,14 +18,6 @@ namespace {
 // A setter returns why not; nothing when the value is taken.
 using WhyNot = std::string;
 using Setter = WhyNot (*)(ChannelEditor& editor, std::string_view value);
-
-std::string_view WithoutLeadingBlanks(std::string_view text) {
-  return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-}
-
-bool HasDigit(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos;
-}
 
 WhyNot NoFrequency(std::string_view value) {
   return "\"" + std::string(value) + "\" is not a frequency";

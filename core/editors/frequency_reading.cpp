@@ -1,9 +1,9 @@
 #include "core/editors/frequency_reading.h"
 
-#include <algorithm>
 #include <array>
 
 #include "core/image/band_plan.h"
+#include "core/image/blanks.h"
 #include "core/image/channel_text.h"
 #include "core/image/frequency_check.h"
 
@@ -19,10 +19,7 @@ Frequency AsOkReads(std::string_view text) {
   return ParseFrequency(FormatFrequency(ParseFrequency(text)));
 }
 
-std::string InMegahertz(Frequency f) {
-  const std::string text = FormatFrequency(f);
-  return text.substr(std::min(text.find_first_not_of(' '), text.size())) + " MHz";
-}
+std::string InMegahertz(Frequency f) { return WithoutLeadingBlanks(FormatFrequency(f)) + " MHz"; }
 
 // The amateur bands by their wavelength, within what the menus name.
 std::string BandText(Frequency f, const RegionVariant& region) {

@@ -12,6 +12,7 @@
 #include "core/editors/settings.h"
 #include "core/editors/vorn.h"
 #include "core/files/document_header.h"
+#include "core/image/blanks.h"
 #include "core/image/channel_description.h"
 #include "core/image/channel_record.h"
 #include "core/image/operating_state.h"
@@ -171,8 +172,7 @@ std::string GroupText(const CloneImage& image, Region members) {
   for (std::size_t at = members.offset; at < members.end(); at += kGroupEntrySize) {
     if (image[at] != kGroupEmpty) {
       const int n = image[at + 1] + 1;
-      std::string label = ChannelLabel(image, n);
-      label.erase(0, label.find_first_not_of(' '));
+      const std::string label = WithoutLeadingBlanks(ChannelLabel(image, n));
       text += (text.empty() ? "" : " ") + (label.empty() ? std::to_string(n) : label);
     }
   }

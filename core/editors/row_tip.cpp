@@ -1,5 +1,6 @@
 #include "core/editors/row_tip.h"
 
+#include "core/image/blanks.h"
 #include "core/image/channel_record.h"
 #include "core/image/channel_text.h"
 
@@ -42,7 +43,7 @@ std::string RowTip(const CloneImage& image, int n, const RegionVariant& region) 
   }
   const RecordView record = GetChannelRecord(image, n);
   const std::string transmit = FormatFrequency(TransmitFrequency(record, region));
-  std::string text = "Transmit " + transmit.substr(transmit.find_first_not_of(' ')) + " MHz";
+  std::string text = "Transmit " + WithoutLeadingBlanks(transmit) + " MHz";
   AppendLine(text, ToneLine(DecodeChoices(record, region)));
   AppendLine(text, ChannelCommentText(image, n));
   return text;

@@ -2,20 +2,15 @@
 
 #include <algorithm>
 
+#include "core/image/blanks.h"
+#include "core/image/text_codec.h"
+
 namespace qz7 {
 namespace {
 
-char Lower(char letter) {
-  return letter >= 'A' && letter <= 'Z' ? static_cast<char>(letter - 'A' + 'a') : letter;
-}
+constexpr std::string_view kBlanks = " \t";
 
-std::string_view WithoutBlanks(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t begin = std::min(text.find_first_not_of(kBlanks), text.size());
-  return text.substr(begin, text.find_last_not_of(kBlanks) + 1 - begin);
-}
-
-std::string_view WithoutQuotes(std::string_view text) {
+std::string WithoutQuotes(const std::string& text) {
   const bool quoted = text.size() > 1 && text.front() == text.back() &&
                       (text.front() == '"' || text.front() == '\'');
   return quoted ? text.substr(1, text.size() - 2) : text;
@@ -23,9 +18,9 @@ std::string_view WithoutQuotes(std::string_view text) {
 
 }  // namespace
 
-bool IgnoringAsciiCase::operator()(std::string_view a, std::string_view b) const {
+bool IgnoringCase::operator()(std::string_view a, std::string_view b) const {
   return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
-                                      [](char x, char y) { return Lower(x) < Lower(y); });
+                                      [](char x, char y) { return UpperCase(x) < UpperCase(y); });
 }
 
 Profile ProfileOf(std::span<const std::string> lines) {
@@ -33,8 +28,8 @@ Profile ProfileOf(std::span<const std::string> lines) {
   for (const std::string_view line : lines) {
     const std::size_t sign = line.find('=');
     if (sign != std::string_view::npos) {
-      profile.emplace(WithoutBlanks(line.substr(0, sign)),
-                      WithoutQuotes(WithoutBlanks(line.substr(sign + 1))));
+      profile.emplace(WithoutOuterBlanks(line.substr(0, sign), kBlanks),
+                      WithoutQuotes(WithoutOuterBlanks(line.substr(sign + 1), kBlanks)));
     }
   }
   return profile;

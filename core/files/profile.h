@@ -8,13 +8,13 @@
 
 namespace qz7 {
 
-struct IgnoringAsciiCase {
+struct IgnoringCase {
   using is_transparent = void;
   bool operator()(std::string_view a, std::string_view b) const;
 };
 
 // The preferences: text values by key.
-using Profile = std::map<std::string, std::string, IgnoringAsciiCase>;
+using Profile = std::map<std::string, std::string, IgnoringCase>;
 
 // From the section's lines, "key=value" each: blanks around either belong to neither, nor does a
 // pair of quotes to the value. The first line of a key counts; one without "=" says nothing.

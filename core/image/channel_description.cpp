@@ -4,15 +4,12 @@
 #include <array>
 #include <optional>
 
+#include "core/image/blanks.h"
 #include "core/image/channel_record.h"
 #include "core/image/channel_text.h"
 
 namespace qz7 {
 namespace {
-
-std::string WithoutLeadingBlanks(const std::string& text) {
-  return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-}
 
 std::string OnOff(bool on) { return on ? "on" : "off"; }
 

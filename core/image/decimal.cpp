@@ -22,4 +22,8 @@ int DecimalValue(std::string_view text) {
   return static_cast<int>(value);
 }
 
+bool HasDigit(std::string_view text) {
+  return text.find_first_of("0123456789") != std::string_view::npos;
+}
+
 }  // namespace qz7

@@ -8,4 +8,6 @@ namespace qz7 {
 // character; 0 where there is none. Beyond the range of int it is the nearest end of that range.
 int DecimalValue(std::string_view text);
 
+bool HasDigit(std::string_view text);
+
 }  // namespace qz7

@@ -16,6 +16,7 @@
 #include "core/editors/wx_names.h"
 #include "core/files/document_header.h"
 #include "core/files/new_document.h"
+#include "core/image/blanks.h"
 #include "core/image/settings_map.h"
 #include "core/image/text_codec.h"
 
@@ -33,10 +34,6 @@ std::string RefusalOf(const std::string& text, std::size_t longest) {
   }
   return std::any_of(text.begin(), text.end(), IsControl) ? "a control character cannot be stored"
                                                           : "";
-}
-
-std::string WithoutLeadingBlanks(const std::string& text) {
-  return text.substr(std::min(text.find_first_not_of(' '), text.size()));
 }
 
 std::string OneOf(const std::vector<std::string>& choices) {

@@ -8,6 +8,7 @@
 #include "core/editors/channel_editor.h"
 #include "core/editors/channel_fields.h"
 #include "core/editors/memory_list.h"
+#include "core/image/blanks.h"
 #include "core/image/channel_description.h"
 #include "core/image/channel_record.h"
 #include "core/image/frequency_check.h"
@@ -203,8 +204,7 @@ CodeplugSlots SlotsFrom(const char* name, int first, int count) {
   WriteU16(image.data() + kChannelCountOffset, kChannelCount);
   for (int i = 0; i < count; ++i) {
     const int n = first < 0 ? first - i : first + i;
-    const std::string label = ChannelLabel(image, n);
-    part.slots.push_back({.name = label.substr(label.find_first_not_of(' ')), .n = n});
+    part.slots.push_back({.name = WithoutLeadingBlanks(ChannelLabel(image, n)), .n = n});
   }
   return part;
 }

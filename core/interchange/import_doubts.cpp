@@ -5,8 +5,10 @@
 #include <string_view>
 
 #include "core/image/band_plan.h"
+#include "core/image/blanks.h"
 #include "core/image/channel_codes.h"
 #include "core/image/channel_text.h"
+#include "core/image/decimal.h"
 #include "core/image/text_codec.h"
 #include "core/interchange/field_splitter.h"
 #include "core/interchange/import_columns.h"
@@ -38,17 +40,10 @@ std::string Quoted(std::string_view text) {
   return shown;
 }
 
-std::string FrequencyText(Frequency f) {
-  const std::string text = FormatFrequency(f);
-  return text.substr(std::min(text.find_first_not_of(' '), text.size()));
-}
+std::string FrequencyText(Frequency f) { return WithoutLeadingBlanks(FormatFrequency(f)); }
 
 bool IsBlank(std::string_view line) {
   return line.find_first_not_of(" \t\r\n") == std::string_view::npos;
-}
-
-bool HasDigit(std::string_view text) {
-  return text.find_first_of("0123456789") != std::string_view::npos;
 }
 
 int FieldOf(const ColumnAssignment& columns, std::uint32_t column) {

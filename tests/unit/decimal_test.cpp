@@ -35,5 +35,12 @@ TEST(DecimalValue, IsZeroForASignWithoutADigit) {
   EXPECT_EQ(DecimalValue("   "), 0);
 }
 
+TEST(HasDigit, FindsOneAnywhere) {
+  EXPECT_TRUE(HasDigit("0"));
+  EXPECT_TRUE(HasDigit("x 9"));
+  EXPECT_FALSE(HasDigit("x./:"));
+  EXPECT_FALSE(HasDigit(""));
+}
+
 }  // namespace
 }  // namespace qz7
