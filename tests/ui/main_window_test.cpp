@@ -90,6 +90,12 @@ using MainWindowFocus = WindowTest;
 
 LRESULT SelectionOf(HWND field) { return SendMessageA(field, EM_GETSEL, 0, 0); }
 
+TEST_F(MainWindowFocus, IsAtTheFirstFieldUntilAnotherHadIt) {
+  SetFocus(nullptr);
+  SetFocus(app.main_window);
+  EXPECT_EQ(GetFocus(), GetDlgItem(app.main_dialog, ID_FILE_COMMENT));
+}
+
 TEST_F(MainWindowFocus, ComesBackToTheControlThatHadItAfterADialog) {
   for (const int control : {ID_LAMP, ID_SWITCH_3, ID_STORE_DEFAULTS}) {
     const HWND had_it = GetDlgItem(app.main_dialog, control);
@@ -121,6 +127,17 @@ TEST_F(MainWindowFocus, LeavesTheCaretInTheCommentWhereItWas) {
   RunCommand(CM_ABOUT);
   EXPECT_EQ(GetFocus(), comment);
   EXPECT_EQ(SelectionOf(comment), MAKELRESULT(3, 3));
+}
+
+using MainWindowIcon = WindowTest;
+
+TEST_F(MainWindowIcon, IsDrawnForTheCaptionsSizeAndNotScaledDown) {
+  const HANDLE small_icon =
+      LoadImageA(dialog_modules.program, "Icon", IMAGE_ICON, GetSystemMetrics(SM_CXSMICON),
+                 GetSystemMetrics(SM_CYSMICON), LR_SHARED);
+  ASSERT_NE(small_icon, nullptr);
+  // NOLINTNEXTLINE(performance-no-int-to-ptr): the system gives the handle as a number
+  EXPECT_EQ(reinterpret_cast<HANDLE>(GetClassLongPtrA(app.main_window, GCLP_HICONSM)), small_icon);
 }
 
 }  // namespace
