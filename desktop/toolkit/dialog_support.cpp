@@ -3,10 +3,8 @@
 #include <commctrl.h>
 
 #include <algorithm>
-#include <numeric>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 #include "core/files/unexpected.h"
 #include "resources/control_ids.h"
@@ -225,9 +223,11 @@ void AddToList(HWND list, const std::string& text) {
 }
 
 void FillList(HWND dialog, int control, int count, std::string (*text)(int position)) {
-  std::vector<int> positions(static_cast<std::size_t>(count));
-  std::iota(positions.begin(), positions.end(), 0);
-  FillList(dialog, control, positions, text);
+  const HWND list = GetDlgItem(dialog, control);
+  const HeldDrawing held(list);
+  for (int i = 0; i < count; ++i) {
+    AddToList(list, text(i));
+  }
 }
 
 void SelectInList(HWND dialog, int control, std::optional<int> position) {
