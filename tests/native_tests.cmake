@@ -3,7 +3,7 @@ if(QZ7_TESTS)
   qz7_test(unit_native 600 python3 ${system}/with_echo_line.py $<TARGET_FILE:unit_tests>
     --gtest_brief=1)
   qz7_test(windows_model 300 $<TARGET_FILE:model_tests> --gtest_brief=1)
-  qz7_test(clang_tidy_native 1200 ${CMAKE_SOURCE_DIR}/tools/tidy ${CMAKE_BINARY_DIR})
+  qz7_test(clang_tidy_native 2400 ${CMAKE_SOURCE_DIR}/tools/tidy ${CMAKE_BINARY_DIR})
   set_tests_properties(clang_tidy_native PROPERTIES COST 100)
 endif()
 foreach(part send faults terminal)

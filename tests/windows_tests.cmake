@@ -12,7 +12,7 @@ if(NOT QZ7_TESTS)
   return()
 endif()
 
-qz7_test(clang_tidy_windows 1200 ${CMAKE_SOURCE_DIR}/tools/tidy ${CMAKE_BINARY_DIR})
+qz7_test(clang_tidy_windows 2400 ${CMAKE_SOURCE_DIR}/tools/tidy ${CMAKE_BINARY_DIR})
 set_tests_properties(clang_tidy_windows PROPERTIES COST 90)
 
 qz7_wine_test(unit_windows 600 python3 ${system}/with_echo_line.py --wine
