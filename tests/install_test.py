@@ -10,6 +10,10 @@ import tempfile
 import unittest
 
 TOP = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+sys.path.insert(0, os.path.join(TOP, "tests", "system"))
+
+from qz7 import run_to_its_end
+
 TREE = os.path.abspath(sys.argv.pop(1))
 RUNNER = [sys.argv.pop(1)] if len(sys.argv) > 1 else []
 
@@ -48,9 +52,10 @@ class Installed(unittest.TestCase):
 
     def test_the_console_program_runs_from_there(self):
         program = "qz7ctl.exe" if RUNNER else "bin/qz7ctl"
-        told = subprocess.run([*RUNNER, os.path.join(self.folder, program), "--version"],
-                              check=True, capture_output=True, text=True, cwd="/")
-        self.assertRegex(told.stdout.strip(), r"^qz7ctl \d+\.\d+\.\d+$")
+        status, told, errors = run_to_its_end(
+            [*RUNNER, os.path.join(self.folder, program), "--version"], cwd="/")
+        self.assertEqual((0, ""), (status, errors))
+        self.assertRegex(told.strip(), r"^qz7ctl \d+\.\d+\.\d+$")
 
 
 if __name__ == "__main__":

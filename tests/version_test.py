@@ -6,11 +6,14 @@ RUNNER starts a program of the tree's target: "wine" for a tree for Windows.
 import os
 import re
 import struct
-import subprocess
 import sys
 import unittest
 
 TOP = os.path.dirname(os.path.dirname(os.path.abspath(__file__)))
+sys.path.insert(0, os.path.join(TOP, "tests", "system"))
+
+from qz7 import run_to_its_end
+
 PROGRAMS = os.path.join(os.path.abspath(sys.argv.pop(1)), "bin")
 RUNNER = [sys.argv.pop(1)] if len(sys.argv) > 1 else []
 FIXED_SIGNATURE = struct.pack("<I", 0xFEEF04BD)
@@ -31,9 +34,8 @@ def project_version():
 
 
 def told_by(name):
-    told = subprocess.run([*RUNNER, os.path.join(PROGRAMS, name), "--version"], check=True,
-                          capture_output=True, text=True)
-    return told.stdout.strip()
+    status, told, errors = run_to_its_end([*RUNNER, os.path.join(PROGRAMS, name), "--version"])
+    return told.strip() if (status, errors) == (0, "") else errors
 
 
 def record_of(program):

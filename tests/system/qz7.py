@@ -20,6 +20,17 @@ def wait_for(condition, what):
         time.sleep(0.005)
 
 
+def run_to_its_end(command, **options):
+    """(exit status, output, error output) of a program. They go into files: what Wine starts beside
+    the first of its programs has that one's error output and lasts as long as any of them runs, so
+    that a pipe would end with the last."""
+    with tempfile.TemporaryFile() as out, tempfile.TemporaryFile() as err:
+        done = subprocess.run(command, stdout=out, stderr=err, check=False, timeout=LIMIT, **options)
+        told = [os.pread(file.fileno(), os.fstat(file.fileno()).st_size, 0).decode()
+                for file in (out, err)]
+    return done.returncode, *told
+
+
 class Radio:
     """The stand-in radio with a terminal of its own."""
 

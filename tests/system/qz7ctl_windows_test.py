@@ -2,14 +2,22 @@
 """Names and texts of every script in the console program for Windows:
 qz7ctl_windows_test.py WINDOWS_PROGRAMS"""
 import os
+import signal
 import subprocess
 import sys
 import unittest
 
-from qz7 import LIMIT, SystemTest, fields
+from qz7 import SystemTest, fields, run_to_its_end
 
 FOLDER = "Žluťoučký кот 日本"
 DOCUMENT = FOLDER + "/кот 日本.rdf"
+
+
+class RunToItsEnd(unittest.TestCase):
+    def test_does_not_wait_for_what_the_program_has_left_running(self):
+        status, told, _ = run_to_its_end(["sh", "-c", "sleep 1000 & echo $!"])
+        os.kill(int(told), signal.SIGTERM)
+        self.assertEqual(0, status)
 
 
 class WindowsConsole(SystemTest):
@@ -17,12 +25,10 @@ class WindowsConsole(SystemTest):
         super().setUp()
         os.mkdir(self.path(FOLDER))
 
-    def ctl(self, *arguments, stdin=b""):
-        done = subprocess.run(
+    def ctl(self, *arguments):
+        return run_to_its_end(
             ["wine", os.path.join(self.programs, "qz7ctl.exe"), *arguments], cwd=self.folder,
-            input=stdin, capture_output=True, timeout=LIMIT, check=False,
-            env=dict(os.environ, LC_ALL="C.UTF-8"))
-        return done.returncode, done.stdout.decode(), done.stderr.decode()
+            stdin=subprocess.DEVNULL, env=dict(os.environ, LC_ALL="C.UTF-8"))
 
     def test_a_name_and_a_comment_are_set_as_they_are_typed_and_shown_as_they_were(self):
         self.ok("new", "a.rdf")
