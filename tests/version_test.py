@@ -35,7 +35,7 @@ def project_version():
 
 def told_by(name):
     status, told, errors = run_to_its_end([*RUNNER, os.path.join(PROGRAMS, name), "--version"])
-    return told.strip() if (status, errors) == (0, "") else errors
+    return told.strip() if status == 0 else f"{status}: {errors}"
 
 
 def record_of(program):
